@@ -1,0 +1,7 @@
+#include "library/TimelineLibrary.h"
+
+TimelineLibrary& TimelineLibrary::Instance()
+{
+    static TimelineLibrary library;
+    return library;
+}

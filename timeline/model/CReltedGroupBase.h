@@ -1,0 +1,28 @@
+#pragma once
+
+#include "KestovaExport.h"
+
+/// The counting part of every reference-counted object, and by itself the token of a related group:
+/// keys that share one token belong together. A host's token is a trivial class derived from this
+/// one, made with new and held only through VZ::CPointer. The count is a plain integer: GUI thread
+/// only.
+class KESTOVA_EXPORT CReltedGroupBase
+{
+public:
+    CReltedGroupBase(const CReltedGroupBase&) = default;
+    /// Copies the count along with everything else; see CTimelineKey::operator=.
+    CReltedGroupBase& operator=(const CReltedGroupBase& other);
+
+    void IncrementReferences();
+    /// Takes one reference off; an object whose count was 1 deletes itself, without a virtual call.
+    /// A count of 0 wraps to the largest unsigned value and frees nothing.
+    void DecrementReferences();
+    unsigned int GetReferences() const;
+
+protected:
+    /// A new object has a count of 0; the first VZ::CPointer raises it to 1.
+    CReltedGroupBase();
+    ~CReltedGroupBase() = default;
+
+    unsigned int m_references;
+};

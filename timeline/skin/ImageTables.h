@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QBrush>
+#include <QPixmap>
+#include <QString>
+
+#include <vector>
+
+/// What each group of the picture table is used for.
+enum PictureGroup : int
+{
+    kCaptionPictures = 0, ///< 0 to 7 and 150; 1: scroll row, 3: ruler row, 4 and up: captions
+    kPushButtonPictures = 1,
+    kToggleButtonPictures = 2,
+    kUnusedPictures = 3,
+    kSwitchButtonPictures = 4,
+    kScrollArrowPictures = 5,
+    kRangeMarkerPictures = 6
+};
+
+/// What each group of the brush table is used for.
+enum BrushGroup : int
+{
+    kGridBrushes = 0,
+    kBandedBrushes = 1,
+    kRulerBrushes = 2
+};
+
+/// Offsets of the track kinds in the glyph table, added to the skin's key bitmap type.
+enum GlyphGroup : int
+{
+    kKeyGlyphs = 0,
+    kTransitionGlyphs = 3,
+    kLinkGlyphs = 4,
+    kVisemeGlyphs = 6,
+    kTimeMarkGlyphs = 7
+};
+
+/// The compiled-in pictures, decoded once for the whole process and named by group and place. A
+/// group or an index outside a table gives an empty picture or brush. Pictures go away when any
+/// manager is destroyed, so nobody keeps a reference longer than one call.
+class ImageTables
+{
+public:
+    /// Decodes all tables; true at once when they are loaded, false at the first picture that
+    /// cannot be decoded (what was read so far stays) and without a QGuiApplication.
+    bool Load();
+    /// Empties all tables when they are loaded.
+    void Free();
+    bool IsLoaded() const { return m_loaded; }
+
+    const QPixmap& Picture(int group, int index) const;
+    const QPixmap& Glyph(int group, int index) const;
+    const QBrush& Brush(int group, int index) const;
+    /// The brush's texture repeated to a width that fills fast; the same pixels wherever it is
+    /// tiled.
+    const QPixmap& WideStrip(int group, int index) const;
+    int PictureCount(int group) const;
+    int GlyphCount(int group) const;
+    int BrushCount(int group) const;
+
+private:
+    bool m_loaded = false;
+    std::vector<std::vector<QPixmap>> m_pictures;
+    std::vector<std::vector<QPixmap>> m_glyphs;
+    std::vector<std::vector<QBrush>> m_brushes;
+    std::vector<std::vector<QPixmap>> m_wideStrips;
+};
+
+/// The whole text of a resource or file up to its first zero byte; empty when it cannot be opened.
+QString ReadTextResource(const QString& path);

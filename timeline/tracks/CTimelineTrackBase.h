@@ -1,0 +1,133 @@
+#pragma once
+
+#include "CArrayList.h"
+#include "CTimelineClipboard.h"
+#include "CTimelineKeyArray.h"
+#include "TimelineEnums.h"
+#include "skin/TrackStyles.h"
+
+#include <QVariant>
+#include <QWidget>
+
+#include <memory>
+
+class CTimelineTrackBaseInterface;
+class FrameAxis;
+
+/// One row of the timeline: its keys, its kind, its skin style and its place in the tree, the
+/// painting of its background, keys, markers and current-frame line, and its hit tests. Made by the
+/// manager (or, for the ruler and the scroll bar, by the container); its Qt parent is the container
+/// that shows it, or the parking widget while it is hidden. The container paints it through
+/// DrawTrack. GUI thread only.
+class CTimelineTrackBase : public QWidget
+{
+    Q_OBJECT
+public:
+    using EditModes = VZ::CArrayList<TLEditType>;
+    using KeyVector = CTimelineKeyArray::KeyVector;
+
+    CTimelineTrackBase();
+    ~CTimelineTrackBase() override;
+
+    /// True while @p track is a track that was made and not yet destroyed, of any manager or
+    /// container.
+    static bool IsAlive(const CTimelineTrackBase* track);
+
+    // The track's own virtual operations, in slot order.
+    virtual bool Init(QWidget* parent);
+    virtual void DrawTrack(QPainter* painter, QRect rect);
+    virtual int HitTestKey(QPoint point);
+    virtual int HitTestSubKey(QPoint point, int keyIndex);
+    virtual int HitTestRangeMarker(QPoint point);
+    virtual void DrawKeys(QPainter* painter, QRect rect);
+    virtual void BuildContextMenu(QPoint globalPoint);
+
+    /// Fetches the style of the track's kind and @p styleIndex from the skin; false when a key is
+    /// missing (the style is then partly filled).
+    bool LoadStyle(int styleIndex);
+    const StyleRecord* GetStyle() const { return m_style.get(); }
+    /// The style as a record of type S, or null when the track has none of that type.
+    template <class S>
+    const S* StyleAs() const
+    {
+        return dynamic_cast<const S*>(m_style.get());
+    }
+    template <class S>
+    S* StyleAs()
+    {
+        return dynamic_cast<S*>(m_style.get());
+    }
+
+    int FrameToPixel(long long frame) const;
+    int PixelToFrame(int x) const;
+
+    /// The time range with the smaller end first; -1 stands for an end that is not set.
+    void GetRangeFrames(int& lo, int& hi) const;
+    int RangeStart() const { return m_rangeStart; }
+    int RangeEnd() const { return m_rangeEnd; }
+    void SetRange(int start, int end);
+
+    void SetActive(bool active);
+    bool IsActive() const { return m_active; }
+    void ClearRangeOrSubSelection();
+    /// The keys to draw, in frame order: clips with sub-keys expanded, related keys merged in.
+    void CollectDisplayKeys(KeyVector& out);
+
+    CTimelineKeyArray& Keys() { return *m_keys; }
+    const CTimelineKeyArray& Keys() const { return *m_keys; }
+    CTimelineClipboard& Clipboard() { return m_clipboard; }
+    const CTimelineClipboard& Clipboard() const { return m_clipboard; }
+
+    int GetTrackType() const { return m_trackType; }
+    int GetRowHeight() const { return m_rowHeight; }
+    void SetRowHeight(int height) { m_rowHeight = height; }
+
+    /// The track's own pointer once it was made for a container; null before.
+    CTimelineTrackBase* GetTrackId() const { return m_trackId; }
+    void MarkAsOwnTrack() { m_trackId = this; }
+    /// Itself for a root track, its root for a child track, null while not in a container.
+    CTimelineTrackBase* GetParentTrack() const { return m_parentTrack; }
+    void SetParentTrack(CTimelineTrackBase* parent) { m_parentTrack = parent; }
+    bool IsRootTrack() const { return m_parentTrack && m_parentTrack == m_trackId; }
+    bool IsAttached() const { return m_attached; }
+    void SetAttached(bool attached) { m_attached = attached; }
+
+    const QString& GetCaption() const { return m_caption; }
+    void SetCaption(const QString& caption) { m_caption = caption; }
+
+    const EditModes& GetEditModes() const { return m_editModes; }
+    void SetEditModes(const EditModes& modes) { m_editModes = modes; }
+    bool HasEditMode(TLEditType mode) const { return m_editModes.Contains(mode); }
+
+    CTimelineTrackBaseInterface* GetOwner() const { return m_owner; }
+    void SetOwner(CTimelineTrackBaseInterface* owner) { m_owner = owner; }
+
+protected:
+    void enterEvent(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+    /// What Init does for every kind: parent, type, size (width, current height) and size policy.
+    bool InitAs(QWidget* parent, int trackType, int width);
+    /// Sends a message to the owner; -1 without one.
+    int Send(int code, const QVariant& value2 = QVariant(0), const QVariant& value3 = QVariant(0));
+    static FrameAxis& Axis();
+
+    int m_trackType = TL_TRACK_NONE;
+
+private:
+    // The key array is a member by count: one reference is the track's own, so that a pointer a
+    // host makes of it can come and go.
+    VZ::CPointer<CTimelineKeyArray> m_keys;
+    CTimelineClipboard m_clipboard;
+    std::unique_ptr<StyleRecord> m_style;
+    CTimelineTrackBase* m_parentTrack = nullptr;
+    int m_rowHeight = 20;
+    CTimelineTrackBase* m_trackId = nullptr;
+    QString m_caption;
+    bool m_active = false;
+    int m_rangeStart = -1;
+    int m_rangeEnd = -1;
+    EditModes m_editModes;
+    CTimelineTrackBaseInterface* m_owner = nullptr;
+    bool m_attached = false;
+};

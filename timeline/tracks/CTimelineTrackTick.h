@@ -1,0 +1,23 @@
+#pragma once
+
+#include "tracks/CTimelineTrackBase.h"
+
+/// The frame ruler: ticks, frame numbers, the time-mark markers and the current frame.
+class CTimelineTrackTick : public CTimelineTrackBase
+{
+    Q_OBJECT
+public:
+    CTimelineTrackTick();
+    bool Init(QWidget* parent) override;
+    void DrawTrack(QPainter* painter, QRect rect) override;
+    int HitTestRangeMarker(QPoint point) override;
+
+    int TimeMarkStart() const { return m_timeMarkStart; }
+    int TimeMarkEnd() const { return m_timeMarkEnd; }
+    /// Stores both frames as they are, in any order and beyond the axis.
+    void SetTimeMark(int start, int end);
+
+private:
+    int m_timeMarkStart = 0;
+    int m_timeMarkEnd = 1;
+};
