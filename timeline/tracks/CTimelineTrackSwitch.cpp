@@ -11,3 +11,5 @@ bool CTimelineTrackSwitch::Init(QWidget* parent)
 }
 
 void CTimelineTrackSwitch::DrawKeys(QPainter*, QRect) {}
+
+void CTimelineTrackSwitch::RefreshButtonState() {}
