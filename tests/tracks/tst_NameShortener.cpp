@@ -26,7 +26,7 @@ QString FittedPlainly(const QFontMetrics& metrics, const QString& name, int widt
         if (fits(name.left(count) + "..."))
             return name.left(count) + "...";
     }
-    for (const QString rest : {QStringLiteral(".."), QStringLiteral(".")}) {
+    for (const QString& rest : {QStringLiteral(".."), QStringLiteral(".")}) {
         if (fits(rest))
             return rest;
     }
@@ -85,7 +85,7 @@ private slots:
         QTest::addColumn<QString>("alphabet");
         const QString latin = QStringLiteral("ilWMTVAAr.' fjLYo_-0178Kk,");
         const QString mixed = QString::fromUtf8("aΩжЖéÅ中日あカTi.");
-        const QString marks = QString::fromUtf8("ae\u0301\u0308\u200D\uD83D\uDE00\u0644\u0627ش\t");
+        const QString marks = QString::fromUtf8("ae\u0301\u0308\u200D\U0001F600\u0644\u0627\u0634\t");
         for (const char* family : {"DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono"}) {
             QTest::newRow(qPrintable(QString("latin, %1").arg(family))) << family << latin;
             QTest::newRow(qPrintable(QString("mixed, %1").arg(family))) << family << mixed;

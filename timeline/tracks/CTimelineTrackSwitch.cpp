@@ -1,5 +1,6 @@
 #include "tracks/CTimelineTrackSwitch.h"
 
+#include "tracks/RowView.h"
 #include "tracks/SwitchPainter.h"
 
 #include <QPainter>
@@ -26,7 +27,8 @@ void CTimelineTrackSwitch::DrawKeys(QPainter* painter, QRect rect)
     if (!style)
         return;
     painter->setFont(style->font);
-    DrawSwitchRow(*painter, rect, *style, {m_buttons, m_scrollOffset, m_arrowsShown, m_arrows});
+    DrawSwitchRow(*painter, RowView(*painter, rect, Axis()), *style,
+                  {m_buttons, m_scrollOffset, m_arrowsShown, m_arrows});
 }
 
 void CTimelineTrackSwitch::RefreshButtonState()
