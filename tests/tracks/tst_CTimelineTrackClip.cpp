@@ -239,8 +239,9 @@ private slots:
             QCOMPARE(cursor->pixmap().size(), QSize(24, 24));
             QCOMPARE(cursor->hotSpot(), QPoint(12, 12));
         }
-        QCOMPARE(m_track->LoopCursor().pixmap().toImage(), QImage(":/Bitmap/loop.png"));
-        QCOMPARE(m_track->SpeedCursor().pixmap().toImage(), QImage(":/Bitmap/speed.png"));
+        QCOMPARE(m_track->LoopCursor().pixmap().toImage(), QPixmap(":/Bitmap/loop.png").toImage());
+        QCOMPARE(m_track->SpeedCursor().pixmap().toImage(),
+                 QPixmap(":/Bitmap/speed.png").toImage());
     }
 
     void loopEdgesShowTheLoopCursorSpeedAndTrimEdgesTheSpeedCursor()
@@ -558,7 +559,7 @@ private slots:
     void paintsWhatPaintingEveryClipStepByStepPaints()
     {
         std::mt19937 random(44);
-        for (int round = 0; round < 250; ++round) {
+        for (int round = 0; round < 100; ++round) {
             FillAtRandom(random);
             const QSize size(1 + Below(random, 400), 18 + Below(random, 20));
             QImage plain(size, QImage::Format_RGB32);
@@ -574,7 +575,7 @@ private slots:
     void aRepaintOfSomeColumnsPaintsExactlyTheirPixels()
     {
         std::mt19937 random(45);
-        for (int round = 0; round < 250; ++round) {
+        for (int round = 0; round < 100; ++round) {
             FillAtRandom(random);
             const QSize size(300, kRowHeight);
             const QImage whole = Draw(size);

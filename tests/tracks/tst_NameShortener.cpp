@@ -85,7 +85,8 @@ private slots:
         QTest::addColumn<QString>("alphabet");
         const QString latin = QStringLiteral("ilWMTVAAr.' fjLYo_-0178Kk,");
         const QString mixed = QString::fromUtf8("aΩжЖéÅ中日あカTi.");
-        const QString marks = QString::fromUtf8("ae\u0301\u0308\u200D\U0001F600\u0644\u0627\u0634\t");
+        const QString marks =
+            QString::fromUtf8("ae\u0301\u0308\u200D\U0001F600\u0644\u0627\u0634\t");
         for (const char* family : {"DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono"}) {
             QTest::newRow(qPrintable(QString("latin, %1").arg(family))) << family << latin;
             QTest::newRow(qPrintable(QString("mixed, %1").arg(family))) << family << mixed;

@@ -33,13 +33,18 @@ void CTimelineTrackSwitch::DrawKeys(QPainter* painter, QRect rect)
 
 void CTimelineTrackSwitch::RefreshButtonState()
 {
-    RefreshArrows(kNoArrow);
+    RefreshArrows(kNoArrow, false);
 }
 
-void CTimelineTrackSwitch::RefreshArrows(int arrowUnderPointer)
+void CTimelineTrackSwitch::RefreshArrows(int arrowUnderPointer, bool pressed)
 {
-    m_arrows = Layout().Refresh(arrowUnderPointer, false, m_scrollOffset);
+    m_arrows = Layout().Refresh(arrowUnderPointer, pressed, m_scrollOffset);
     Send(1101);
+}
+
+void CTimelineTrackSwitch::ScrollBy(int arrow)
+{
+    m_scrollOffset = Layout().ScrolledOffset(arrow, m_scrollOffset);
 }
 
 SwitchLayout CTimelineTrackSwitch::Layout() const
