@@ -32,8 +32,11 @@ inline CTimelineTrackBase* NewTrack(TL_TRACK_TYPE type)
     }
 }
 
-/// A track of any host kind, the wave row included, which no manager makes; styled, named and
-/// placed nowhere. Owned by the caller until it is shown or gets a parent.
+constexpr int kNoStyle = 0;
+
+/// A track of any host kind, the wave row included, which no manager makes; styled (unless with
+/// kNoStyle, which is quicker to make), named and placed nowhere. Owned by the caller until it is
+/// shown or gets a parent.
 inline CTimelineTrackBase* MakeTrack(TL_TRACK_TYPE type, const QString& name, int styleIndex = 1,
                                      QWidget* parent = nullptr)
 {
@@ -42,7 +45,7 @@ inline CTimelineTrackBase* MakeTrack(TL_TRACK_TYPE type, const QString& name, in
         qFatal("a track could not be made");
     if (type == TL_TRACK_WAVE)
         static_cast<CTimelineTrackClip*>(track)->MakeWave();
-    if (!track->LoadStyle(styleIndex))
+    if (styleIndex != kNoStyle && !track->LoadStyle(styleIndex))
         qFatal("a track's style could not be read");
     track->MarkAsOwnTrack();
     track->SetCaption(name);

@@ -1,6 +1,5 @@
 #include "TestTracks.h"
 #include "container/TrackTree.h"
-#include "support/TimelineFixture.h"
 
 using namespace KestovaTest;
 
@@ -33,7 +32,7 @@ class tst_TrackTree : public QObject
 
     CTimelineTrackBase* Track(const QString& name, TL_TRACK_TYPE type = TL_TRACK_KEY)
     {
-        m_tracks.emplace_back(MakeTrack(type, name));
+        m_tracks.emplace_back(MakeTrack(type, name, kNoStyle));
         return m_tracks.back().get();
     }
 
@@ -77,8 +76,6 @@ class tst_TrackTree : public QObject
     }
 
 private slots:
-    void initTestCase() { QVERIFY(PrepareTimeline()); }
-
     void init() { m_tree = std::make_unique<TrackTree>(); }
 
     void cleanup()
