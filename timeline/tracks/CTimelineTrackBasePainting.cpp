@@ -2,7 +2,7 @@
 // the painters.
 
 #include "library/TimelineLibrary.h"
-#include "tracks/BackgroundPainter.h"
+#include "tracks/BackgroundCache.h"
 #include "tracks/BarPainter.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/GlyphPainter.h"
@@ -39,6 +39,12 @@ private:
     QFont m_font;
 };
 
+BackgroundCache& Backgrounds()
+{
+    static BackgroundCache cache;
+    return cache;
+}
+
 } // namespace
 
 void CTimelineTrackBase::DrawTrack(QPainter* painter, QRect rect)
@@ -47,7 +53,7 @@ void CTimelineTrackBase::DrawTrack(QPainter* painter, QRect rect)
     painter->setBrushOrigin(rect.topLeft());
     const RowView view(*painter, rect, Axis());
     if (const auto* style = StyleAs<TrackStyle>())
-        DrawBackground(*painter, view, *style, BackgroundRange());
+        Backgrounds().Draw(*painter, view, *style, BackgroundRange());
     DrawKeys(painter, rect);
     DrawRelatedTracks(*painter, view);
     if (HasEditMode(TL_EDIT_TIME_RANGE))
