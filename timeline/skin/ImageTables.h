@@ -45,6 +45,8 @@ public:
     /// Decodes all tables; true at once when they are loaded, false at the first picture that
     /// cannot be decoded (what was read so far stays) and without a QGuiApplication.
     bool Load();
+    /// The same with the images of another place: image n is read from @p prefix followed by n.
+    bool Load(const QString& prefix);
     /// Empties all tables when they are loaded.
     void Free();
     bool IsLoaded() const { return m_loaded; }
@@ -52,14 +54,17 @@ public:
     const QPixmap& Picture(int group, int index) const;
     const QPixmap& Glyph(int group, int index) const;
     const QBrush& Brush(int group, int index) const;
-    /// The brush's texture repeated to a width that fills fast; the same pixels wherever it is
-    /// tiled.
+    /// The brush's texture repeated side by side to nearly 512 pixels: tiling this fills fast and
+    /// gives the same pixels as the brush does.
     const QPixmap& WideStrip(int group, int index) const;
     int PictureCount(int group) const;
     int GlyphCount(int group) const;
     int BrushCount(int group) const;
 
 private:
+    bool AppendPicture(std::vector<std::vector<QPixmap>>& groups, int group, const QString& path);
+    bool AppendBrush(int group, const QString& path);
+
     bool m_loaded = false;
     std::vector<std::vector<QPixmap>> m_pictures;
     std::vector<std::vector<QPixmap>> m_glyphs;
@@ -67,5 +72,5 @@ private:
     std::vector<std::vector<QPixmap>> m_wideStrips;
 };
 
-/// The whole text of a resource or file up to its first zero byte; empty when it cannot be opened.
+/// The UTF-8 text of a resource or file up to its first zero byte; empty when it cannot be opened.
 QString ReadTextResource(const QString& path);

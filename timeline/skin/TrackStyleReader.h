@@ -1,5 +1,6 @@
 #pragma once
 
+#include "skin/SkinSource.h"
 #include "skin/TrackStyles.h"
 
 #include <memory>
@@ -11,5 +12,10 @@
 bool LoadTrackStyle(const std::wstring& skinPath, int styleNumber, int trackType,
                     std::unique_ptr<StyleRecord>& record);
 
+/// The same from any source of skin values.
+bool LoadTrackStyle(const SkinSource& skin, int styleNumber, int trackType,
+                    std::unique_ptr<StyleRecord>& record);
+
 /// Reads the font of the context menu; false leaves both outputs as far as they were read.
 bool ReadContextMenuFont(const std::wstring& skinPath, QString& face, int& pointSize);
+bool ReadContextMenuFont(const SkinSource& skin, QString& face, int& pointSize);

@@ -77,6 +77,9 @@ public:
     const CTimelineKeyArray& Keys() const { return *m_keys; }
     CTimelineClipboard& Clipboard() { return m_clipboard; }
     const CTimelineClipboard& Clipboard() const { return m_clipboard; }
+    /// Fills the clipboard with fresh copies of the selected keys, in frame order; false without
+    /// any (the clipboard then keeps what it has).
+    bool CopySelectionToClipboard();
 
     int GetTrackType() const { return m_trackType; }
     int GetRowHeight() const { return m_rowHeight; }

@@ -1,0 +1,209 @@
+#include "skin/ImageTables.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+enum class Table
+{
+    Pictures,
+    Brushes,
+    Glyphs
+};
+
+/// A run of consecutive images appended to one group.
+struct ImageRun
+{
+    Table table;
+    int group;
+    int first;
+    int last;
+};
+
+/// In the order of loading, which the state after a failed load shows.
+constexpr ImageRun kImageRuns[] = {
+    {Table::Pictures, kCaptionPictures, 0, 7},
+    {Table::Pictures, kPushButtonPictures, 8, 13},
+    {Table::Pictures, kToggleButtonPictures, 14, 21},
+    {Table::Pictures, kUnusedPictures, 22, 23},
+    {Table::Pictures, kSwitchButtonPictures, 24, 31},
+    {Table::Pictures, kScrollArrowPictures, 32, 39},
+    {Table::Pictures, kRangeMarkerPictures, 40, 41},
+    {Table::Brushes, kGridBrushes, 42, 48},
+    {Table::Brushes, kBandedBrushes, 49, 57},
+    {Table::Brushes, kRulerBrushes, 58, 71},
+    {Table::Glyphs, 0, 72, 73},
+    {Table::Glyphs, 1, 74, 75},
+    {Table::Glyphs, 2, 76, 77},
+    {Table::Glyphs, 3, 78, 85},
+    {Table::Glyphs, 4, 86, 89},
+    {Table::Glyphs, 4, 148, 149},
+    {Table::Glyphs, 5, 90, 93},
+    {Table::Glyphs, 6, 94, 127},
+    {Table::Glyphs, 7, 128, 129},
+    {Table::Pictures, kCaptionPictures, 150, 150},
+};
+
+template <typename Image>
+using Groups = std::vector<std::vector<Image>>;
+
+template <typename Image>
+void Append(Groups<Image>& groups, int group, Image image)
+{
+    const auto place = static_cast<std::size_t>(group);
+    groups.resize(std::max(groups.size(), place + 1));
+    groups[place].push_back(std::move(image));
+}
+
+template <typename Image>
+int CountIn(const Groups<Image>& groups, int group)
+{
+    const auto place = static_cast<std::size_t>(group);
+    return group >= 0 && place < groups.size() ? static_cast<int>(groups[place].size()) : 0;
+}
+
+template <typename Image>
+const Image& At(const Groups<Image>& groups, int group, int index, const Image& none)
+{
+    if (index < 0 || index >= CountIn(groups, group))
+        return none;
+    return groups[static_cast<std::size_t>(group)][static_cast<std::size_t>(index)];
+}
+
+const QPixmap& NoPicture()
+{
+    // Made from no data at all, so that it may outlive the application, and be asked for without
+    // one.
+    static const QPixmap none(static_cast<QPlatformPixmap*>(nullptr));
+    return none;
+}
+
+const QBrush& NoBrush()
+{
+    static const QBrush none;
+    return none;
+}
+
+/// The texture beside itself, as often as fits into the width at which tiling is no longer slow.
+QPixmap MakeWideStrip(const QImage& texture)
+{
+    constexpr int kFastWidth = 512;
+    const int copies = std::max(1, kFastWidth / texture.width());
+    QImage strip(texture.width() * copies, texture.height(), QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&strip);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    for (int copy = 0; copy < copies; ++copy)
+        painter.drawImage(copy * texture.width(), 0, texture);
+    painter.end();
+    return QPixmap::fromImage(strip);
+}
+
+} // namespace
+
+bool ImageTables::Load()
+{
+    return Load(QStringLiteral(":/"));
+}
+
+bool ImageTables::Load(const QString& prefix)
+{
+    if (m_loaded)
+        return true;
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return false;
+    for (const ImageRun& run : kImageRuns) {
+        for (int number = run.first; number <= run.last; ++number) {
+            const QString path = prefix + QString::number(number);
+            const bool read =
+                run.table == Table::Brushes
+                    ? AppendBrush(run.group, path)
+                    : AppendPicture(run.table == Table::Glyphs ? m_glyphs : m_pictures, run.group,
+                                    path);
+            if (!read)
+                return false;
+        }
+    }
+    m_loaded = true;
+    return true;
+}
+
+bool ImageTables::AppendPicture(Groups<QPixmap>& groups, int group, const QString& path)
+{
+    QPixmap picture(path);
+    if (picture.isNull())
+        return false;
+    Append(groups, group, std::move(picture));
+    return true;
+}
+
+bool ImageTables::AppendBrush(int group, const QString& path)
+{
+    const QImage texture(path);
+    if (texture.isNull())
+        return false;
+    Append(m_brushes, group, QBrush(texture));
+    Append(m_wideStrips, group, MakeWideStrip(texture));
+    return true;
+}
+
+void ImageTables::Free()
+{
+    if (!m_loaded)
+        return;
+    m_pictures.clear();
+    m_glyphs.clear();
+    m_brushes.clear();
+    m_wideStrips.clear();
+    m_loaded = false;
+}
+
+const QPixmap& ImageTables::Picture(int group, int index) const
+{
+    return At(m_pictures, group, index, NoPicture());
+}
+
+const QPixmap& ImageTables::Glyph(int group, int index) const
+{
+    return At(m_glyphs, group, index, NoPicture());
+}
+
+const QBrush& ImageTables::Brush(int group, int index) const
+{
+    return At(m_brushes, group, index, NoBrush());
+}
+
+const QPixmap& ImageTables::WideStrip(int group, int index) const
+{
+    return At(m_wideStrips, group, index, NoPicture());
+}
+
+int ImageTables::PictureCount(int group) const
+{
+    return CountIn(m_pictures, group);
+}
+
+int ImageTables::GlyphCount(int group) const
+{
+    return CountIn(m_glyphs, group);
+}
+
+int ImageTables::BrushCount(int group) const
+{
+    return CountIn(m_brushes, group);
+}
+
+QString ReadTextResource(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = file.readAll();
+    const int zero = bytes.indexOf('\0');
+    return QString::fromUtf8(zero < 0 ? bytes : bytes.left(zero));
+}
