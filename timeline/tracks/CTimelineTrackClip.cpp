@@ -44,7 +44,7 @@ void CTimelineTrackClip::DrawKeys(QPainter* painter, QRect rect)
     if (!style)
         return;
     painter->setFont(style->font);
-    ClipPainter(*painter, rect, *style, Axis()).Draw(Keys().Keys());
+    ClipPainter(*painter, RowView(*painter, rect, Axis()), *style).Draw(Keys().Keys());
 }
 
 ClipEdgeHit CTimelineTrackClip::HitTestEdge(QPoint point)

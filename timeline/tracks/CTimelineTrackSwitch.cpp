@@ -1,5 +1,6 @@
 #include "tracks/CTimelineTrackSwitch.h"
 
+#include "tracks/RowView.h"
 #include "tracks/SwitchPainter.h"
 
 #include <QPainter>
@@ -26,18 +27,24 @@ void CTimelineTrackSwitch::DrawKeys(QPainter* painter, QRect rect)
     if (!style)
         return;
     painter->setFont(style->font);
-    DrawSwitchRow(*painter, rect, *style, {m_buttons, m_scrollOffset, m_arrowsShown, m_arrows});
+    DrawSwitchRow(*painter, RowView(*painter, rect, Axis()), *style,
+                  {m_buttons, m_scrollOffset, m_arrowsShown, m_arrows});
 }
 
 void CTimelineTrackSwitch::RefreshButtonState()
 {
-    RefreshArrows(kNoArrow);
+    RefreshArrows(kNoArrow, false);
 }
 
-void CTimelineTrackSwitch::RefreshArrows(int arrowUnderPointer)
+void CTimelineTrackSwitch::RefreshArrows(int arrowUnderPointer, bool pressed)
 {
-    m_arrows = Layout().Refresh(arrowUnderPointer, false, m_scrollOffset);
+    m_arrows = Layout().Refresh(arrowUnderPointer, pressed, m_scrollOffset);
     Send(1101);
+}
+
+void CTimelineTrackSwitch::ScrollBy(int arrow)
+{
+    m_scrollOffset = Layout().ScrolledOffset(arrow, m_scrollOffset);
 }
 
 SwitchLayout CTimelineTrackSwitch::Layout() const

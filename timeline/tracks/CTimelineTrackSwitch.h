@@ -31,12 +31,16 @@ public:
     /// pointer over neither arrow, and asks the owner for a repaint.
     void RefreshButtonState();
 
+    /// The same with the pointer over @p arrowUnderPointer, pressed or not.
+    void RefreshArrows(int arrowUnderPointer, bool pressed);
+    /// Shifts the buttons by one click on @p arrow, as far as there is anything to show.
+    void ScrollBy(int arrow);
+
     /// 0 or negative: how far the buttons are shifted, in pixels.
     int ScrollOffset() const { return m_scrollOffset; }
     const SwitchArrowImages& ArrowImages() const { return m_arrows; }
 
 private:
-    void RefreshArrows(int arrowUnderPointer);
     SwitchLayout Layout() const;
 
     Buttons m_buttons;

@@ -48,13 +48,11 @@ long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& clip, int x)
 
 } // namespace
 
-ClipPainter::ClipPainter(QPainter& painter, const QRect& row, const ClipTrackStyle& style,
-                         const FrameAxis& axis)
-    : m_painter(painter), m_row(row), m_style(style), m_axis(axis),
-      m_height(std::clamp(style.height, -kHighest, kHighest)), m_columns(painter),
-      m_names(painter.fontMetrics()), m_fontHeight(painter.fontMetrics().height()),
-      m_lastFrameX(axis.FrameToPixel(axis.frameCount)), m_firstVisibleFrame(axis.PixelToFrame(0)),
-      m_lastVisibleFrame(axis.PixelToFrame(row.width()))
+ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style)
+    : m_painter(painter), m_view(view), m_style(style),
+      m_height(std::clamp(style.height, -kHighest, kHighest)), m_names(painter.fontMetrics()),
+      m_fontHeight(painter.fontMetrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
+      m_lastVisibleFrame(view.axis.PixelToFrame(view.row.width()))
 {
 }
 
@@ -69,7 +67,7 @@ void ClipPainter::Draw(const KeyVector& keys)
         --key;
     for (; key != keys.end(); ++key) {
         const CTimelineKey& clip = **key;
-        if (clip.frame >= m_axis.frameCount || clip.frame > m_lastVisibleFrame)
+        if (clip.frame >= m_view.axis.frameCount || clip.frame > m_lastVisibleFrame)
             return;
         if (clip.clipLength >= 1 && ClipEndFrame(clip) >= m_firstVisibleFrame)
             DrawClip(clip);
@@ -79,12 +77,12 @@ void ClipPainter::Draw(const KeyVector& keys)
 ClipPainter::Bar ClipPainter::BarOf(const CTimelineKey& clip) const
 {
     Bar bar;
-    bar.left = m_axis.FrameToPixel(clip.frame);
-    bar.right = std::min({ClipEndPixel(m_axis, clip), m_row.width(), m_lastFrameX});
+    bar.left = m_view.axis.FrameToPixel(clip.frame);
+    bar.right = std::min({ClipEndPixel(m_view.axis, clip), m_view.row.width(), m_view.endX});
     if (bar.left == bar.right)
         ++bar.right;
-    const int centred = (m_row.bottom() - m_height - m_row.top() + 1) / 2;
-    bar.top = m_row.top() + static_cast<int>(centred - 0.5);
+    const int centred = (m_view.row.bottom() - m_height - m_view.row.top() + 1) / 2;
+    bar.top = m_view.row.top() + static_cast<int>(centred - 0.5);
     bar.bottom = bar.top + m_height;
     return bar;
 }
@@ -92,14 +90,14 @@ ClipPainter::Bar ClipPainter::BarOf(const CTimelineKey& clip) const
 void ClipPainter::DrawClip(const CTimelineKey& clip)
 {
     const Bar bar = BarOf(clip);
-    if (bar.right < std::max(0, bar.left) || bar.left > m_lastFrameX)
+    if (bar.right < std::max(0, bar.left) || bar.left > m_view.endX)
         return;
 
-    const int leadInX = ClipTrimPixel(m_axis, clip);
+    const int leadInX = ClipTrimPixel(m_view.axis, clip);
     const int left = clip.selected ? std::min(bar.left, leadInX) : bar.left;
     const int right = clip.selected ? std::max(bar.right, leadInX) : bar.right;
     // Letters may overhang the place they are measured for.
-    if (!Reaches(left - 1LL * m_fontHeight, right + 1LL + m_fontHeight))
+    if (!m_view.Shows(left - 1LL * m_fontHeight, right + 1LL + m_fontHeight))
         return;
 
     m_painter.setPen(LookOf(clip).border[clip.selected]);
@@ -113,16 +111,13 @@ void ClipPainter::DrawClip(const CTimelineKey& clip)
 void ClipPainter::DrawBar(const CTimelineKey& clip, const Bar& bar)
 {
     // Qt's outline runs one pixel right of and below the rectangle.
-    if (!Reaches(bar.left, bar.right + 1LL))
+    if (!m_view.Shows(bar.left, bar.right + 1LL))
         return;
-    const long long left = static_cast<long long>(m_row.left()) + bar.left;
-    const long long right = static_cast<long long>(m_row.left()) + bar.right;
-    const QPoint topLeft(
-        static_cast<int>(std::max<long long>(left, m_columns.left - kOutlineReach)), bar.top);
-    const QPoint bottomRight(
-        static_cast<int>(std::min<long long>(right, m_columns.right + kOutlineReach)), bar.bottom);
+    const int left = std::max(bar.left, m_view.firstColumn - kOutlineReach);
+    const int right = std::min(bar.right, m_view.lastColumn + kOutlineReach);
     m_painter.setBrush(GradientOf(clip));
-    m_painter.drawRect(QRect(topLeft, bottomRight));
+    m_painter.drawRect(QRect(QPoint(m_view.row.left() + left, bar.top),
+                             QPoint(m_view.row.left() + right, bar.bottom)));
 }
 
 void ClipPainter::DrawLeadIn(const Bar& bar, int leadInX)
@@ -134,14 +129,14 @@ void ClipPainter::DrawLeadIn(const Bar& bar, int leadInX)
 
 void ClipPainter::DrawLoopDividers(const CTimelineKey& clip, const Bar& bar)
 {
-    const int end = std::min(bar.right, m_columns.right - m_row.left() + 1);
-    int x = m_columns.left - m_row.left();
+    const int end = std::min(bar.right, m_view.lastColumn + 1);
+    int x = m_view.firstColumn;
     for (;;) {
         // Passes narrower than a pixel share their divider's column; it is drawn once.
-        const long long pass = FirstPassFrom(m_axis, clip, x);
+        const long long pass = FirstPassFrom(m_view.axis, clip, x);
         if (pass >= clip.loopCount)
             return;
-        x = m_axis.FrameToPixel(DividerFrame(clip, pass));
+        x = m_view.axis.FrameToPixel(DividerFrame(clip, pass));
         if (x >= end)
             return;
         DrawVerticalLine(x, bar);
@@ -154,7 +149,7 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     if (clip.name.isEmpty())
         return;
     const long long left = static_cast<long long>(bar.left) + kNameIndent;
-    if (!Reaches(left - m_fontHeight, bar.right + 1LL * m_fontHeight))
+    if (!m_view.Shows(left - m_fontHeight, bar.right + 1LL * m_fontHeight))
         return;
     const int width = static_cast<int>(std::min<long long>(bar.right - left + 1, INT_MAX));
     const QString text = m_names.Fitted(clip.name, width);
@@ -162,35 +157,28 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
         return;
 
     const int pointSize = m_style.font.pointSize();
-    const int baseline = m_row.top() +
-                         static_cast<int>((m_row.bottom() - m_row.top() - pointSize) * 0.5) +
-                         pointSize;
+    const int baseline =
+        m_view.row.top() +
+        static_cast<int>((m_view.row.bottom() - m_view.row.top() - pointSize) * 0.5) + pointSize;
     const bool trial = (clip.kindMask & kTrialMask) != 0;
     const auto& colours = trial ? m_style.normal.textColourTrial : m_style.normal.textColour;
     m_painter.setPen(colours[clip.selected].ToColor());
-    m_painter.drawText(static_cast<int>(m_row.left() + left), baseline, text);
+    m_painter.drawText(static_cast<int>(m_view.row.left() + left), baseline, text);
 }
 
 void ClipPainter::DrawVerticalLine(int x, const Bar& bar)
 {
-    if (Reaches(x, x))
-        m_painter.drawLine(m_row.left() + x, bar.top, m_row.left() + x, bar.bottom);
+    if (m_view.Shows(x, x))
+        m_painter.drawLine(m_view.row.left() + x, bar.top, m_view.row.left() + x, bar.bottom);
 }
 
 void ClipPainter::DrawHorizontalLine(int fromX, int toX, int y)
 {
     const auto [low, high] = std::minmax(fromX, toX);
-    if (!Reaches(low, high))
+    if (!m_view.Shows(low, high))
         return;
-    const long long left = static_cast<long long>(m_row.left()) + low;
-    const long long right = static_cast<long long>(m_row.left()) + high;
-    m_painter.drawLine(static_cast<int>(std::max<long long>(left, m_columns.left)), y,
-                       static_cast<int>(std::min<long long>(right, m_columns.right)), y);
-}
-
-bool ClipPainter::Reaches(long long from, long long to) const
-{
-    return m_columns.Reach(m_row.left() + from, m_row.left() + to);
+    m_painter.drawLine(m_view.row.left() + std::max(low, m_view.firstColumn), y,
+                       m_view.row.left() + std::min(high, m_view.lastColumn), y);
 }
 
 const ClipTrackStyle::Look& ClipPainter::LookOf(const CTimelineKey& clip) const

@@ -3,14 +3,11 @@
 #include "CTimelineKeyArray.h"
 #include "skin/TrackStyles.h"
 #include "tracks/NameShortener.h"
-#include "tracks/PaintedColumns.h"
-
-#include <QRect>
+#include "tracks/RowView.h"
 
 #include <array>
 #include <optional>
 
-class FrameAxis;
 class QPainter;
 
 /// Paints the clips of one row for one paint. The painter's font is the style's and its brush
@@ -21,8 +18,7 @@ class ClipPainter
 public:
     using KeyVector = CTimelineKeyArray::KeyVector;
 
-    ClipPainter(QPainter& painter, const QRect& row, const ClipTrackStyle& style,
-                const FrameAxis& axis);
+    ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style);
 
     void Draw(const KeyVector& keys);
 
@@ -41,20 +37,16 @@ private:
     void DrawName(const CTimelineKey& clip, const Bar& bar);
     void DrawVerticalLine(int x, const Bar& bar);
     void DrawHorizontalLine(int fromX, int toX, int y);
-    bool Reaches(long long from, long long to) const;
 
     const ClipTrackStyle::Look& LookOf(const CTimelineKey& clip) const;
     const QBrush& GradientOf(const CTimelineKey& clip);
 
     QPainter& m_painter;
-    QRect m_row;
+    RowView m_view;
     const ClipTrackStyle& m_style;
-    const FrameAxis& m_axis;
     int m_height;
-    PaintedColumns m_columns;
     NameShortener m_names;
     int m_fontHeight;
-    int m_lastFrameX;
     int m_firstVisibleFrame;
     int m_lastVisibleFrame;
     /// Gradients of this paint, made when first needed: three looks, normal and selected.

@@ -46,3 +46,6 @@ struct RowView
     /// columns to be painted, or a few more.
     FrameWindow Frames(long long before, long long after) const;
 };
+
+/// @p window grown by @p frames at both ends.
+FrameWindow Widened(const FrameWindow& window, long long frames);

@@ -1,11 +1,13 @@
 #include "tracks/SwitchPainter.h"
 
 #include "library/TimelineLibrary.h"
-#include "tracks/PaintedColumns.h"
+#include "tracks/RowView.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPixmap>
+
+#include <algorithm>
 
 namespace {
 
@@ -22,16 +24,22 @@ const QPixmap& PictureInRow(int group, int row, int perRow, int place)
     return images.Picture(group, inRow && inGroup ? row * perRow + place : -1);
 }
 
-void DrawButton(QPainter& painter, const QRect& row, const QRect& box, const QPixmap& picture,
+void DrawButton(QPainter& painter, const RowView& view, const QRect& box, const QPixmap& picture,
                 const _tmpTLSwitchBtnData& button, const SwitchTrackStyle& style)
 {
-    painter.drawPixmap(box, picture);
-
     const QFontMetrics metrics = painter.fontMetrics();
     const int textWidth = metrics.horizontalAdvance(button.text);
     const int x = box.x() + static_cast<int>((box.width() - textWidth) / 2.0 + 0.5);
+    // A text wider than its button hangs over both ends, and letters may overhang their place.
+    const long long overhang = std::max(box.x() - x, 0) + 1LL + metrics.height();
+    const long long left = static_cast<long long>(box.x()) - view.row.left();
+    if (!view.Shows(left - overhang, left + box.width() + overhang))
+        return;
+
+    painter.drawPixmap(box, picture);
     // The gap between the buttons also lowers their text.
-    const double space = static_cast<double>(row.height()) - metrics.height() - style.buttonGap;
+    const double space =
+        static_cast<double>(view.row.height()) - metrics.height() - style.buttonGap;
     const int baseline = static_cast<int>(box.y() + box.height() - space * 0.5);
     const bool on = IsSwitchOn(button.state);
     painter.setPen((on ? style.textColourOn : style.textColour).ToColor());
@@ -56,9 +64,10 @@ SwitchLayout SwitchPictures::Layout(QSize row, int count) const
                         m_style.buttonGap, count);
 }
 
-void DrawSwitchRow(QPainter& painter, const QRect& rect, const SwitchTrackStyle& style,
+void DrawSwitchRow(QPainter& painter, const RowView& view, const SwitchTrackStyle& style,
                    const SwitchRow& row)
 {
+    const QRect& rect = view.row;
     const SwitchPictures pictures(style);
     const SwitchLayout layout = pictures.Layout(rect.size(), static_cast<int>(row.buttons.size()));
 
@@ -67,7 +76,7 @@ void DrawSwitchRow(QPainter& painter, const QRect& rect, const SwitchTrackStyle&
         if (!layout.IsButtonVisible(index, row.scrollOffset))
             continue;
         const QRect box = layout.ButtonRect(index, row.scrollOffset).translated(rect.topLeft());
-        DrawButton(painter, rect, box, pictures.Button(row.buttons[i].state), row.buttons[i],
+        DrawButton(painter, view, box, pictures.Button(row.buttons[i].state), row.buttons[i],
                    style);
     }
     if (!row.arrowsShown)

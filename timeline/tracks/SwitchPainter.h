@@ -8,6 +8,7 @@
 
 class QPainter;
 class QPixmap;
+struct RowView;
 
 /// The pictures of a switch row as its style names them.
 class SwitchPictures
@@ -36,6 +37,6 @@ struct SwitchRow
     SwitchArrowImages arrows;
 };
 
-/// Paints @p row into @p rect; leaves the painter's font and pen changed.
-void DrawSwitchRow(QPainter& painter, const QRect& rect, const SwitchTrackStyle& style,
+/// Paints @p row with the painter's font; leaves its pen changed.
+void DrawSwitchRow(QPainter& painter, const RowView& view, const SwitchTrackStyle& style,
                    const SwitchRow& row);
