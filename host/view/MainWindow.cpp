@@ -12,8 +12,10 @@ MainWindow::MainWindow() : m_dock(new QDockWidget(this)), m_manager(this), m_tra
     m_dock->setWindowTitle(tr("Timeline"));
     m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     addDockWidget(Qt::BottomDockWidgetArea, m_dock);
-    connect(&m_callbacks, &TimelineCallbacks::SwitchButtonToggled, this, &MainWindow::ToggleRows);
-    connect(&m_callbacks, &TimelineCallbacks::TimeMarkMoved, this, &MainWindow::MoveTimeMark);
+    m_callbacks.switchButtonToggled = [this](CTimelineTrackBase* track, int button) {
+        ToggleRows(track, button);
+    };
+    m_callbacks.timeMarkMoved = [this](int mark, int frame) { MoveTimeMark(mark, frame); };
 }
 
 bool MainWindow::CreateTimeline(const QString& skinPath)

@@ -4,12 +4,14 @@ namespace host {
 
 void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool)
 {
-    emit TimeMarkMoved(mark, frame);
+    if (timeMarkMoved)
+        timeMarkMoved(mark, frame);
 }
 
 void TimelineCallbacks::OnSwitchBtnStateChanged(CTimelineTrackBase* track, int button)
 {
-    emit SwitchButtonToggled(track, button);
+    if (switchButtonToggled)
+        switchButtonToggled(track, button);
 }
 
 } // namespace host

@@ -2,24 +2,22 @@
 
 #include <KestovaTimelineQU/KestovaTimelineQU.h>
 
-#include <QObject>
+#include <functional>
 
 namespace host {
 
-/// Turns the timeline's callbacks into signals, so that each part of the host listens to what
-/// concerns it.
-class TimelineCallbacks : public QObject, public CTimelineManagerInterface
+/// Hands the timeline's callbacks to whoever of the host they concern. A handler that is not set is
+/// not called.
+class TimelineCallbacks : public CTimelineManagerInterface
 {
-    Q_OBJECT
 public:
+    /// A marker of the ruler stands at @p frame now. @p mark: 0 start, 1 end.
+    std::function<void(int mark, int frame)> timeMarkMoved;
+    /// A button of a switch row was switched on or off.
+    std::function<void(CTimelineTrackBase* track, int button)> switchButtonToggled;
+
     void OnMoveTimeMark(int mark, int frame, bool flag) override;
     void OnSwitchBtnStateChanged(CTimelineTrackBase* track, int button) override;
-
-signals:
-    /// A marker of the ruler was moved to @p frame. @p mark: 0 start, 1 end.
-    void TimeMarkMoved(int mark, int frame);
-    /// A button of a switch row was switched on or off.
-    void SwitchButtonToggled(CTimelineTrackBase* track, int button);
 };
 
 } // namespace host
