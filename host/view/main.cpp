@@ -9,8 +9,17 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
+
+/// What the program needs to open its window.
+struct Start
+{
+    host::HostOptions options;
+    host::Scene scene;
+    QString skin;
+};
 
 int Fail(const QString& message)
 {
@@ -34,32 +43,39 @@ int WritePicture(host::MainWindow& window, const host::HostOptions& options)
     return EXIT_SUCCESS;
 }
 
-int Run(QApplication& application)
+/// All that can be found wrong without a screen is found before one is asked for.
+std::optional<Start> Prepare(QString& error)
 {
-    QString usageError;
-    const auto options = host::ParseOptions(QApplication::arguments(), usageError);
-    if (!options)
-        return Fail(QStringLiteral("kestova-host: ") + usageError);
-
+    const auto options = host::ParseOptions(QCoreApplication::arguments(), error);
+    if (!options) {
+        error.prepend(QStringLiteral("kestova-host: "));
+        return std::nullopt;
+    }
     host::ImportError importError;
     const auto scene = host::LoadScene(
         options->files.isEmpty() ? host::SampleScene() : options->files, importError);
-    if (!scene)
-        return Fail(importError.Message());
-
-    host::ApplyDarkTheme(application);
+    if (!scene) {
+        error = importError.Message();
+        return std::nullopt;
+    }
     const QString skin = options->skin.isEmpty() ? host::DefaultSkin() : options->skin;
-    if (!QFileInfo(skin).isFile())
-        return Fail(skin + QStringLiteral(": expected a skin file"));
-    host::MainWindow window;
-    window.resize(options->size);
-    if (!window.CreateTimeline(skin) || !window.SetScene(*scene))
-        return Fail(skin + QStringLiteral(": expected a skin with every section and key"));
-    window.show();
-    window.GotoFrame(options->frame);
+    if (!QFileInfo(skin).isFile()) {
+        error = skin + QStringLiteral(": expected a skin file");
+        return std::nullopt;
+    }
+    return Start{*options, *scene, skin};
+}
 
-    if (!options->screenshot.isEmpty() || !options->screenGrab.isEmpty())
-        return WritePicture(window, *options);
+int Open(const Start& start)
+{
+    host::MainWindow window;
+    window.resize(start.options.size);
+    if (!window.CreateTimeline(start.skin) || !window.SetScene(start.scene))
+        return Fail(start.skin + QStringLiteral(": expected a skin with every section and key"));
+    window.show();
+    window.GotoFrame(start.options.frame);
+    if (!start.options.screenshot.isEmpty() || !start.options.screenGrab.isEmpty())
+        return WritePicture(window, start.options);
     return QApplication::exec();
 }
 
@@ -67,8 +83,17 @@ int Run(QApplication& application)
 
 int main(int argc, char** argv)
 {
+    QCoreApplication::setApplicationName(QStringLiteral("kestova-host"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KESTOVA_HOST_VERSION));
+    std::optional<Start> start;
+    QString error;
+    {
+        const QCoreApplication withoutScreen(argc, argv);
+        start = Prepare(error);
+    }
+    if (!start)
+        return Fail(error);
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("kestova-host"));
-    QApplication::setApplicationVersion(QStringLiteral(KESTOVA_HOST_VERSION));
-    return Run(application);
+    host::ApplyDarkTheme(application);
+    return Open(*start);
 }

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDir>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStringList>
+
+/// What a run of the program left behind.
+struct HostRun
+{
+    int exitCode = -1; ///< -1 when the program crashed or did not end
+    QString output;
+    QString errors;
+};
+
+/// Starts the program with these arguments and waits until it has ended.
+inline HostRun
+RunHost(const QStringList& arguments,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+{
+    constexpr int kPatience = 60000; // milliseconds; the sanitized program is slow
+    QProcess program;
+    QProcessEnvironment complete = environment;
+    complete.insert(QStringLiteral("XDG_RUNTIME_DIR"),
+                    QDir::tempPath()); // Qt remarks on its absence
+    program.setProcessEnvironment(complete);
+    program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), arguments);
+    HostRun run;
+    if (program.waitForFinished(kPatience) && program.exitStatus() == QProcess::NormalExit)
+        run.exitCode = program.exitCode();
+    run.output = QString::fromUtf8(program.readAllStandardOutput());
+    run.errors = QString::fromUtf8(program.readAllStandardError());
+    return run;
+}
