@@ -99,8 +99,6 @@ QVector<TrackId> LimbOf(const Motion& motion, const QVector<TrackId>& jointRows,
 /// The keys of a limb during its first contact must move together, or the foot slips.
 void GroupFirstContact(Scene& scene, const FootContacts& foot, const QVector<TrackId>& limb)
 {
-    if (foot.ranges.isEmpty())
-        return;
     const FrameRange& contact = foot.ranges.first();
     const GroupId group = scene.AddGroup(ContactCaption(scene.motion.joints[foot.joint].name));
     for (TrackId row : limb) {

@@ -19,8 +19,9 @@ struct FootContacts
 };
 
 /// The contacts of the one or two feet of a captured motion, in the order of their joints. Feet are
-/// the ends of the skeleton that stay lowest; a foot is in contact while it is near the lowest
-/// height it reaches. Nothing for a motion whose feet keep their height.
+/// the ends of the skeleton that stay lowest; a foot is in contact while it is low and nearly at
+/// rest. Nothing for feet that keep their height, and for a walk on the spot, whose feet never
+/// rest.
 QVector<FootContacts> FindFootContacts(const Motion& motion, int frameRate);
 
 } // namespace host

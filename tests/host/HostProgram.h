@@ -13,10 +13,17 @@ struct HostRun
     QString errors;
 };
 
+/// The environment of the test itself, on a platform that needs no screen.
+inline QProcessEnvironment OffscreenEnvironment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    return environment;
+}
+
 /// Starts the program with these arguments and waits until it has ended.
-inline HostRun
-RunHost(const QStringList& arguments,
-        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+inline HostRun RunHost(const QStringList& arguments,
+                       const QProcessEnvironment& environment = OffscreenEnvironment())
 {
     constexpr int kPatience = 60000; // milliseconds; the sanitized program is slow
     QProcess program;

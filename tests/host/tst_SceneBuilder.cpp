@@ -97,6 +97,7 @@ private slots:
     void blendsAtBothEndsOfTheMotion();
     void linksTheFramesWhileAFootStands();
     void leavesFeetThatNeverLiftWithoutContacts();
+    void findsNoContactsInAWalkOnTheSpot();
     void groupsTheKeysOfALimbDuringItsFirstContact();
     void relatesRowsInEveryWay();
     void givesEachButtonTheRowsItShows();
@@ -250,8 +251,7 @@ void tst_SceneBuilder::linksTheFramesWhileAFootStands()
     QVERIFY(left && right);
     QCOMPARE(left->kind, TrackKind::Link);
     QCOMPARE(left->caption, QStringLiteral("Left Contact"));
-    // Three strides in three seconds: each foot stands once in each.
-    QVERIFY(left->keys.size() >= 6);
+    QVERIFY(left->keys.size() >= 6); // each foot stands once in each of three strides
     for (const SceneTrack* row : {left, right}) {
         for (int i = 0; i < row->keys.size(); ++i)
             QCOMPARE(row->keys[i].startsLink, i % 2 == 0);
@@ -272,6 +272,17 @@ void tst_SceneBuilder::leavesFeetThatNeverLiftWithoutContacts()
                     still.samples.begin() + sample * still.channelCount);
     QVERIFY(FindFootContacts(still, 30).isEmpty());
     VerifyIsSound(BuildScene(still, SpokenLine()));
+}
+
+void tst_SceneBuilder::findsNoContactsInAWalkOnTheSpot()
+{
+    Motion onTheSpot = SampleScene().motion;
+    QCOMPARE(FindFootContacts(onTheSpot, 30).size(), 2);
+    constexpr int kForward = 2; // the channel that carries the hips ahead
+    QVERIFY(onTheSpot.joints[0].channels[kForward] == Channel::ZPosition);
+    for (int sample = 0; sample < onTheSpot.sampleCount; ++sample)
+        onTheSpot.samples[sample * onTheSpot.channelCount + kForward] = 0;
+    QVERIFY(FindFootContacts(onTheSpot, 30).isEmpty());
 }
 
 void tst_SceneBuilder::groupsTheKeysOfALimbDuringItsFirstContact()

@@ -13,7 +13,6 @@ constexpr double kDegrees = 180 / kPi;
 constexpr int kSamplesPerSecond = 60;
 constexpr int kSampleCount = 3 * kSamplesPerSecond + 1;
 constexpr double kStrideSeconds = 1.0; ///< two steps
-constexpr double kForwardSpeed = 13.0; ///< units a second
 constexpr double kThigh = 8.0;         ///< units, as are all lengths
 constexpr double kShin = 7.6;
 constexpr double kAnkleHeight = 1.2;
@@ -161,18 +160,48 @@ const std::array<Joint, 17> kJoints{{
      }},
 }};
 
-/// How far below the hips the ankle of the leg at this phase is.
-double Reach(double phase)
+/// Where the ankle of the leg at this phase is, seen from the hips.
+struct AnklePlace
+{
+    double below, ahead;
+};
+
+AnklePlace AnkleAt(double phase)
 {
     const double thigh = Thigh(phase) / kDegrees;
-    return kThigh * std::cos(thigh) + kShin * std::cos(thigh + Knee(phase) / kDegrees);
+    const double shin = thigh + Knee(phase) / kDegrees;
+    return {kThigh * std::cos(thigh) + kShin * std::cos(shin),
+            -kThigh * std::sin(thigh) - kShin * std::sin(shin)};
 }
 
-/// The height that puts the longer leg on the ground, passing smoothly from one leg to the other.
+/// How much of the weight the left leg carries, 0 to 1: the longer leg stands, and the weight
+/// passes smoothly from one to the other.
+double WeightOnLeft(double phase)
+{
+    const double difference = AnkleAt(phase + kPi).below - AnkleAt(phase).below;
+    return 1 / (1 + std::exp(4 * difference));
+}
+
+/// The height that puts the standing leg on the ground.
 double HipHeight(double phase)
 {
-    const double sum = std::exp(4 * Reach(phase)) + std::exp(4 * Reach(phase + kPi));
-    return kAnkleHeight + 0.8 + std::log(sum) / 4;
+    const double left = WeightOnLeft(phase);
+    return kAnkleHeight + 0.8 + left * AnkleAt(phase).below +
+           (1 - left) * AnkleAt(phase + kPi).below;
+}
+
+/// The way that the hips go forward from one phase to the next: as far as the standing foot goes
+/// back, so that it stays where it is.
+double StepForward(double from, double to)
+{
+    const double left = WeightOnLeft((from + to) / 2);
+    return left * (AnkleAt(from).ahead - AnkleAt(to).ahead) +
+           (1 - left) * (AnkleAt(from + kPi).ahead - AnkleAt(to + kPi).ahead);
+}
+
+double PhaseOf(int sample)
+{
+    return 2 * kPi * sample / (kSamplesPerSecond * kStrideSeconds);
 }
 
 void WriteNumber(std::FILE* file, double number, char after)
@@ -234,13 +263,11 @@ void WriteHierarchy(std::FILE* file)
     }
 }
 
-void WriteSample(std::FILE* file, int sample)
+void WriteSample(std::FILE* file, double phase, double way)
 {
-    const double seconds = static_cast<double>(sample) / kSamplesPerSecond;
-    const double phase = 2 * kPi * seconds / kStrideSeconds;
     WriteNumber(file, 0.4 * std::sin(phase), ' ');
     WriteNumber(file, HipHeight(phase), ' ');
-    WriteNumber(file, kForwardSpeed * seconds, ' ');
+    WriteNumber(file, way, ' ');
     for (const Joint& joint : kJoints) {
         const Angles angles = joint.angles(phase);
         WriteNumber(file, angles.z, ' ');
@@ -261,7 +288,10 @@ int main(int argc, char** argv)
     WriteHierarchy(file);
     std::fprintf(file, "MOTION\nFrames: %d\nFrame Time: %.6f\n", kSampleCount,
                  1.0 / kSamplesPerSecond);
-    for (int sample = 0; sample < kSampleCount; ++sample)
-        WriteSample(file, sample);
+    double way = 0;
+    for (int sample = 0; sample < kSampleCount; ++sample) {
+        WriteSample(file, PhaseOf(sample), way);
+        way += StepForward(PhaseOf(sample), PhaseOf(sample + 1));
+    }
     return std::fclose(file) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
