@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDir>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
+#include <QTemporaryDir>
 
 /// What a run of the program left behind.
 struct HostRun
@@ -27,9 +27,10 @@ inline HostRun RunHost(const QStringList& arguments,
 {
     constexpr int kPatience = 60000; // milliseconds; the sanitized program is slow
     QProcess program;
+    static const QTemporaryDir runtimeDirectory;
     QProcessEnvironment complete = environment;
-    complete.insert(QStringLiteral("XDG_RUNTIME_DIR"),
-                    QDir::tempPath()); // Qt remarks on its absence
+    // Qt remarks on its absence.
+    complete.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
     program.setProcessEnvironment(complete);
     program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), arguments);
     HostRun run;
