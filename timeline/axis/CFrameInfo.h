@@ -7,8 +7,10 @@ class CFrameInfo
 public:
     /// One pixel per frame, all steps 1: the axis before its first computation.
     CFrameInfo() = default;
-    /// From a scale in pixels per frame; capped at 10 pixels per frame. A scale of 0 or less, or
-    /// not a number, gives one frame per pixel.
+    /// From a scale in pixels per frame. From 2 up it is rounded down to whole pixels, at most 10;
+    /// below, the axis counts frames per pixel: the fewest k for which 1 / k is less than the scale
+    /// (1.5 gives 1, 1.0 gives 2, 0.5 gives 3, 0.3 gives 4), at most the largest int. A scale of 0
+    /// or less, or not a number, gives one frame per pixel.
     explicit CFrameInfo(double scale);
     CFrameInfo(const CFrameInfo&) = default;
     CFrameInfo& operator=(const CFrameInfo&) = default;

@@ -5,11 +5,46 @@
 
 namespace {
 
-int Clamped(long long value)
+using Wide = long long;
+
+/// Pixels further out than this lie beyond the range of int wherever the axis is scrolled, and
+/// frames at every scale, which is at most 10 pixels per frame; clamped to it, products and sums
+/// fit.
+constexpr Wide kFarPixel = Wide{1} << 61;
+constexpr Wide kFarFrame = kFarPixel / 16;
+
+Wide Within(Wide limit, Wide value)
 {
-    constexpr long long lowest = std::numeric_limits<int>::min();
-    constexpr long long highest = std::numeric_limits<int>::max();
+    return std::clamp(value, -limit, limit);
+}
+
+int Clamped(Wide value)
+{
+    constexpr Wide lowest = std::numeric_limits<int>::min();
+    constexpr Wide highest = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(value, lowest, highest));
+}
+
+/// A quotient as the whole number below it and the remainder above that, 0 to divisor - 1.
+struct FloorQuotient
+{
+    FloorQuotient(Wide dividend, Wide divisor)
+        : whole(dividend / divisor), remainder(dividend % divisor)
+    {
+        if (remainder < 0) {
+            --whole;
+            remainder += divisor;
+        }
+    }
+
+    Wide whole;
+    Wide remainder;
+};
+
+/// Truncates @p floor plus a fraction of less than 1 toward zero.
+Wide Truncated(Wide floor, bool hasFraction)
+{
+    return floor < 0 && hasFraction ? floor + 1 : floor;
 }
 
 } // namespace
@@ -27,27 +62,41 @@ double FrameAxis::Scale() const
 int FrameAxis::FrameToPixel(long long frame) const
 {
     if (!IsFramesPerPixel())
-        return Clamped(frame * info.pixelsPerFrame - scrollX);
-    const long long k = FramesPerPixel();
-    return Clamped((frame - scrollX * k) / k);
+        return Clamped(Within(kFarFrame, frame) * info.pixelsPerFrame - scrollX);
+    const FloorQuotient position(frame, FramesPerPixel());
+    return Clamped(Truncated(Within(kFarPixel, position.whole) - scrollX, position.remainder != 0));
 }
 
 int FrameAxis::PixelToFrame(long long x) const
 {
-    const long long offset = x + scrollX;
-    return Clamped(IsFramesPerPixel() ? offset * FramesPerPixel() : offset / info.pixelsPerFrame);
+    const Wide offset = Within(kFarPixel, x) + scrollX;
+    if (!IsFramesPerPixel())
+        return Clamped(offset / info.pixelsPerFrame);
+    // An offset beyond the range of int stays there when multiplied.
+    return Clamped(Wide{Clamped(offset)} * FramesPerPixel());
 }
 
 int FrameAxis::FrameToPixelPlus(long long frame, long long numerator, long long denominator) const
 {
-    if (!IsFramesPerPixel())
-        return Clamped(((frame * info.pixelsPerFrame - scrollX) * denominator + numerator) /
-                       denominator);
-    const long long k = FramesPerPixel();
-    return Clamped(((frame - scrollX * k) * denominator + numerator * k) / (k * denominator));
+    const Wide divisor = IsFramesPerPixel() ? FramesPerPixel() : 1;
+    const Wide pixels = IsFramesPerPixel() ? frame : Within(kFarFrame, frame) * info.pixelsPerFrame;
+    const FloorQuotient position(pixels, divisor);
+    const FloorQuotient extra(numerator, denominator);
+
+    // The two fractions may make up one more pixel; compared by cross products of at most 2^63.
+    using Unsigned = unsigned long long;
+    const Unsigned fraction =
+        static_cast<Unsigned>(position.remainder) * static_cast<Unsigned>(denominator);
+    const Unsigned missing =
+        static_cast<Unsigned>(divisor) * static_cast<Unsigned>(denominator - extra.remainder);
+    const Wide whole = Within(kFarPixel, position.whole) - scrollX +
+                       Within(kFarPixel, extra.whole) + (fraction >= missing);
+    const bool isWhole = fraction == missing || (position.remainder == 0 && extra.remainder == 0);
+    return Clamped(Truncated(whole, !isWhole));
 }
 
 int FrameAxis::SpanToPixel(long long frames) const
 {
-    return Clamped(IsFramesPerPixel() ? frames / FramesPerPixel() : frames * info.pixelsPerFrame);
+    return Clamped(IsFramesPerPixel() ? frames / FramesPerPixel()
+                                      : Within(kFarFrame, frames) * info.pixelsPerFrame);
 }

@@ -4,8 +4,9 @@
 
 /// The one frame axis that every row shares: how many frames there are, which is current, how they
 /// are scaled and scrolled. Positions are whole pixels from a row's left edge, computed exactly: in
-/// frames-per-pixel mode by integer quotients, never through a rounded 1 / k. Results beyond the
-/// range of int are clamped to it.
+/// frames-per-pixel mode by integer quotients, never through a rounded 1 / k. Every operation takes
+/// any frame and any pixel: results beyond the range of int are clamped to it, and an axis that was
+/// given senseless values counts one frame per pixel.
 class FrameAxis
 {
 public:
@@ -16,14 +17,14 @@ public:
 
     /// Pixels per frame as a real number: the whole pixels, or 1 / frames per pixel; never 0.
     double Scale() const;
-    bool IsFramesPerPixel() const { return info.pixelsPerFrame == 0; }
+    bool IsFramesPerPixel() const { return info.pixelsPerFrame <= 0; }
 
     /// trunc(frame * scale - scrollX), toward zero.
     int FrameToPixel(long long frame) const;
     /// trunc((x + scrollX) / scale), toward zero.
     int PixelToFrame(long long x) const;
     /// trunc(frame * scale - scrollX + numerator / denominator): a position and a fraction of a
-    /// pixel in one truncation. @p denominator is positive.
+    /// pixel in one truncation. @p denominator is 1 to 2^32.
     int FrameToPixelPlus(long long frame, long long numerator, long long denominator) const;
     /// The pixels that @p frames cover from the axis's start, trunc(frames * scale).
     int SpanToPixel(long long frames) const;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <new>
+#include <cstddef>
 #include <vector>
 
 namespace VZ {
@@ -10,27 +10,29 @@ template <class T>
 class CArrayList
 {
 public:
-    /// Appends; 0 on success, 0x80000002 when the storage cannot grow (the list is then unchanged).
+    /// Appends a copy of @p item. @return 0 on success, 0x80000002 when the storage cannot grow or
+    /// the copy cannot be made (the list is then unchanged).
     unsigned int Add(const T& item) noexcept
     {
         try {
             m_items.push_back(item);
         } catch (...) {
-            return 0x80000002u;
+            return kOutOfMemory;
         }
-        return 0;
+        return kSuccess;
     }
 
     /// Empties the list and keeps its storage; always 0.
     unsigned int RemoveAll() noexcept
     {
         m_items.clear();
-        return 0;
+        return kSuccess;
     }
 
     int GetSize() const noexcept { return static_cast<int>(m_items.size()); }
     /// The item at @p index, 0 to GetSize() - 1; not checked.
     const T& operator[](int index) const { return m_items[static_cast<std::size_t>(index)]; }
+    /// True when an item equal to @p item is in the list.
     bool Contains(const T& item) const
     {
         for (const T& each : m_items) {
@@ -44,6 +46,9 @@ public:
     typename std::vector<T>::const_iterator end() const { return m_items.end(); }
 
 private:
+    static constexpr unsigned int kSuccess = 0;
+    static constexpr unsigned int kOutOfMemory = 0x80000002u;
+
     std::vector<T> m_items;
 };
 

@@ -3,7 +3,10 @@
 namespace VZ {
 
 /// A pointer that keeps a reference-counted object alive: one T*, which may be null. T offers
-/// IncrementReferences and DecrementReferences. GUI thread only.
+/// IncrementReferences and DecrementReferences. A new object counts 0 references; the first pointer
+/// that takes it raises that to 1, and the last one that lets go frees it. Never point a
+/// CPointer<CReltedGroupBase> at a key or a key array: it would free them as a plain group. GUI
+/// thread only.
 template <class T>
 class CPointer
 {
@@ -11,12 +14,26 @@ public:
     CPointer() = default;
     CPointer(T* object) : m_object(object) { Hold(m_object); }
     CPointer(const CPointer& other) : m_object(other.m_object) { Hold(m_object); }
+    /// Takes over the reference of @p other, which is null afterwards; the object is not touched,
+    /// so that a vector can shift its pointers without a look at what they point to.
+    CPointer(CPointer&& other) noexcept : m_object(other.m_object) { other.m_object = nullptr; }
     ~CPointer() { Release(m_object); }
 
     CPointer& operator=(const CPointer& other) { return *this = other.m_object; }
 
+    CPointer& operator=(CPointer&& other) noexcept
+    {
+        if (this == &other)
+            return *this;
+        T* const old = m_object;
+        m_object = other.m_object;
+        other.m_object = nullptr;
+        Release(old);
+        return *this;
+    }
+
     /// Holds the new object before it lets the old one go, so that assigning what only the old
-    /// object keeps alive is safe.
+    /// object keeps alive is safe. Assigning the object that is held already changes nothing.
     CPointer& operator=(T* object)
     {
         if (m_object == object)
@@ -30,6 +47,7 @@ public:
 
     T* operator->() const { return m_object; }
     T& operator*() const { return *m_object; }
+    /// The plain pointer, null or valid for as long as this one holds it.
     T* Get() const { return m_object; }
     explicit operator bool() const { return m_object != nullptr; }
 
@@ -41,8 +59,12 @@ public:
     {
         return a.m_object != b.m_object;
     }
+    // Both orders, because a plain pointer on the left would otherwise become a temporary CPointer,
+    // which frees an object that nobody holds yet.
     friend bool operator==(const CPointer& a, const T* b) { return a.m_object == b; }
     friend bool operator!=(const CPointer& a, const T* b) { return a.m_object != b; }
+    friend bool operator==(const T* a, const CPointer& b) { return a == b.m_object; }
+    friend bool operator!=(const T* a, const CPointer& b) { return a != b.m_object; }
 
 private:
     static void Hold(T* object)

@@ -25,46 +25,57 @@ struct TimelineKeySegment
 
 /// One item on a track: a key at one frame, or a clip that starts at a frame and runs for a number
 /// of frames, possibly repeated. Made by the host with new and shared through VZ::CPointer; the
-/// last pointer that lets go deletes it. The order and widths of the members are part of the binary
-/// interface.
+/// last pointer that lets go deletes it. The host assigns the members; the library changes only
+/// `selected`, `displayLength` and, when it moves keys, `frame`. What is called a host value is
+/// stored and copied, and read only where its comment says so. The order and widths of the members
+/// are part of the binary interface. Include CTimelineKeyArray.h to use `subKeys`.
 class KESTOVA_EXPORT CTimelineKey : public CReltedGroupBase
 {
 public:
+    /// A plain key at frame 0 with the defaults named beside the members below, and a count of 0.
     CTimelineKey();
     /// A fresh object: count 0, no segments; sub-keys and group are shared. Used for every
     /// snapshot.
     CTimelineKey(const CTimelineKey& other);
     /// Overwrites in place: everything is copied, the reference count and the segments included.
+    /// The count then no longer says who holds this key, so never assign to a key that several
+    /// pointers hold.
     CTimelineKey& operator=(const CTimelineKey& other);
+    /// Releases the sub-keys and the group.
     virtual ~CTimelineKey();
 
+    /// Adds one reference.
     void IncrementReferences();
-    void DecrementReferences(); ///< the last release deletes through the virtual destructor
+    /// Takes one reference off; the last release deletes the key through its virtual destructor. A
+    /// count of 0 wraps and deletes nothing.
+    void DecrementReferences();
+    /// The number of references held at present.
     unsigned int GetReferences() const;
 
-    QString name;
-    bool hostFlag;
-    int keyType;
-    int frame;
-    bool selected;
-    int kindMask;
-    int transitionFrames;
-    int hostValue1;
-    bool hostSwitch;
-    int clipLength;
-    int hostValue2;
-    int hostValue3;
-    int hostValue4;
-    int displayLength;
-    int loopCount;
-    int hostValue5;
-    int hostValue6;
-    int hostValue7;
-    int lockState;
-    bool alternateStyle;
-    int priority;
-    int relatedCopy;
-    VZ::CPointer<CTimelineKeyArray> subKeys;
-    VZ::CPointer<CReltedGroupBase> group;
-    std::vector<TimelineKeySegment> segments;
+    QString name;         ///< label text; empty
+    bool hostFlag;        ///< not read by the library; false
+    int keyType;          ///< kind as the host classifies it; 4 has a meaning on some tracks; 1
+    int frame;            ///< the key's frame or a clip's first; what a key array is ordered by; 0
+    bool selected;        ///< set only through CTimelineKeyArray's selection operations; false
+    int kindMask;         ///< bits tested against the mask of a selection, and drawing options; 1
+    int transitionFrames; ///< frames of the span drawn before (or after) the key; 0
+    int hostValue1;       ///< on the copies a clip track draws of sub-keys, the clip's frame; 0
+    bool hostSwitch;      ///< a key's bar is drawn only when true; false
+    int clipLength;       ///< frames of one pass; below 1 the key is not a clip; 0
+    int hostValue2;       ///< longest clip length of a speed drag, in frames; 0
+    int hostValue3;       ///< shortest clip length of a speed drag, in frames; 0
+    int hostValue4;       ///< not read by the library; 0
+    int displayLength;    ///< frames drawn of a clip; computed by the key array, never the host; 0
+    int loopCount;        ///< passes of a clip; 1
+    int hostValue5;       ///< not read by the library; 0
+    int hostValue6;       ///< mouth shape on a viseme track; 0
+    int hostValue7;       ///< not read by the library; 0
+    int lockState;        ///< 1 = locked: selection passes over it, drawn in locked colours; 0
+    bool alternateStyle;  ///< drawn in the track's alternate colours; false
+    int priority;         ///< decides which of two keys on one frame is displayed; 100
+    int relatedCopy;      ///< 1 on a copy shown for another track, see RelatedAdd; 0
+    VZ::CPointer<CTimelineKeyArray>
+        subKeys;                          ///< keys inside a clip, owned jointly with the host; null
+    VZ::CPointer<CReltedGroupBase> group; ///< token shared by the keys that belong together; null
+    std::vector<TimelineKeySegment> segments; ///< drawn when kind mask bit 64 is set; none
 };

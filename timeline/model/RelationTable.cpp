@@ -6,6 +6,8 @@ std::vector<CTimelineTrackBase*> RelationTable::SourcesOf(const CTimelineTrackBa
                                                           int kind) const
 {
     std::vector<CTimelineTrackBase*> sources;
+    if (!target)
+        return sources;
     for (const _tmpTLRelatedMap& row : m_rows) {
         if (row.kind != kind || row.tracks.empty() || !row.tracks.front())
             continue;

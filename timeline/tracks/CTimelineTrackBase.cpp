@@ -116,6 +116,20 @@ void CTimelineTrackBase::ClearRangeOrSubSelection()
     }
 }
 
+bool CTimelineTrackBase::CopySelectionToClipboard()
+{
+    KeyVector copies;
+    for (const int index : m_keys->SelectedIndexes()) {
+        if (static_cast<std::size_t>(index) < m_keys->GetSize())
+            copies.emplace_back(new CTimelineKey(*m_keys->GetAt(index)));
+    }
+    if (copies.empty())
+        return false;
+    const int firstFrame = copies.front()->frame;
+    m_clipboard.Fill(copies, firstFrame);
+    return true;
+}
+
 int CTimelineTrackBase::Send(int code, const QVariant& value2, const QVariant& value3)
 {
     return m_owner ? m_owner->OnTrackMessage(code, m_trackId, 0, QVariant(0), value2, value3) : -1;
@@ -135,19 +149,4 @@ void CTimelineTrackBase::leaveEvent(QEvent* event)
     QWidget::leaveEvent(event);
 }
 
-void CTimelineTrackBase::DrawTrack(QPainter*, QRect) {}
-void CTimelineTrackBase::DrawKeys(QPainter*, QRect) {}
-int CTimelineTrackBase::HitTestKey(QPoint)
-{
-    return -1;
-}
-int CTimelineTrackBase::HitTestSubKey(QPoint, int)
-{
-    return -1;
-}
-int CTimelineTrackBase::HitTestRangeMarker(QPoint)
-{
-    return -1;
-}
 void CTimelineTrackBase::BuildContextMenu(QPoint) {}
-void CTimelineTrackBase::CollectDisplayKeys(KeyVector&) {}

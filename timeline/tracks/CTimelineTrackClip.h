@@ -1,13 +1,47 @@
 #pragma once
 
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/ClipEdges.h"
 
-/// A row of clips.
+#include <QCursor>
+
+/// A row of clips: bars with a name, loop dividers and, when selected, the trimmed lead-in. The
+/// same class is the wave row, whose clips are plain outlines over a wave background. Clips are
+/// drawn and their edges dragged; what a drag changes is the owner's business.
 class CTimelineTrackClip : public CTimelineTrackBase
 {
     Q_OBJECT
 public:
+    /// A drag of a clip's edge: which edge, and whether its start has been announced.
+    struct EdgeDrag
+    {
+        ClipEdgeHit edge;
+        bool moved = false;
+    };
+
     CTimelineTrackClip();
     bool Init(QWidget* parent) override;
     void DrawKeys(QPainter* painter, QRect rect) override;
+
+    /// Turns the row into the wave row. To be called after Init and before LoadStyle, since the
+    /// type decides which style is read.
+    void MakeWave();
+
+    /// The clip edge under @p point (row coordinates) that may be dragged in the track's edit
+    /// modes. Asks the owner (message 1212) when both loop and speed editing are allowed.
+    ClipEdgeHit HitTestEdge(QPoint point);
+
+    const EdgeDrag& GetEdgeDrag() const { return m_edgeDrag; }
+    const QCursor& LoopCursor() const { return m_loopCursor; }
+    const QCursor& SpeedCursor() const { return m_speedCursor; }
+    /// The cursor that announces a drag of @p kind: loop for loop edges, speed for speed and trim
+    /// edges, null where there is no edge.
+    const QCursor* CursorFor(int kind) const;
+
+private:
+    ClipEdges Edges() const;
+
+    EdgeDrag m_edgeDrag;
+    QCursor m_loopCursor;
+    QCursor m_speedCursor;
 };

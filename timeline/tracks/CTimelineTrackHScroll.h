@@ -13,10 +13,17 @@ public:
     bool Init(QWidget* parent) override;
     void DrawTrack(QPainter* painter, QRect rect) override;
 
+    // The commands of ScrollThumb. Each announces the changed view to the owner but where it says
+    // otherwise.
+
+    /// Finds the thumb again after zoom, frame count, scroll offset or size were changed elsewhere.
     void SyncThumb(bool force);
     /// Rebuilds the shared frame info from the thumb; sends nothing.
     void PublishFrameInfo();
-    bool ScrollToFrame(int frame, int align); ///< always true
+    /// Brings @p frame into view: to the middle (@p align 0), the right edge (above 0) or the left
+    /// edge (below 0). Sends nothing for a frame that is inside the view already.
+    /// @return always true.
+    bool ScrollToFrame(int frame, int align);
 
     void UnZoom();
     void ZoomIn();
@@ -29,7 +36,10 @@ public:
 
     /// The thumb's edges as fractions of the bar's width.
     void GetScrollInfo(float& left, float& right);
+    /// Does nothing, and sends nothing, unless 0 <= @p left <= @p right <= 1.
     void SetScrollInfo(float left, float right);
+    /// The thumb in the row's own pixels, edges inclusive.
+    const ScrollThumb::Thumb& GetThumb() const { return m_thumb.GetThumb(); }
 
 private:
     /// The arithmetic, brought up to the widget's present size.

@@ -1,0 +1,32 @@
+# What the scripts share; sourced, not run. Leaves the shell in the project's root.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+# install_missing PACKAGE ...: installs the Debian packages that are not there yet.
+install_missing() {
+    local missing=() package
+    for package in "$@"; do
+        if [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
+            missing+=("$package")
+        fi
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    echo "Installing: ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${missing[@]}" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build qtbase5-dev libsimpleini-dev fonts-dejavu-core)
+test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth)
+
+# build PRESET [CMAKE OPTION ...]
+build() {
+    local preset=$1
+    shift
+    cmake --preset "$preset" "$@" >"/tmp/kestova-configure-$preset.$$" 2>&1 ||
+        { cat "/tmp/kestova-configure-$preset.$$"; return 1; }
+    rm -f "/tmp/kestova-configure-$preset.$$"
+    cmake --build --preset "$preset" -- --quiet
+}

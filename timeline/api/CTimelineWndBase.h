@@ -1,0 +1,96 @@
+#pragma once
+
+#include "KestovaExport.h"
+
+#include <QRect>
+
+class CTimelineContainer;
+class QWheelEvent;
+class QWidget;
+
+/// The host's timeline window: a host derives from it to give the timeline its frame, toolbar and
+/// size rules, and makes it in its CTimelineWndFactoryBase. The base makes the timeline widget at
+/// construction and destroys it with itself; the manager puts the widget under the window's own.
+/// GUI thread only. The order of the virtual operations is part of the binary interface.
+class KESTOVA_EXPORT CTimelineWndBase
+{
+public:
+    CTimelineWndBase();
+    /// Windows are not meant to be copied; a copy shares the timeline widget.
+    CTimelineWndBase(const CTimelineWndBase&) = default;
+    CTimelineWndBase& operator=(const CTimelineWndBase&) = default;
+    virtual ~CTimelineWndBase();
+
+    /// Makes what the window is made of; called once, before the timeline widget is placed. False
+    /// gives the window back to the factory.
+    virtual bool CreateWnd() = 0;
+    /// The widget that goes into the dock and that the timeline widget is placed in; the host owns
+    /// it.
+    virtual QWidget* GetWidget() = 0;
+    /// The host asked for an update through the manager.
+    virtual void UpdateWnd() = 0;
+    /// Where in the window's widget the timeline is placed first, in pixels. @p rect arrives empty.
+    virtual void GetInitialGeometry(QRect& rect) = 0;
+    virtual bool EnableWnd(bool enable) = 0;
+    virtual bool ShowWnd(bool show) = 0;
+    virtual bool IsWndVisible() = 0;
+    /// The current frame is now @p frame.
+    virtual void OnCurrentFrameChanged(int frame) = 0;
+    /// The timeline was invalidated; repaint what the window draws itself.
+    virtual void RepaintWnd() = 0;
+    /// The timeline widget stands in the window.
+    virtual void OnAfterCreate() = 0;
+    /// Tracks were shown, hidden or moved; the height that the rows need may have changed.
+    virtual void OnTrackListChanged() = 0;
+    /// The timeline changed in what it shows.
+    virtual void OnTimelineRefreshed() = 0;
+    // Room for the host's own design; never called by the library.
+    virtual void OnHostCommand13() = 0;
+    virtual void OnHostCommand14() = 0;
+    virtual void OnHostCommand15() = 0;
+    virtual void OnHostCommand16() = 0;
+
+    /// The timeline widget, or null when it could not be made.
+    CTimelineContainer* GetContainer() const { return m_container; }
+
+protected:
+    // Commands and queries for the window's own buttons and menus. Without a timeline widget they
+    // do nothing and answer false or 0.
+    bool CanDoZoomIn();
+    bool CanDoZoomOut();
+    bool CanDoZoomAll();
+    bool CanDoUnZoom();
+    void DoZoomIn();
+    void DoZoomOut();
+    void DoZoomAll(); ///< shows the whole frame range; the current frame is not followed
+    void DoUnZoom();  ///< zooms in as far as it goes
+    /// Both answer whether a neighbouring key of the active child track can be selected.
+    bool CanDoSelectNextKey();
+    bool CanDoSelectPreviousKey();
+    void DoSelectNextKey();
+    void DoSelectPreviousKey();
+    /// Makes @p frame current (clamped to the valid frames), brings it into view and tells the
+    /// host.
+    void GotoFrame(int frame);
+
+    // Heights in pixels.
+    int GetTrackHeight() const;     ///< of a plain row
+    int GetWndMinRestraint() const; ///< of the ruler and the scroll bar alone
+    int GetWndMinHeight();          ///< of those and the visible root switch rows
+    int GetWndMaxHeight(
+        bool withWave);     ///< of all rows; with @p withWave, wave rows at three times theirs
+    int GetWndNeedHeight(); ///< of all rows as they stand
+    /// The timeline widget's size in pixels; 0 and 0 without one.
+    void GetWndCurrSize(int& width, int& height);
+    /// Tells the timeline the space it has. False for a negative size.
+    bool WndSizeChanged(int width, int height);
+    bool IsWndVScrollable();                         ///< always false: the host scrolls vertically
+    bool ProcessScrollEventBase(QWheelEvent* event); ///< always false: no wheel event is taken
+    /// Which edit an end-edge drag performs where a track allows both: false loop, true speed.
+    void SetLoopSpeedState(bool speed);
+
+private:
+    friend class CTimelineContainer; // clears the pointer when the widget dies first
+
+    CTimelineContainer* m_container;
+};

@@ -1,0 +1,3 @@
+#include "CTimelineWndFactoryBase.h"
+
+CTimelineWndFactoryBase::~CTimelineWndFactoryBase() = default;

@@ -1,0 +1,125 @@
+#include "container/CTimelineContainer.h"
+
+#include "CTimelineWndBase.h"
+#include "container/CTimelineContainerInterface.h"
+#include "container/QTimelineCaptionArea.h"
+#include "container/TrackMessageDispatch.h"
+#include "library/CallOut.h"
+#include "library/TimelineLibrary.h"
+#include "tracks/CTimelineTrackHScroll.h"
+#include "tracks/CTimelineTrackTick.h"
+
+namespace {
+
+constexpr int kFixedTrackStyle = 1;
+
+} // namespace
+
+CTimelineContainer::CTimelineContainer(CTimelineWndBase* window)
+    : m_window(window), m_layout(TimelineLibrary::Instance().images),
+      m_captions(TimelineLibrary::Instance().images)
+{
+    setSizePolicy(
+        QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding, QSizePolicy::DefaultType));
+    setAccessibleName(QStringLiteral("CTimelineContainer"));
+}
+
+CTimelineContainer::~CTimelineContainer()
+{
+    // The widget may go with its Qt parent before the window that made it.
+    if (m_window)
+        m_window->m_container = nullptr;
+    delete m_scrollTrack;
+    delete m_tickTrack;
+    m_backBuffer.reset();
+    delete m_captionArea;
+}
+
+void CTimelineContainer::Disconnect()
+{
+    m_window = nullptr;
+    m_owner = nullptr;
+}
+
+bool CTimelineContainer::Create(QWidget* parent, const QRect& geometry)
+{
+    setParent(parent);
+    setGeometry(geometry);
+    show();
+    if (!CreateFixedTrack(m_scrollTrack) || !CreateFixedTrack(m_tickTrack))
+        return false;
+    Layout(false);
+    return true;
+}
+
+template <class Track>
+bool CTimelineContainer::CreateFixedTrack(Track*& track)
+{
+    track = new Track;
+    if (!track->Init(this) || !track->LoadStyle(kFixedTrackStyle))
+        return false;
+    track->MarkAsOwnTrack();
+    track->SetOwner(this);
+    track->show();
+    return true;
+}
+
+void CTimelineContainer::NotifyTrackListChanged()
+{
+    const CallOut callOut;
+    if (m_window)
+        m_window->OnTrackListChanged();
+}
+
+void CTimelineContainer::NotifyTimelineRefreshed()
+{
+    const CallOut callOut;
+    if (m_window)
+        m_window->OnTimelineRefreshed();
+}
+
+void CTimelineContainer::UpdateAndNotify()
+{
+    update();
+    NotifyTimelineRefreshed();
+}
+
+int CTimelineContainer::SendToHost(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
+                                   const QVariant& value1, const QVariant& value2,
+                                   const QVariant& value3)
+{
+    const CallOut callOut;
+    return m_owner ? m_owner->OnContainerMessage(code, track, handle, value1, value2, value3) : -1;
+}
+
+int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
+                                 const QVariant& value1, const QVariant& value2)
+{
+    const CallOut callOut;
+    return m_owner ? m_owner->OnContainerTrackEdit(type, tracks, value1, value2) : -1;
+}
+
+int CTimelineContainer::OnTrackMessage(int code, CTimelineTrackBase* track, int number,
+                                       QVariant value1, QVariant value2, QVariant value3)
+{
+    const CallOut callOut;
+    return DispatchTrackMessage(*this, {code, track, number, value1, value2, value3});
+}
+
+bool CTimelineContainer::OnTrackDrop(QDropEvent*, CTimelineTrackBase*)
+{
+    return false;
+}
+
+bool CTimelineContainer::OnTrackDragCheck(QDropEvent*, CTimelineTrackBase*, int)
+{
+    return false;
+}
+
+void CTimelineContainer::FocusContainer()
+{
+    const CallOut callOut;
+    if (QWidget* const widget = m_window ? m_window->GetWidget() : nullptr)
+        widget->setFocus(Qt::OtherFocusReason);
+    setFocus(Qt::OtherFocusReason);
+}

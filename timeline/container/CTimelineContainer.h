@@ -1,0 +1,156 @@
+#pragma once
+
+#include "CArrayList.h"
+#include "KestovaExport.h"
+#include "TimelineEnums.h"
+#include "container/CaptionColumn.h"
+#include "container/DropFileRules.h"
+#include "container/RowLayout.h"
+#include "container/TrackTree.h"
+#include "tracks/CTimelineTrackBaseInterface.h"
+
+#include <QMutex>
+#include <QPixmap>
+#include <QVariant>
+#include <QWidget>
+
+#include <memory>
+
+class CTimelineContainerInterface;
+class CTimelineTrackHScroll;
+class CTimelineTrackTick;
+class CTimelineWndBase;
+class FrameAxis;
+class QTimelineCaptionArea;
+
+/// The timeline widget: it holds the tree of rows between the ruler and the scroll bar, lays them
+/// out, paints them with their captions, keeps the frame axis and turns what tracks report into
+/// messages for its owner. Made by the window base, destroyed with it; its Qt parent is the
+/// window's widget. Host tracks are its children while they are shown, and are never deleted by it.
+/// GUI thread only.
+class CTimelineContainer : public QWidget, private CTimelineTrackBaseInterface
+{
+    Q_OBJECT
+public:
+    explicit CTimelineContainer(CTimelineWndBase* window);
+    ~CTimelineContainer() override;
+
+    /// Puts the widget under @p parent at @p geometry, shows it and makes the ruler and the scroll
+    /// bar. False when one of them cannot be made (the skin lacks its style).
+    bool Create(QWidget* parent, const QRect& geometry);
+    void SetOwnerInterface(CTimelineContainerInterface* owner) { m_owner = owner; }
+    /// Forgets window and owner for good: nothing is called any more.
+    void Disconnect();
+
+    // ---- The tree ----
+    bool ShowRootTrack(CTimelineTrackBase* root, unsigned int index, bool notify);
+    bool ShowChildTrack(CTimelineTrackBase* root, CTimelineTrackBase* child, unsigned int index,
+                        bool notify);
+    bool HideRootTrack(CTimelineTrackBase* root, QWidget* parking, bool relayout, bool notify);
+    bool HideChildTrack(CTimelineTrackBase* child, QWidget* parking, bool relayout, bool notify);
+    bool DeleteAllTrack(QWidget* parking); ///< hides all; deletes none
+    bool SetRootTrackSortIndex(CTimelineTrackBase* root, unsigned int index, bool relayout,
+                               bool notify);
+    bool SetChildTrackSortIndex(CTimelineTrackBase* child, unsigned int index, bool relayout,
+                                bool notify);
+    const TrackTree& Tree() const { return m_tree; }
+
+    // ---- Activation and selection across tracks ----
+    bool SetActiveRootTrack(CTimelineTrackBase* root);
+    bool SetActiveChildTrack(CTimelineTrackBase* child);
+    /// What a click on a row does: makes it active, takes the focus and tells the host. The ruler
+    /// and the scroll bar are left alone. @return whether the host's side answered non-zero.
+    bool ActivateTrack(CTimelineTrackBase* track);
+    /// Clears the key selection of every track but @p except and tells the host.
+    void ClearKeySelectionExcept(const CTimelineTrackBase* except);
+    void GetSelectedKeyTrack(VZ::CArrayList<CTimelineTrackBase*>& tracks) const;
+
+    // ---- Layout ----
+    void Layout(bool fit);
+    void RefreshRows();             ///< re-places the rows inside the container's present size
+    void Refresh(bool immediately); ///< repaints at once or from the event loop
+    void InvalidateTimeline();      ///< a new layout, and the painters look at everything afresh
+    bool WndSizeChanged(int width, int height);
+    int GetTrackHeight() const;
+    int GetWndMinRestraint() const;
+    int GetWndMinHeight();
+    int GetWndMaxHeight(bool withWave);
+    int GetWndNeedHeight() const;
+    void GetWndCurrSize(int& width, int& height) const;
+
+    // ---- Frames and view ----
+    void SetFrameCount(int count);
+    void SetCurrentFrame(int frame);
+    int GetCurrentFrame() const;
+    void GotoFrame(int frame);
+    void SetTimeMarkFrame(int start, int end);
+    void GetTimeMarkFrame(int& start, int& end) const;
+    bool ScrollToFrame(int frame, int align);
+    void GetScrollInfo(float& left, float& right) const;
+    void SetScrollInfo(float left, float right);
+    bool CanDoZoomIn() const;
+    bool CanDoZoomOut() const;
+    bool CanDoZoomAll() const;
+    bool CanDoUnZoom() const;
+    void DoZoomIn();
+    void DoZoomOut();
+    void DoZoomAll();
+    void DoUnZoom();
+
+    /// Which edit an end-edge drag performs where a track allows both: false loop, true speed.
+    void SetLoopSpeedState(bool speed) { m_loopSpeedState = speed; }
+    bool GetLoopSpeedState() const { return m_loopSpeedState; }
+
+    // ---- Dropped files ----
+    void SetDropFilters(const DropFileRules::Filters& filters) { m_dropRules.SetFilters(filters); }
+    /// Activates the track, clears the selection of all others and selects the clip that starts at
+    /// the current frame, when there is one.
+    void SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase* track);
+
+    // ---- For the parts that the container is made of ----
+    CTimelineTrackTick* TickTrack() const { return m_tickTrack; }
+    CTimelineTrackHScroll* ScrollTrack() const { return m_scrollTrack; }
+    const RowLayout& Rows() const { return m_layout; }
+    bool HasOwner() const { return m_owner != nullptr; }
+    int SendToHost(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
+                   const QVariant& value1 = QVariant(0), const QVariant& value2 = QVariant(0),
+                   const QVariant& value3 = QVariant(0));
+    int SendEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
+                 const QVariant& value1, const QVariant& value2);
+    int OnTrackMessage(int code, CTimelineTrackBase* track, int number, QVariant value1,
+                       QVariant value2, QVariant value3) override;
+    void NotifyTimelineRefreshed();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    bool OnTrackDrop(QDropEvent* event, CTimelineTrackBase* track) override;
+    bool OnTrackDragCheck(QDropEvent* event, CTimelineTrackBase* track, int frame) override;
+
+    template <class Track>
+    bool CreateFixedTrack(Track*& track);
+    void Attach(CTimelineTrackBase* track);
+    void Detach(CTimelineTrackBase* track, QWidget* parking);
+    void NotifyTrackListChanged();
+    void UpdateAndNotify();
+    void FocusContainer();
+    void Paint(QPainter& painter, int width, int height);
+    int PaintRow(QPainter& painter, CTimelineTrackBase& track, int y);
+
+    CTimelineWndBase* m_window;
+    CTimelineContainerInterface* m_owner = nullptr;
+    CTimelineTrackHScroll* m_scrollTrack = nullptr;
+    CTimelineTrackTick* m_tickTrack = nullptr;
+    TrackTree m_tree;
+    RowLayout m_layout;
+    CaptionColumn m_captions;
+    DropFileRules m_dropRules;
+    std::unique_ptr<QPixmap> m_backBuffer;
+    QMutex m_paintMutex;
+    QTimelineCaptionArea* m_captionArea = nullptr;
+    bool m_loopSpeedState = false;
+    int m_layoutDepth = 0;
+};

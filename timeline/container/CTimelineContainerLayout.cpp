@@ -1,0 +1,203 @@
+// The container's sizes and painting: layout of the rows, the window's height queries, and the
+// paint.
+
+#include "container/CTimelineContainer.h"
+
+#include "CTimelineWndBase.h"
+#include "container/QTimelineCaptionArea.h"
+#include "library/CallOut.h"
+#include "library/TimelineLibrary.h"
+#include "tracks/CTimelineTrackHScroll.h"
+#include "tracks/CTimelineTrackSwitch.h"
+#include "tracks/CTimelineTrackTick.h"
+
+#include <QMutexLocker>
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace {
+
+// A layout resizes the container, and a host that resizes back or asks for another layout from its
+// notification would start over without end.
+constexpr int kDeepestLayout = 4;
+
+} // namespace
+
+void CTimelineContainer::Layout(bool fit)
+{
+    if (!m_scrollTrack || !m_tickTrack || m_layoutDepth >= kDeepestLayout)
+        return;
+    const CallOut callOut;
+    ++m_layoutDepth;
+    if (!m_captionArea) {
+        m_captionArea = new QTimelineCaptionArea(this);
+        m_captionArea->show();
+    }
+    m_scrollTrack->raise();
+    m_tickTrack->raise();
+
+    if (fit) {
+        for (const auto& record : m_tree.Records()) {
+            if (auto* const switchTrack = qobject_cast<CTimelineTrackSwitch*>(record->root))
+                switchTrack->RefreshButtonState();
+        }
+    }
+    const RowLayout::Plan plan = m_layout.Compute(m_tree, size(), fit);
+    m_scrollTrack->SetRowHeight(plan.scrollRect.height());
+    m_scrollTrack->setGeometry(plan.scrollRect);
+    m_scrollTrack->SyncThumb(false);
+    m_tickTrack->SetRowHeight(plan.tickRect.height());
+    m_tickTrack->setGeometry(plan.tickRect);
+    m_captionArea->setGeometry(plan.captionRect);
+    for (const RowLayout::Row& row : plan.rows) {
+        row.track->SetRowHeight(row.rect.height());
+        row.track->setGeometry(row.rect);
+        row.track->setVisible(row.shown);
+    }
+    // One pixel more than the layout: the bottom line below the scroll bar.
+    resize(width(), plan.height + 1);
+    UpdateAndNotify();
+    --m_layoutDepth;
+}
+
+void CTimelineContainer::RefreshRows()
+{
+    if (!m_scrollTrack || !m_tickTrack)
+        return;
+    const int right = rect().right() - rect().left() -
+                      TimelineLibrary::Instance().images.Picture(kCaptionPictures, 0).width();
+    const int top = m_layout.TickCaptionSize().height();
+    int y = top;
+    for (CTimelineTrackBase* const track : m_tree.Rows()) {
+        const int h = m_layout.RowHeight(*track);
+        track->setGeometry(
+            QRect(QPoint(m_layout.CaptionSize(*track).width(), y), QPoint(right - 1, y + h - 1)));
+        const bool shown = y + h >= top && y <= rect().bottom() - rect().top();
+        track->setVisible(shown);
+        track->SetAttached(shown);
+        y += h;
+    }
+}
+
+void CTimelineContainer::Refresh(bool immediately)
+{
+    if (immediately)
+        repaint();
+    else
+        update();
+}
+
+void CTimelineContainer::InvalidateTimeline()
+{
+    if (m_layoutDepth == 0)
+        Layout(false);
+    Refresh(false);
+}
+
+bool CTimelineContainer::WndSizeChanged(int width, int height)
+{
+    if (width < 0 || height < 0)
+        return false;
+    m_layout.FitVariableRow(m_tree, height);
+    Layout(false);
+    return true;
+}
+
+void CTimelineContainer::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_layout.FitVariableRow(m_tree, event->size().height());
+    Layout(true);
+}
+
+void CTimelineContainer::showEvent(QShowEvent* event)
+{
+    const QMutexLocker locker(&m_paintMutex);
+    if (!m_backBuffer || m_backBuffer->size() != size())
+        m_backBuffer = std::make_unique<QPixmap>(size());
+    m_backBuffer->fill(Qt::white);
+    QWidget::showEvent(event);
+}
+
+int CTimelineContainer::GetTrackHeight() const
+{
+    return m_layout.TrackHeight();
+}
+int CTimelineContainer::GetWndMinRestraint() const
+{
+    return m_layout.FixedHeight();
+}
+
+int CTimelineContainer::GetWndMinHeight()
+{
+    const int height = m_layout.MinimumHeight(m_tree);
+    setMinimumHeight(height);
+    return height;
+}
+
+int CTimelineContainer::GetWndMaxHeight(bool withWave)
+{
+    return m_layout.MaximumHeight(m_tree, withWave);
+}
+
+int CTimelineContainer::GetWndNeedHeight() const
+{
+    return m_layout.NeededHeight(m_tree);
+}
+
+void CTimelineContainer::GetWndCurrSize(int& width, int& height) const
+{
+    width = this->width();
+    height = this->height();
+}
+
+void CTimelineContainer::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.setBackground(QBrush(Qt::white));
+    painter.setClipRegion(event->region());
+    // Held for the whole paint; nothing below may repaint or call the host.
+    const QMutexLocker locker(&m_paintMutex);
+    Paint(painter, width(), height());
+}
+
+void CTimelineContainer::Paint(QPainter& painter, int width, int height)
+{
+    m_captions.BeginPaint();
+    if (!m_scrollTrack || !m_tickTrack)
+        return;
+    if (m_captionArea)
+        m_captionArea->raise();
+    const QFont font = painter.font();
+    painter.setBackgroundMode(Qt::TransparentMode);
+
+    const QSize tickCaption = m_layout.TickCaptionSize();
+    int y = tickCaption.height();
+    for (CTimelineTrackBase* const track : m_tree.Rows()) {
+        // A row that is not shown takes no room.
+        if (track->testAttribute(Qt::WA_WState_Visible))
+            y += PaintRow(painter, *track, y);
+    }
+    painter.setFont(font);
+
+    const QSize scrollCaption = m_layout.ScrollCaptionSize();
+    m_tickTrack->DrawTrack(&painter, QRect(QPoint(tickCaption.width(), 0),
+                                           QPoint(width - 1, tickCaption.height() - 1)));
+    m_scrollTrack->DrawTrack(
+        &painter, QRect(QPoint(scrollCaption.width(), height - 1 - scrollCaption.height()),
+                        QPoint(width - 1, height - 2)));
+    painter.drawPixmap(0, 0, TimelineLibrary::Instance().images.Picture(kCaptionPictures, 3));
+}
+
+int CTimelineContainer::PaintRow(QPainter& painter, CTimelineTrackBase& track, int y)
+{
+    const QPixmap& caption = m_captions.CaptionPicture(track);
+    const bool isWave = track.GetTrackType() == TL_TRACK_WAVE;
+    const int h = isWave ? m_layout.VariableRowHeight() : caption.height();
+    const QRect row(QPoint(caption.width(), y), QPoint(width() - 1, y + h - 1));
+    const QRect exposed = painter.clipBoundingRect().toAlignedRect();
+    if (exposed.intersects(row))
+        track.DrawTrack(&painter, row);
+    m_captions.PaintRow(painter, track, y, h);
+    return h;
+}

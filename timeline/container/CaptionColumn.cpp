@@ -1,0 +1,164 @@
+#include "container/CaptionColumn.h"
+
+#include "skin/ImageTables.h"
+#include "tracks/CTimelineTrackBase.h"
+
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace {
+
+constexpr int kFirstRowCaptionPicture = 4;
+constexpr int kPushButton = 0;
+constexpr int kToggleButton = 1;
+constexpr int kPicturesPerPushButton = 3;
+constexpr int kPicturesPerToggleButton = 4;
+constexpr int kRememberedTexts = 4096;
+
+struct Abbreviation
+{
+    const char* word;
+    const char* shortForm;
+};
+// Only the word that the caption starts with is shortened, but wherever it occurs.
+constexpr Abbreviation kAbbreviations[] = {{"Right", "R"}, {"Left", "L"}, {"Upper", "Up"}};
+
+QString Abbreviated(QString text)
+{
+    for (const Abbreviation& abbreviation : kAbbreviations) {
+        const QLatin1String word(abbreviation.word);
+        if (text.startsWith(word))
+            return text.replace(word, QLatin1String(abbreviation.shortForm));
+    }
+    return text;
+}
+
+int SingleLineWidth(const QFontMetrics& metrics, const QString& text)
+{
+    return metrics.size(Qt::TextSingleLine, text).width();
+}
+
+} // namespace
+
+const QPixmap& CaptionColumn::CaptionPicture(const CTimelineTrackBase& track) const
+{
+    const auto* style = track.StyleAs<TrackStyle>();
+    if (!style)
+        return m_images.Picture(-1, -1);
+    const CaptionStyle& caption = style->caption;
+    const int bitmapId = track.IsActive() ? caption.bitmapFocusId : caption.bitmapId;
+    return m_images.Picture(kCaptionPictures, kFirstRowCaptionPicture + bitmapId);
+}
+
+void CaptionColumn::BeginPaint()
+{
+    m_tooltipAreas.clear();
+    m_tooltipRegion = QRect();
+}
+
+QString CaptionColumn::TooltipAt(QPoint point) const
+{
+    if (!m_tooltipRegion.contains(point))
+        return QString();
+    for (const TooltipArea& area : m_tooltipAreas) {
+        if (area.rect.contains(point))
+            return area.text;
+    }
+    return QString();
+}
+
+QString CaptionColumn::ShortenedText(const QString& caption, const QFontMetrics& metrics, int width)
+{
+    const QString text = Abbreviated(caption);
+    if (SingleLineWidth(metrics, text) <= width)
+        return text;
+    for (int n = text.length(); n > 0; --n) {
+        const QString candidate = text.left(n) + QLatin1String("...");
+        if (SingleLineWidth(metrics, candidate) <= width)
+            return candidate;
+    }
+    return QStringLiteral("...");
+}
+
+const QString& CaptionColumn::ShownText(const QString& caption, const QFont& font, int width)
+{
+    if (m_shownTexts.size() > kRememberedTexts)
+        m_shownTexts.clear();
+    const QString key =
+        font.key() + QLatin1Char('\n') + QString::number(width) + QLatin1Char('\n') + caption;
+    auto found = m_shownTexts.find(key);
+    if (found == m_shownTexts.end())
+        found = m_shownTexts.insert(key, ShortenedText(caption, QFontMetrics(font), width));
+    return found.value();
+}
+
+const QPixmap& CaptionColumn::ButtonPicture(const CaptionButtonStyle& button) const
+{
+    if (button.type == kPushButton)
+        return m_images.Picture(kPushButtonPictures,
+                                button.bitmapId * kPicturesPerPushButton + button.state);
+    if (button.type == kToggleButton)
+        return m_images.Picture(kToggleButtonPictures,
+                                button.bitmapId * kPicturesPerToggleButton + button.state);
+    return m_images.Picture(-1, -1);
+}
+
+void CaptionColumn::PaintWaveGround(QPainter& painter, const WaveTrackStyle& wave,
+                                    const QRect& rect) const
+{
+    painter.fillRect(rect, wave.captionFill.brush);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(wave.captionBorder.pen);
+    painter.drawRect(rect.adjusted(0, 0, -1, -1));
+    painter.setPen(wave.captionTop.pen);
+    painter.drawLine(rect.topLeft(), rect.topRight());
+    painter.setPen(wave.captionBottomUpper.pen);
+    painter.drawLine(rect.left(), rect.bottom() - 1, rect.right(), rect.bottom() - 1);
+    painter.setPen(wave.captionBottom.pen);
+    painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+    painter.setPen(wave.captionLeft.pen);
+    painter.drawLine(rect.topLeft(), rect.bottomLeft());
+}
+
+void CaptionColumn::PaintText(QPainter& painter, const CTimelineTrackBase& track,
+                              const CaptionStyle& caption, int y, int h)
+{
+    const CTimelineTrackBase* parent = track.GetParentTrack();
+    const bool focused = track.IsActive() && parent && parent->IsActive();
+    QFont font = caption.font;
+    font.setWeight(track.IsActive() ? QFont::Bold : QFont::Normal);
+    painter.setFont(font);
+    painter.setPen((focused ? caption.textColourFocus : caption.textColour).ToColor());
+
+    // The second component of the text position is the box's right edge, not a vertical place.
+    const QRect box(QPoint(caption.textPos.x(), y), QPoint(caption.textPos.y() - 1, y + h - 1));
+    m_tooltipAreas.push_back({box, track.GetCaption()});
+    m_tooltipRegion |= box;
+
+    const int pointSize = QFontInfo(painter.font()).pointSize();
+    const int baseline =
+        box.top() + static_cast<int>((box.bottom() - box.top() - pointSize) * 0.5) + pointSize;
+    painter.drawText(box.left(), baseline, ShownText(track.GetCaption(), font, box.width()));
+}
+
+void CaptionColumn::PaintRow(QPainter& painter, const CTimelineTrackBase& track, int y, int h)
+{
+    const auto* style = track.StyleAs<TrackStyle>();
+    if (!style)
+        return;
+    const CaptionStyle& caption = style->caption;
+    const QPixmap& picture = CaptionPicture(track);
+    if (const auto* wave = dynamic_cast<const WaveTrackStyle*>(style))
+        PaintWaveGround(painter, *wave, QRect(0, y, picture.width(), h));
+    else
+        painter.drawPixmap(0, y, picture);
+
+    if (!track.GetCaption().isEmpty())
+        PaintText(painter, track, caption, y, h);
+
+    for (const CaptionButtonStyle& button : style->captionButtons) {
+        const QPixmap& buttonPicture = ButtonPicture(button);
+        painter.drawPixmap(button.position, y + (h - buttonPicture.height()) / 2, buttonPicture);
+    }
+}

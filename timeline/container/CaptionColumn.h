@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QHash>
+#include <QRect>
+#include <QString>
+
+#include <vector>
+
+class CTimelineTrackBase;
+class ImageTables;
+class QFont;
+class QFontMetrics;
+class QPainter;
+struct CaptionButtonStyle;
+struct CaptionStyle;
+struct WaveTrackStyle;
+class QPixmap;
+
+/// The left column: paints the caption of one row at a time and remembers, for tooltips, where the
+/// full text of each caption belongs.
+class CaptionColumn
+{
+public:
+    struct TooltipArea
+    {
+        QRect rect;
+        QString text;
+    };
+
+    explicit CaptionColumn(const ImageTables& images) : m_images(images) {}
+
+    /// The row's caption picture: the focused one while the track is active. Its height is the
+    /// height that the row is painted with (but for wave rows), its width where the row proper
+    /// begins.
+    const QPixmap& CaptionPicture(const CTimelineTrackBase& track) const;
+
+    void BeginPaint(); ///< forgets the tooltips of the paint before
+    /// Paints the caption of @p track in the row that starts at y and is h pixels high.
+    void PaintRow(QPainter& painter, const CTimelineTrackBase& track, int y, int h);
+
+    /// The full caption at @p point of the column; empty for none.
+    QString TooltipAt(QPoint point) const;
+    const std::vector<TooltipArea>& TooltipAreas() const { return m_tooltipAreas; }
+
+    /// The caption as it is shown in @p width pixels: a leading "Right", "Left" or "Upper" is
+    /// shortened throughout, and what is still too long ends in "...".
+    static QString ShortenedText(const QString& caption, const QFontMetrics& metrics, int width);
+
+    /// The picture of a button in its present state; an empty one for a type without pictures.
+    const QPixmap& ButtonPicture(const CaptionButtonStyle& button) const;
+
+private:
+    void PaintWaveGround(QPainter& painter, const WaveTrackStyle& wave, const QRect& rect) const;
+    void PaintText(QPainter& painter, const CTimelineTrackBase& track, const CaptionStyle& caption,
+                   int y, int h);
+    const QString& ShownText(const QString& caption, const QFont& font, int width);
+
+    const ImageTables& m_images;
+    std::vector<TooltipArea> m_tooltipAreas;
+    QRect m_tooltipRegion;
+    // Shortening measures a text many times over; its result depends on nothing but this key.
+    QHash<QString, QString> m_shownTexts;
+};

@@ -1,0 +1,171 @@
+#include "container/KeyNavigation.h"
+
+#include "container/CTimelineContainer.h"
+#include "library/CallOut.h"
+#include "tracks/CTimelineTrackBase.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+
+using KeyPointer = VZ::CPointer<CTimelineKey>;
+using ArrayPointer = VZ::CPointer<CTimelineKeyArray>;
+
+constexpr int kLocked = 1;
+constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
+
+void Report(CTimelineContainer& container, int code, CTimelineTrackBase* track)
+{
+    container.OnTrackMessage(code, track, 0, QVariant(0), QVariant(0), QVariant(0));
+}
+
+bool HasSubKeys(const CTimelineKey& key)
+{
+    return key.subKeys && key.subKeys->GetSize() > 0;
+}
+
+bool NavigatesSubKeys(const CTimelineTrackBase& track)
+{
+    const CTimelineKeyArray& keys = track.Keys();
+    return track.HasEditMode(TL_EDIT_SUB_KEYS) && keys.GetSize() > 0 &&
+           HasSubKeys(*keys.Keys().front());
+}
+
+/// The clip whose sub-keys are walked, or null.
+KeyPointer NavigatedClip(const CTimelineTrackBase& track)
+{
+    const CTimelineKeyArray& keys = track.Keys();
+    const std::vector<int>& selection = keys.SelectedIndexes();
+    if (!selection.empty() && static_cast<std::size_t>(selection.front()) < keys.GetSize()) {
+        const KeyPointer clip = keys.GetAt(selection.front());
+        if (HasSubKeys(*clip))
+            return clip;
+    }
+    const auto found = std::find_if(keys.Keys().begin(), keys.Keys().end(),
+                                    [](const KeyPointer& key) { return HasSubKeys(*key); });
+    return found == keys.Keys().end() ? KeyPointer() : *found;
+}
+
+int IndexOf(const CTimelineKeyArray& keys, const CTimelineKey* key)
+{
+    const auto& all = keys.Keys();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [key](const KeyPointer& each) { return each == key; });
+    return found == all.end() ? -1 : static_cast<int>(found - all.begin());
+}
+
+/// What is walked: a track's own keys, or the sub-keys of one of its clips, whose frames count from
+/// the clip's. It keeps its keys alive while the host is called.
+class Walk
+{
+public:
+    Walk(CTimelineContainer& container, CTimelineTrackBase& track)
+        : m_container(container), m_track(&track)
+    {
+        if (!NavigatesSubKeys(track))
+            return;
+        m_clip = NavigatedClip(track);
+        m_subKeys = m_clip->subKeys;
+    }
+
+    CTimelineKeyArray& Keys() const { return m_subKeys ? *m_subKeys : m_track->Keys(); }
+    int Offset() const { return m_clip ? m_clip->frame : 0; }
+    int CurrentFrame() const { return m_container.GetCurrentFrame() - Offset(); }
+    bool IsTrackAlive() const { return !m_track.isNull(); }
+
+    void Goto(const CTimelineKey& key) { m_container.GotoFrame(key.frame + Offset()); }
+
+    /// Makes @p key the only selected one and reports it; the key may have moved or gone meanwhile.
+    void Select(const CTimelineKey* key)
+    {
+        Keys().ClearAllSelection();
+        Report(m_container, 1103, m_track);
+        if (!m_track)
+            return;
+        const int index = IndexOf(Keys(), key);
+        if (index < 0)
+            return;
+        Keys().SelAdd(index);
+        Keys().GetAt(index)->selected = true;
+        Report(m_container, 1102, m_track);
+    }
+
+private:
+    CTimelineContainer& m_container;
+    QPointer<CTimelineTrackBase> m_track;
+    KeyPointer m_clip;
+    ArrayPointer m_subKeys;
+};
+
+/// The index to select, or -1 when there is no key that may be.
+int PreviousIndex(const CTimelineKeyArray& keys, int currentFrame)
+{
+    const int count = static_cast<int>(keys.GetSize());
+    if (count == 0)
+        return -1;
+    int index = 0;
+    if (keys.SelGetSize() > 0) {
+        index = keys.SelGetAt(0);
+    } else {
+        bool found = false;
+        keys.GetInsertIndex(currentFrame, true, index, found);
+    }
+    --index;
+    // A track whose keys are all locked has nothing to select: one round, no more.
+    for (int step = 0; step < count; ++step, --index) {
+        if (index < 0 || index >= count)
+            index = count - 1;
+        if (keys.GetAt(index)->lockState != kLocked)
+            return index;
+    }
+    return -1;
+}
+
+CTimelineTrackBase* TrackOrActive(const CTimelineContainer& container, CTimelineTrackBase* track)
+{
+    return track ? track : container.Tree().ActiveChild();
+}
+
+} // namespace
+
+bool CanSelectNeighbourKey(const CTimelineContainer& container, const CTimelineTrackBase* track)
+{
+    if (!track)
+        track = container.Tree().ActiveChild();
+    return track && track->Keys().GetSize() > 0;
+}
+
+void SelectNextKey(CTimelineContainer& container, CTimelineTrackBase* track)
+{
+    track = TrackOrActive(container, track);
+    if (!track || track->Keys().GetSize() == 0)
+        return;
+    const CallOut callOut;
+    Walk walk(container, *track);
+    const auto& keys = walk.Keys().Keys();
+    const int reference = walk.CurrentFrame();
+    const auto next = std::find_if(keys.begin(), keys.end(), [reference](const KeyPointer& key) {
+        return key->frame > reference;
+    });
+    const KeyPointer target = next == keys.end() ? keys.front() : *next;
+    walk.Goto(*target);
+    if (walk.IsTrackAlive())
+        walk.Select(target.Get());
+}
+
+void SelectPreviousKey(CTimelineContainer& container, CTimelineTrackBase* track)
+{
+    track = TrackOrActive(container, track);
+    if (!track)
+        return;
+    const CallOut callOut;
+    Walk walk(container, *track);
+    const int index = PreviousIndex(walk.Keys(), walk.CurrentFrame());
+    if (index < 0)
+        return;
+    const KeyPointer target = walk.Keys().GetAt(index);
+    walk.Select(target.Get());
+    walk.Goto(*target);
+}

@@ -1,0 +1,217 @@
+// The selection, the move set and the moving of selected keys.
+//
+// The selection list can hold indexes past the last key (see RemoveAt(int)). Loops here pass over
+// them and leave the list as it is.
+
+#include "AscendingSearch.h"
+#include "CTimelineKeyArray.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace {
+constexpr unsigned int kEveryKind = 0xFFFFFFFFu;
+constexpr int kLocked = 1;
+
+int ShiftedFrame(int frame, int delta)
+{
+    return static_cast<int>(std::clamp<std::int64_t>(std::int64_t{frame} + delta,
+                                                     std::numeric_limits<int>::min(),
+                                                     std::numeric_limits<int>::max()));
+}
+
+bool PassesMask(const CTimelineKey& key, unsigned int mask)
+{
+    return mask == kEveryKind || (static_cast<unsigned int>(key.kindMask) & mask) != 0;
+}
+} // namespace
+
+// --- Selecting
+// ------------------------------------------------------------------------------------
+
+bool CTimelineKeyArray::SetSelection(int frameA, int frameB, bool select, unsigned int mask)
+{
+    if (m_keys.empty())
+        return false;
+    const auto [low, high] = std::minmax(frameA, frameB);
+
+    bool found = false;
+    int first = 0;
+    GetInsertIndex(low, true, first, found);
+    if (!IsKeyIndex(first) || high < m_keys.front()->frame)
+        return true;
+
+    int last = 0;
+    GetInsertIndex(high, false, last, found);
+    if (!found)
+        --last;
+    SelectIndexes(first, last, select, mask);
+    return true;
+}
+
+bool CTimelineKeyArray::SetSelectionByIndex(int first, int last, bool select, unsigned int)
+{
+    if (!IsKeyIndex(first) || !IsKeyIndex(last))
+        return false;
+    SelectIndexes(first, last, select, kEveryKind);
+    return true;
+}
+
+/// Selects or deselects the keys from @p first to @p last, none if first > last. The keys' flags
+/// are set one by one; the list takes all changes at once, so that a range costs no more than its
+/// length and the entries behind it.
+void CTimelineKeyArray::SelectIndexes(int first, int last, bool select, unsigned int mask)
+{
+    std::vector<int> changed;
+    for (int index = first; index <= last; ++index) {
+        CTimelineKey& key = *KeyAt(index);
+        if (!PassesMask(key, mask) || key.selected == select || key.lockState == kLocked)
+            continue;
+        key.selected = select;
+        changed.push_back(index);
+    }
+    if (changed.empty())
+        return;
+
+    const auto begin = std::lower_bound(m_selection.begin(), m_selection.end(), changed.front());
+    const auto end = std::upper_bound(begin, m_selection.end(), changed.back());
+    std::vector<int> entries;
+    entries.reserve(changed.size() + static_cast<std::size_t>(end - begin));
+    if (select)
+        std::set_union(begin, end, changed.begin(), changed.end(), std::back_inserter(entries));
+    else
+        std::set_difference(begin, end, changed.begin(), changed.end(),
+                            std::back_inserter(entries));
+    m_selection.insert(m_selection.erase(begin, end), entries.begin(), entries.end());
+}
+
+void CTimelineKeyArray::ClearAllSelection()
+{
+    // Emptied first, so that sub-keys that lead back to this array find nothing left to do.
+    const std::vector<int> entries = std::exchange(m_selection, {});
+    for (int index : entries) {
+        if (!IsKeyIndex(index))
+            continue;
+        CTimelineKey& key = *KeyAt(index);
+        key.selected = false;
+        if (key.subKeys)
+            key.subKeys->ClearAllSelection();
+    }
+}
+
+/// Takes the selection anew from the keys' `selected` members.
+void CTimelineKeyArray::RebuildSelection()
+{
+    m_selection.clear();
+    for (std::size_t i = 0; i < m_keys.size(); ++i) {
+        if (m_keys[i]->selected)
+            m_selection.push_back(static_cast<int>(i));
+    }
+}
+
+// --- The selection list
+// ---------------------------------------------------------------------------
+
+int CTimelineKeyArray::SelAdd(int keyIndex)
+{
+    int position = 0;
+    bool found = false;
+    SelGetInsertIndex(keyIndex, position, found);
+    if (!found)
+        m_selection.insert(m_selection.begin() + position, keyIndex);
+    return position;
+}
+
+void CTimelineKeyArray::SelGetInsertIndex(int keyIndex, int& position, bool& found) const
+{
+    const auto entryAt = [this](int at) { return m_selection[static_cast<std::size_t>(at)]; };
+    const SearchResult result =
+        SearchAscending(static_cast<int>(m_selection.size()), keyIndex, entryAt);
+    position = result.index;
+    found = result.found;
+}
+
+int CTimelineKeyArray::SelHitKey(int keyIndex) const
+{
+    int position = 0;
+    bool found = false;
+    SelGetInsertIndex(keyIndex, position, found);
+    return found ? position : -1;
+}
+
+int CTimelineKeyArray::SelGetAt(int position) const
+{
+    return m_selection[static_cast<std::size_t>(position)];
+}
+
+VZ::CPointer<CTimelineKey> CTimelineKeyArray::SelGetKeyAt(int position) const
+{
+    const int index = SelGetAt(position);
+    return IsKeyIndex(index) ? KeyAt(index) : VZ::CPointer<CTimelineKey>();
+}
+
+std::size_t CTimelineKeyArray::SelGetSize() const
+{
+    return m_selection.size();
+}
+
+// --- Moving
+// ---------------------------------------------------------------------------------------
+
+void CTimelineKeyArray::SetSelToMove()
+{
+    m_moveSet.clear();
+    for (int index : m_selection) {
+        if (IsKeyIndex(index))
+            m_moveSet.emplace_back(new CTimelineKey(*KeyAt(index)));
+    }
+}
+
+VZ::CPointer<CTimelineKey> CTimelineKeyArray::MoveGetAt(int position) const
+{
+    return m_moveSet[static_cast<std::size_t>(position)];
+}
+
+std::size_t CTimelineKeyArray::MoveGetSize() const
+{
+    return m_moveSet.size();
+}
+
+void CTimelineKeyArray::ClearAllMove()
+{
+    m_moveSet.clear();
+}
+
+void CTimelineKeyArray::MoveKeys(int delta, bool replace)
+{
+    for (int index : m_selection) {
+        if (IsKeyIndex(index))
+            KeyAt(index)->frame = ShiftedFrame(KeyAt(index)->frame, delta);
+    }
+    AddKeys(TakeOutSelectedKeys(), replace);
+    UpdateDisplayLengthsBelow(m_keys.size());
+    RebuildSelection();
+}
+
+/// Moves the selected keys out of the list, in their order, and closes the gaps. The selection list
+/// stays as it is.
+CTimelineKeyArray::KeyVector CTimelineKeyArray::TakeOutSelectedKeys()
+{
+    KeyVector taken;
+    KeyVector kept;
+    taken.reserve(m_selection.size());
+    kept.reserve(m_keys.size());
+    auto selected = std::lower_bound(m_selection.begin(), m_selection.end(), 0);
+    for (std::size_t i = 0; i < m_keys.size(); ++i) {
+        const bool isSelected =
+            selected != m_selection.end() && static_cast<std::size_t>(*selected) == i;
+        if (isSelected)
+            ++selected;
+        (isSelected ? taken : kept).push_back(std::move(m_keys[i]));
+    }
+    m_keys = std::move(kept);
+    return taken;
+}

@@ -1,0 +1,182 @@
+#include "tracks/BarPainter.h"
+
+#include "TimelineEnums.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+/// Higher than any row; keeps a skin's wildest height within arithmetic.
+constexpr int kHighest = 1 << 20;
+
+/// A bar as columns of its row, from left up to and without right, and as rows of pixels.
+struct Bar
+{
+    int left;
+    int right;
+    int top;
+    int height;
+};
+
+int BarTop(const RowView& view, int height)
+{
+    return (view.row.height() - height) / 2;
+}
+
+/// What is left of a bar between the row's start and the end of the timeline; none when it lies
+/// outside.
+std::optional<Bar> BarOf(const RowView& view, const CTimelineKey& key, int height)
+{
+    const FrameAxis& axis = view.axis;
+    const int left = axis.FrameToPixel(key.frame);
+    int right = std::min(axis.FrameToPixel(1LL + key.frame + key.displayLength), view.endX);
+    if (left == right)
+        ++right;
+    if (right < 0 || left > view.endX)
+        return std::nullopt;
+    return Bar{left, right, BarTop(view, height), height};
+}
+
+class OutlinePainter
+{
+public:
+    OutlinePainter(QPainter& painter, const RowView& view, const QColor& colour)
+        : m_painter(painter), m_view(view), m_colour(colour)
+    {
+    }
+
+    void Horizontal(int left, int right, int y) const
+    {
+        m_painter.fillRect(m_view.Part(left, right, y, 1), m_colour);
+    }
+    void Vertical(int x, int top, int height) const
+    {
+        if (m_view.Shows(x, x))
+            m_painter.fillRect(m_view.Part(x, x, top, height), m_colour);
+    }
+    void Outline(const Bar& bar) const
+    {
+        const int lastColumn = bar.right - 1;
+        Horizontal(bar.left, lastColumn, bar.top);
+        Vertical(lastColumn, bar.top, bar.height);
+        Horizontal(bar.left, lastColumn, bar.top + bar.height - 1);
+        Vertical(bar.left, bar.top, bar.height);
+    }
+
+private:
+    QPainter& m_painter;
+    const RowView& m_view;
+    const QColor& m_colour;
+};
+
+/// The first pass from 1 whose divider stands at column @p x or right of it.
+long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& key, long long x)
+{
+    // Dividers beyond the drawn length are not drawn, however many passes there are.
+    const long long drawnPasses = std::max(0, key.displayLength) / key.clipLength + 2LL;
+    long long low = 1;
+    long long high = std::min<long long>(key.loopCount, drawnPasses);
+    while (low < high) {
+        const long long middle = low + (high - low) / 2;
+        const long long frame = 1LL + key.frame + middle * key.clipLength;
+        if (axis.FrameToPixel(frame) < x)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+void DrawDividers(const OutlinePainter& outline, const RowView& view, const CTimelineKey& key,
+                  const Bar& bar)
+{
+    // Passes narrower than a pixel share columns; each column is drawn once, and what lies out of
+    // the painted columns is skipped.
+    long long x = view.firstColumn;
+    while (x <= view.lastColumn) {
+        const long long pass = FirstPassFrom(view.axis, key, x);
+        if (pass >= key.loopCount)
+            return;
+        const int dividerX = view.axis.FrameToPixel(1LL + key.frame + pass * key.clipLength);
+        if (dividerX >= bar.right)
+            return;
+        outline.Vertical(dividerX, bar.top, bar.height);
+        x = dividerX + 1LL;
+    }
+}
+
+} // namespace
+
+std::optional<BarStyle> BarStyleOf(int trackType, const StyleRecord* style, int rowHeight)
+{
+    if (trackType == TL_TRACK_LINK_KEY) {
+        if (const auto* link = dynamic_cast<const LineKeyTrackStyle*>(style))
+            return BarStyle{link->line.clipHeight, &link->line.clipBorder};
+        return std::nullopt;
+    }
+    if (const auto* key = dynamic_cast<const KeyTrackStyle*>(style))
+        return BarStyle{key->clipHeight, &key->clipBorder};
+    if (const auto* wave = dynamic_cast<const WaveTrackStyle*>(style))
+        return BarStyle{rowHeight - 1, &wave->clipBorder};
+    if (const auto* clip = dynamic_cast<const ClipTrackStyle*>(style))
+        return BarStyle{clip->height, nullptr};
+    return std::nullopt;
+}
+
+KeyRange KeysReaching(const CTimelineKeyArray::KeyVector& keys, const KeyFacts& facts,
+                      const FrameWindow& window)
+{
+    if (!facts.searchable)
+        return {0, keys.size()};
+    const auto begin = std::partition_point(keys.begin(), keys.end(), [&](const auto& key) {
+        return key->frame < window.first;
+    });
+    const auto end = std::partition_point(begin, keys.end(), [&](const auto& key) {
+        return key->frame <= window.last;
+    });
+    const auto first = static_cast<std::size_t>(begin - keys.begin());
+    return {first > 0 ? first - 1 : 0, static_cast<std::size_t>(end - keys.begin())};
+}
+
+void DrawKeyBars(QPainter& painter, const RowView& view, const BarStyle& style,
+                 const CTimelineKeyArray& keys, const KeyFacts& facts)
+{
+    if (!style.border || style.height < 1 || view.IsEmpty())
+        return;
+    const int height = std::min(style.height, kHighest);
+    const QColor colours[] = {(*style.border)[0].color(), (*style.border)[1].color()};
+    const KeyRange range = KeysReaching(keys.Keys(), facts, view.Frames(1, 1));
+    for (std::size_t i = range.begin; i < range.end; ++i) {
+        const CTimelineKey& key = *keys.Keys()[i];
+        if (key.clipLength < 1 || !key.hostSwitch || key.frame >= view.LastFrame())
+            continue;
+        const auto bar = BarOf(view, key, height);
+        if (!bar || !view.Shows(bar->left, bar->right))
+            continue;
+        const OutlinePainter outline(painter, view, colours[key.selected ? 1 : 0]);
+        outline.Outline(*bar);
+        DrawDividers(outline, view, key, *bar);
+    }
+}
+
+void DrawRelatedBars(QPainter& painter, const RowView& view, int height,
+                     const RelatedBarColours& colours, const CTimelineKeyArray& sourceKeys,
+                     const KeyFacts& sourceFacts)
+{
+    if (height < 1 || view.IsEmpty())
+        return;
+    height = std::min(height, kHighest);
+    const KeyRange range = KeysReaching(sourceKeys.Keys(), sourceFacts, view.Frames(1, 1));
+    for (std::size_t i = range.begin; i < range.end; ++i) {
+        const CTimelineKey& key = *sourceKeys.Keys()[i];
+        if (key.clipLength < 1 || key.alternateStyle || key.frame > view.LastFrame())
+            continue;
+        const long long left = view.axis.FrameToPixel(key.frame);
+        const long long width = std::max(1, view.axis.SpanToPixel(key.displayLength + 1LL));
+        const long long right = std::max(std::min<long long>(left + width, view.endX), left + 1);
+        painter.fillRect(view.Part(left, right - 1, BarTop(view, height), height),
+                         key.selected ? colours.selected : colours.normal);
+    }
+}

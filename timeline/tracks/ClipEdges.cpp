@@ -1,0 +1,203 @@
+#include "tracks/ClipEdges.h"
+
+#include "TimelineEnums.h"
+#include "axis/FrameAxis.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
+namespace {
+
+// An edge is grabbed from two pixels left of it to one pixel right of it.
+constexpr int kGrabLeft = 2;
+constexpr int kGrabRight = 1;
+constexpr int kNearEdge = 2;
+
+bool IsGrabbed(long long edge, long long x)
+{
+    return x >= edge - kGrabLeft && x <= edge + kGrabRight;
+}
+
+bool IsClip(const CTimelineKey& key)
+{
+    return key.clipLength >= 1;
+}
+
+/// A host may leave a loop count of 0 or less on a clip; it is one pass all the same.
+long long LoopCount(const CTimelineKey& clip)
+{
+    return std::max(clip.loopCount, 1);
+}
+
+/// The frames that lie between two pixels, toward zero.
+long long PixelsToFrames(const FrameAxis& axis, long long pixels)
+{
+    return axis.IsFramesPerPixel() ? pixels * std::max(axis.info.framesPerPixel, 1)
+                                   : pixels / axis.info.pixelsPerFrame;
+}
+
+std::optional<int> Amount(long long value)
+{
+    if (value == 0)
+        return std::nullopt;
+    constexpr long long lowest = std::numeric_limits<int>::min();
+    constexpr long long highest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(value, lowest, highest));
+}
+
+} // namespace
+
+ClipEdges::ClipEdges(const FrameAxis& axis, const KeyVector& keys, int rowHeight, int clipHeight)
+    : m_axis(axis), m_keys(keys), m_rowHeight(rowHeight), m_clipHeight(clipHeight)
+{
+}
+
+ClipEdgeHit ClipEdges::HitTest(QPoint point, const ClipEdgeModes& modes,
+                               const std::function<int()>& askWhich) const
+{
+    if (modes.trim) {
+        const int clip = HitTrimEdge(point);
+        if (clip >= 0)
+            return {clip, TL_EDIT_CLIP_TRIM};
+    }
+    if (!modes.loop && !modes.speed)
+        return {};
+
+    int kind = modes.loop ? TL_EDIT_CLIP_LOOP : TL_EDIT_CLIP_SPEED;
+    if (modes.loop && modes.speed)
+        kind = askWhich();
+    if (kind < 0)
+        return {};
+    const int clip = HitEndEdge(point);
+    return clip >= 0 ? ClipEdgeHit{clip, kind} : ClipEdgeHit{};
+}
+
+int ClipEdges::HitTrimEdge(QPoint point) const
+{
+    if (!IsInBar(point.y()))
+        return -1;
+    for (std::size_t i = m_keys.size(); i-- > 0;) {
+        const CTimelineKey& key = *m_keys[i];
+        if (!key.selected || !IsClip(key))
+            continue;
+        const int x = ClipTrimPixel(m_axis, key);
+        if (x >= 0 && IsGrabbed(x, point.x()))
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+int ClipEdges::HitEndEdge(QPoint point) const
+{
+    if (!IsInBar(point.y()))
+        return -1;
+    const int lastX = m_axis.FrameToPixel(m_axis.frameCount);
+    if (lastX < point.x() - kGrabRight)
+        return -1;
+
+    // A clip ends at or before the next key, so the keys that can end here are those around the
+    // pointer; only the last frame, where every clip beyond it ends too, makes all later keys
+    // candidates.
+    auto end = m_keys.end();
+    if (lastX > point.x() + kGrabLeft) {
+        end = std::partition_point(m_keys.begin(), m_keys.end(), [&](const auto& key) {
+            return m_axis.FrameToPixel(key->frame) <= point.x() + kGrabLeft;
+        });
+    }
+    while (end != m_keys.begin()) {
+        const CTimelineKey& key = **--end;
+        const int x = std::min(ClipEndPixel(m_axis, key), lastX);
+        if (IsClip(key) && IsGrabbed(x, point.x()))
+            return static_cast<int>(end - m_keys.begin());
+        if (m_axis.FrameToPixel(key.frame) < point.x() - kGrabRight)
+            return -1;
+    }
+    return -1;
+}
+
+bool ClipEdges::IsInBar(int y) const
+{
+    // Unsigned halving: a clip higher than its row puts the bar out of every pointer's reach.
+    const auto twice = static_cast<quint32>(m_rowHeight) - static_cast<quint32>(m_clipHeight);
+    const qint64 top = twice / 2;
+    return y >= top && y <= top + m_clipHeight - 1;
+}
+
+long long ClipEndFrame(const CTimelineKey& clip)
+{
+    return static_cast<long long>(clip.frame) + clip.displayLength + 1;
+}
+
+int ClipEndPixel(const FrameAxis& axis, const CTimelineKey& clip)
+{
+    return axis.FrameToPixel(ClipEndFrame(clip));
+}
+
+int ClipTrimPixel(const FrameAxis& axis, const CTimelineKey& clip)
+{
+    return axis.FrameToPixel(static_cast<long long>(clip.frame) - clip.transitionFrames);
+}
+
+bool IsNearEdge(int kind, const FrameAxis& axis, const CTimelineKey& clip, int x)
+{
+    const long long edge =
+        kind == TL_EDIT_CLIP_TRIM ? ClipTrimPixel(axis, clip) : ClipEndPixel(axis, clip);
+    return std::llabs(edge - x) <= kNearEdge;
+}
+
+std::optional<int> LoopDragAmount(const FrameAxis& axis, const CTimelineKey& clip, int x)
+{
+    const long long distance =
+        static_cast<long long>(x) + axis.scrollX - axis.SpanToPixel(clip.frame);
+    if (distance <= 0 || !IsClip(clip))
+        return std::nullopt;
+
+    // Distance over the pixels of one pass, both multiplied up to whole numbers.
+    const bool framesPerPixel = axis.IsFramesPerPixel();
+    const long long k = framesPerPixel ? std::max(axis.info.framesPerPixel, 1) : 1;
+    const long long pass =
+        static_cast<long long>(clip.clipLength) * (framesPerPixel ? 1 : axis.info.pixelsPerFrame);
+    long long passes = distance * k / pass;
+    // A pass that is narrower than a pixel counts only once it is covered whole.
+    if (pass >= k && distance * k % pass != 0)
+        ++passes;
+    return Amount(std::max(passes, 1LL) - clip.loopCount);
+}
+
+std::optional<int> SpeedDragAmount(const FrameAxis& axis, const CTimelineKey& clip, int x)
+{
+    const long long loops = LoopCount(clip);
+    const long long length = loops * clip.clipLength;
+    const long long longest = loops * clip.hostValue2;
+    const long long shortest = loops * clip.hostValue3;
+
+    const long long pixels = static_cast<long long>(x) - ClipEndPixel(axis, clip);
+    long long amount = PixelsToFrames(axis, pixels) / loops;
+    if (length + amount > longest)
+        amount = longest - length;
+    if (length + amount < shortest)
+        amount = shortest - length;
+    return Amount(amount);
+}
+
+std::optional<int> TrimDragAmount(const FrameAxis& axis, const CTimelineKey& clip, int x)
+{
+    const long long pixels = static_cast<long long>(ClipTrimPixel(axis, clip)) - x;
+    const long long leadIn = clip.transitionFrames;
+    return Amount(std::max(PixelsToFrames(axis, pixels), -leadIn));
+}
+
+std::optional<int> EdgeDragAmount(int kind, const FrameAxis& axis, const CTimelineKey& clip, int x)
+{
+    switch (kind) {
+    case TL_EDIT_CLIP_LOOP:
+        return LoopDragAmount(axis, clip, x);
+    case TL_EDIT_CLIP_SPEED:
+        return SpeedDragAmount(axis, clip, x);
+    case TL_EDIT_CLIP_TRIM:
+        return TrimDragAmount(axis, clip, x);
+    default:
+        return std::nullopt;
+    }
+}

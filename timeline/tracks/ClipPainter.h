@@ -1,0 +1,54 @@
+#pragma once
+
+#include "CTimelineKeyArray.h"
+#include "skin/TrackStyles.h"
+#include "tracks/NameShortener.h"
+#include "tracks/RowView.h"
+
+#include <array>
+#include <optional>
+
+class QPainter;
+
+/// Paints the clips of one row for one paint. The painter's font is the style's and its brush
+/// origin the row's top-left corner, which the gradients start from; pen and brush are left
+/// changed. The work depends on the clips in view, as long as the keys are in frame order.
+class ClipPainter
+{
+public:
+    using KeyVector = CTimelineKeyArray::KeyVector;
+
+    ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style);
+
+    void Draw(const KeyVector& keys);
+
+private:
+    /// A clip's bar; left and right are pixels of the row, top and bottom the painter's.
+    struct Bar
+    {
+        int left, right, top, bottom;
+    };
+
+    Bar BarOf(const CTimelineKey& clip) const;
+    void DrawClip(const CTimelineKey& clip);
+    void DrawBar(const CTimelineKey& clip, const Bar& bar);
+    void DrawLeadIn(const Bar& bar, int leadInX);
+    void DrawLoopDividers(const CTimelineKey& clip, const Bar& bar);
+    void DrawName(const CTimelineKey& clip, const Bar& bar);
+    void DrawVerticalLine(int x, const Bar& bar);
+    void DrawHorizontalLine(int fromX, int toX, int y);
+
+    const ClipTrackStyle::Look& LookOf(const CTimelineKey& clip) const;
+    const QBrush& GradientOf(const CTimelineKey& clip);
+
+    QPainter& m_painter;
+    RowView m_view;
+    const ClipTrackStyle& m_style;
+    int m_height;
+    NameShortener m_names;
+    int m_fontHeight;
+    int m_firstVisibleFrame;
+    int m_lastVisibleFrame;
+    /// Gradients of this paint, made when first needed: three looks, normal and selected.
+    std::array<std::array<std::optional<QBrush>, 2>, 3> m_gradients;
+};

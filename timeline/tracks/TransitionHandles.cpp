@@ -1,0 +1,59 @@
+#include "TimelineEnums.h"
+#include "library/TimelineLibrary.h"
+#include "tracks/BarPainter.h"
+#include "tracks/CellGeometry.h"
+#include "tracks/KeyMasks.h"
+#include "tracks/TransitionPainter.h"
+
+#include <algorithm>
+
+TransitionHandles::TransitionHandles(const FrameAxis& axis, const GlyphStyle& style, int rowHeight)
+    : m_axis(axis), m_style(style), m_rowHeight(rowHeight)
+{
+}
+
+int TransitionHandles::EndX(const DisplayKey& key) const
+{
+    const long long frames = key.key->transitionFrames;
+    if (key.HasMask(kTransitionOut))
+        return m_axis.FrameToPixel(key.frame + frames);
+    if (key.HasMask(kTransitionIn))
+        return m_axis.FrameToPixel(key.frame - frames);
+    return 0;
+}
+
+QRect TransitionHandles::Box(const DisplayKey& key) const
+{
+    const int group = GlyphGroupOf(m_style, key.IsGrouped());
+    const QSize size = TimelineLibrary::Instance().images.Glyph(group, 0).size();
+    // Far outside any row the exact place does not matter, only that nothing overflows.
+    constexpr int kFar = 1 << 30;
+    const int x = std::clamp(EndX(key), -kFar, kFar) + CentredInCell(m_axis, 0, size.width());
+    return QRect(QPoint(x, AlignedTop(m_style.align, m_rowHeight, size.height())), size);
+}
+
+int TransitionHandles::Find(const CTimelineKeyArray& keys, const KeyFacts& facts,
+                            QPoint point) const
+{
+    const auto& list = keys.Keys();
+    KeyRange range{0, list.size()};
+    const auto hits = [&](const CTimelineKey& key) {
+        const QRect box = Box(DisplayKey(&key));
+        return box.x() <= point.x() && point.x() <= box.x() + box.width() &&
+               box.y() <= point.y() && point.y() <= box.y() + box.height();
+    };
+    // The handles of keys without a transition stand at the row's left edge, wherever the keys are.
+    const int reach = WidestGlyph(m_style) + std::max(m_axis.info.pixelsPerFrame, 0) + 1;
+    if (point.x() > reach) {
+        const RowView column(QRect(0, 0, point.x() + 1, 1), m_axis, point.x(), point.x());
+        range = KeysReaching(list, facts,
+                             Widened(column.Frames(reach, reach), facts.longestTransition));
+    }
+    for (const bool selected : {true, false}) {
+        for (std::size_t i = range.end; i-- > range.begin;) {
+            if (list[i]->selected == selected && hits(*list[i]))
+                return static_cast<int>(i);
+        }
+    }
+    return -1;
+}
