@@ -96,7 +96,13 @@ int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimeline
                                  const QVariant& value1, const QVariant& value2)
 {
     const CallOut callOut;
-    return m_owner ? m_owner->OnContainerTrackEdit(type, tracks, value1, value2) : -1;
+    const int answer = m_owner ? m_owner->OnContainerTrackEdit(type, tracks, value1, value2) : -1;
+    // A host that changed keys in place may leave the refresh to the end of the gesture.
+    for (CTimelineTrackBase* const track : tracks) {
+        if (CTimelineTrackBase::IsAlive(track))
+            track->InvalidateCaches();
+    }
+    return answer;
 }
 
 int CTimelineContainer::OnTrackMessage(int code, CTimelineTrackBase* track, int number,

@@ -89,6 +89,8 @@ void CTimelineContainer::Refresh(bool immediately)
 
 void CTimelineContainer::InvalidateTimeline()
 {
+    for (CTimelineTrackBase* const track : m_tree.AllTracks())
+        track->InvalidateCaches();
     if (m_layoutDepth == 0)
         Layout(false);
     Refresh(false);
