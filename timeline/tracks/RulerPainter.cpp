@@ -1,11 +1,12 @@
 #include "tracks/RulerPainter.h"
 
+#include "tracks/ShapedTexts.h"
+
 #include "skin/ImageTables.h"
 #include "skin/TrackStyles.h"
 #include "tracks/StripPainter.h"
 
 #include <QFontMetrics>
-#include <QGlyphRun>
 #include <QPainter>
 
 #include <algorithm>
@@ -46,31 +47,6 @@ int BaselineOf(int rowHeight, int fontHeight, int offset)
     const float baseline =
         (height - static_cast<float>(offset)) - (height - static_cast<float>(fontHeight)) * 0.5f;
     return static_cast<int>(std::clamp(baseline, -farthest, farthest));
-}
-
-/// Draws a number as QPainter::drawText does, the same pixels, without laying the text out each
-/// time, which takes four times as long. A font that lacks a digit leaves it to drawText to find
-/// another.
-void DrawNumber(QPainter& painter, const QRawFont& font, const QPoint& baseline,
-                const QString& text)
-{
-    const QVector<quint32> glyphs = font.glyphIndexesForString(text);
-    constexpr quint32 noGlyph = 0;
-    if (glyphs.isEmpty() || glyphs.contains(noGlyph)) {
-        painter.drawText(baseline, text);
-        return;
-    }
-    QVector<QPointF> positions;
-    QPointF position;
-    for (const QPointF& advance : font.advancesForGlyphIndexes(glyphs)) {
-        positions.append(position);
-        position += advance;
-    }
-    QGlyphRun run;
-    run.setRawFont(font);
-    run.setGlyphIndexes(glyphs);
-    run.setPositions(positions);
-    painter.drawGlyphRun(baseline, run);
 }
 
 } // namespace
@@ -115,7 +91,6 @@ void RulerPainter::PrepareNumbers()
     QFont font(m_style.textFace);
     if (m_style.textMinSize > 0)
         font.setPixelSize(m_style.textMinSize);
-    m_digits = QRawFont::fromFont(font);
     m_painter.setFont(font);
     m_painter.setPen(m_style.textColour.ToColor());
 }
@@ -183,8 +158,8 @@ void RulerPainter::PaintNumber(long long frame, long long x)
         (2 * x - Wide{metrics.averageCharWidth()} * text.length() - m_stepPixels) / 2;
     const QRect& row = m_view.row;
     const int baseline = BaselineOf(row.height(), metrics.height(), m_style.textOffset);
-    const QPoint start(row.left() - 1 + static_cast<int>(textX), row.top() + baseline);
-    DrawNumber(m_painter, m_digits, start, text);
+    ShapedTexts::For(m_painter).Draw(
+        m_painter, QPoint(row.left() - 1 + static_cast<int>(textX), row.top() + baseline), text);
 }
 
 void RulerPainter::PaintMarkers(int timeMarkStart, int timeMarkEnd)

@@ -2,8 +2,6 @@
 
 #include "tracks/RowView.h"
 
-#include <QRawFont>
-
 class ImageTables;
 struct TickTrackStyle;
 
@@ -40,7 +38,6 @@ private:
     const TickTrackStyle& m_style;
     const ImageTables& m_images;
     RowView m_view;
-    QRawFont m_digits;      ///< the numbers' font, for painting without text layout
     long long m_interval;   ///< frames between ticks
     long long m_step;       ///< frames the walk advances at a time
     long long m_stepPixels; ///< pixels of one step, exact at every zoom
