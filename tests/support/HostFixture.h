@@ -7,6 +7,7 @@
 
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
@@ -108,7 +109,7 @@ public:
 private:
     void Record(const QString& line);
 
-    QWidget* m_widget; ///< the dock's once it was put there
+    QPointer<QWidget> m_widget; ///< the dock's once it was put there
 };
 
 class TestFactory : public CTimelineWndFactoryBase

@@ -149,19 +149,4 @@ void CTimelineTrackBase::leaveEvent(QEvent* event)
     QWidget::leaveEvent(event);
 }
 
-void CTimelineTrackBase::DrawTrack(QPainter*, QRect) {}
-void CTimelineTrackBase::DrawKeys(QPainter*, QRect) {}
-int CTimelineTrackBase::HitTestKey(QPoint)
-{
-    return -1;
-}
-int CTimelineTrackBase::HitTestSubKey(QPoint, int)
-{
-    return -1;
-}
-int CTimelineTrackBase::HitTestRangeMarker(QPoint)
-{
-    return -1;
-}
 void CTimelineTrackBase::BuildContextMenu(QPoint) {}
-void CTimelineTrackBase::CollectDisplayKeys(KeyVector&) {}

@@ -5,6 +5,8 @@
 #include "CTimelineKeyArray.h"
 #include "TimelineEnums.h"
 #include "skin/TrackStyles.h"
+#include "tracks/DisplayKeys.h"
+#include "tracks/KeyFacts.h"
 
 #include <QVariant>
 #include <QWidget>
@@ -13,6 +15,7 @@
 
 class CTimelineTrackBaseInterface;
 class FrameAxis;
+struct TimeRange;
 
 /// One row of the timeline: its keys, its kind, its skin style and its place in the tree, the
 /// painting of its background, keys, markers and current-frame line, and its hit tests. Made by the
@@ -33,12 +36,24 @@ public:
     /// container.
     static bool IsAlive(const CTimelineTrackBase* track);
 
-    // The track's own virtual operations, in slot order.
+    // The track's own virtual operations, in slot order. Points are pixels from the row's corner.
+
+    /// Makes the widget a child of @p parent, of the kind's type, size and size policy; false for
+    /// the base, which is no kind.
     virtual bool Init(QWidget* parent);
+    /// Paints the whole row into @p rect: background, keys, related bars, range markers and the
+    /// current-frame line. Restores the painter's pen, brush and font, not its brush origin. With a
+    /// clip set, only the row's columns inside it cost anything.
     virtual void DrawTrack(QPainter* painter, QRect rect);
+    /// The index of the last key under @p point that is not locked; -1 without one.
     virtual int HitTestKey(QPoint point);
+    /// The index of the last sub-key of the clip @p keyIndex under @p point; -1 without one, and for
+    /// an index that is none of a clip with sub-keys.
     virtual int HitTestSubKey(QPoint point, int keyIndex);
+    /// The end marker of the time range under @p point: 0 start, 1 end, -1 none. The end marker
+    /// wins.
     virtual int HitTestRangeMarker(QPoint point);
+    /// Paints the kind's keys and gives the widget the size of @p rect.
     virtual void DrawKeys(QPainter* painter, QRect rect);
     virtual void BuildContextMenu(QPoint globalPoint);
 
@@ -70,8 +85,15 @@ public:
     void SetActive(bool active);
     bool IsActive() const { return m_active; }
     void ClearRangeOrSubSelection();
-    /// The keys to draw, in frame order: clips with sub-keys expanded, related keys merged in.
+    /// The keys to draw, in frame order: clips with sub-keys expanded, related keys merged in. What
+    /// @p out held before is let go. Painting itself collects only what is in view.
     void CollectDisplayKeys(KeyVector& out);
+
+    /// What is known about all keys, brought up to date when the number of keys has changed since.
+    const KeyFacts& Facts();
+    /// To be called when keys may have changed in another way than in their number. Costs nothing
+    /// here; the next paint or hit test looks at all keys once.
+    void InvalidateCaches() { m_facts.valid = false; }
 
     CTimelineKeyArray& Keys() { return *m_keys; }
     const CTimelineKeyArray& Keys() const { return *m_keys; }
@@ -115,9 +137,27 @@ protected:
     int Send(int code, const QVariant& value2 = QVariant(0), const QVariant& value3 = QVariant(0));
     static FrameAxis& Axis();
 
+    /// Gives the widget @p size unless it has it; true when it changed. A resize in every paint
+    /// would ask for the next one.
+    bool ResizeTo(const QSize& size);
+    /// What the row shows of its clips' sub-keys.
+    DisplayScope Scope() const;
+    /// The bars of the track's own keys that have a length; see BarPainter.
+    void DrawOwnKeyBars(QPainter& painter, const RowView& view);
+    /// The glyphs of the keys to draw and the bars over them: all that a row of point keys shows.
+    void DrawPointKeys(QPainter* painter, QRect rect);
+    /// A transition was seen that is longer than was known.
+    void NoteTransition(long long frames);
+
     int m_trackType = TL_TRACK_NONE;
 
 private:
+    /// The time range that the background shows: the track's own, or that of the active track whose
+    /// range it shares.
+    TimeRange BackgroundRange() const;
+    TimeRange OwnRange() const;
+    void DrawRelatedTracks(QPainter& painter, const RowView& view);
+
     // The key array is a member by count: one reference is the track's own, so that a pointer a
     // host makes of it can come and go.
     VZ::CPointer<CTimelineKeyArray> m_keys;
@@ -133,4 +173,5 @@ private:
     EditModes m_editModes;
     CTimelineTrackBaseInterface* m_owner = nullptr;
     bool m_attached = false;
+    KeyFacts m_facts;
 };

@@ -39,7 +39,11 @@ void CTimelineTrackClip::MakeWave()
 
 void CTimelineTrackClip::DrawKeys(QPainter* painter, QRect rect)
 {
-    resize(rect.size());
+    ResizeTo(rect.size());
+    if (GetTrackType() == TL_TRACK_WAVE) {
+        DrawOwnKeyBars(*painter, RowView(*painter, rect, Axis()));
+        return;
+    }
     const auto* style = StyleAs<ClipTrackStyle>();
     if (!style)
         return;

@@ -10,4 +10,7 @@ bool CTimelineTrackKey::Init(QWidget* parent)
     return InitAs(parent, TL_TRACK_KEY, 10);
 }
 
-void CTimelineTrackKey::DrawKeys(QPainter*, QRect) {}
+void CTimelineTrackKey::DrawKeys(QPainter* painter, QRect rect)
+{
+    DrawPointKeys(painter, rect);
+}

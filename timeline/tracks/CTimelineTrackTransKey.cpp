@@ -1,5 +1,10 @@
 #include "tracks/CTimelineTrackTransKey.h"
 
+#include "tracks/TransitionPainter.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
 CTimelineTrackTransKey::CTimelineTrackTransKey()
 {
     setAccessibleName(QStringLiteral("CTimelineTrackTransKey"));
@@ -10,4 +15,42 @@ bool CTimelineTrackTransKey::Init(QWidget* parent)
     return InitAs(parent, TL_TRACK_TRANSITION_KEY, 10);
 }
 
-void CTimelineTrackTransKey::DrawKeys(QPainter*, QRect) {}
+void CTimelineTrackTransKey::DrawKeys(QPainter* painter, QRect rect)
+{
+    const bool resized = ResizeTo(rect.size());
+    if (resized || !CoversRow(*painter, rect))
+        update();
+}
+
+bool CTimelineTrackTransKey::CoversRow(const QPainter& painter, const QRect& rect) const
+{
+    if (!painter.hasClipping())
+        return true;
+    // What is hidden from view is never part of a paint: asking for it would go on for ever.
+    const QRegion seen = visibleRegion().translated(rect.topLeft()) & rect;
+    return (seen - painter.clipRegion()).isEmpty();
+}
+
+void CTimelineTrackTransKey::paintEvent(QPaintEvent* event)
+{
+    const auto* style = StyleAs<LineKeyTrackStyle>();
+    if (!style)
+        return;
+    const QRect columns = event->rect();
+    const RowView view(rect(), Axis(), columns.left(), columns.right());
+    if (view.IsEmpty())
+        return;
+    QPainter painter(this);
+    const DisplayKeyList list = CollectTransitionWindow(Keys(), Facts(), Scope(), view, *style);
+    NoteTransition(LongestTransition(list));
+    TransitionPainter(painter, view, *style).Draw(list);
+    DrawOwnKeyBars(painter, view);
+}
+
+int CTimelineTrackTransKey::HitTestHandle(QPoint point)
+{
+    const auto style = GlyphStyleOf(GetTrackType(), GetStyle());
+    if (!style)
+        return -1;
+    return TransitionHandles(Axis(), *style, GetRowHeight()).Find(Keys(), Facts(), point);
+}

@@ -1,5 +1,6 @@
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
+#include "tracks/BarPainter.h"
 #include "tracks/CellGeometry.h"
 #include "tracks/KeyMasks.h"
 #include "tracks/TransitionPainter.h"

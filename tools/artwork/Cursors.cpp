@@ -17,8 +17,8 @@ const PixelRows kSideways = {
 
 // A ring with an arrow head: one more pass.
 const PixelRows kLoop = {
-    "...oooo.o.", "..oo..ooo.", ".oo...ooo.", ".o........",
-    ".o......o.", ".oo....oo.", "..oo..oo..", "...oooo...",
+    "...oooo.o.", "..o....oo.", ".o....ooo.", ".o........",
+    ".o......o.", ".o......o.", "..o....o..", "...oooo...",
 };
 
 // Two chevrons: faster.

@@ -6,7 +6,7 @@ namespace Artwork {
 namespace {
 
 // Signs: '#' dark outline or core, 'o' body, '+' light, 'A' selected body, 'W' selected edge.
-// A selected glyph has a light edge, a bright body and a dark core; a plain one none of the three.
+// A selected glyph has a light edge, a bright body and a dark core, whatever its kind.
 
 const PixelRows kKey = {
     "..##..", ".#++#.", ".#oo#.", "#+ooo#", "#oooo#",
@@ -36,10 +36,10 @@ const PixelRows kSelectedRing = {
 // A key whose transition runs into it from the left: flat on the key's side, pointing to where the
 // transition begins. The key of a transition that leaves it is the mirrored picture.
 const PixelRows kTransitionKey = {
-    ".....#o", "...#ooo", ".#ooooo", "#oooooo", ".#ooooo", "...#ooo", ".....#o",
+    "....#+o", "..#+ooo", "#+ooooo", "+oooooo", "#oooooo", "..#oooo", "....#oo",
 };
 const PixelRows kSelectedTransitionKey = {
-    ".....WW", "...WWAW", ".WWA#AW", "WAA##AW", ".WWA#AW", "...WWAW", ".....WW",
+    "....WWW", "..WWAAW", "WWAAA#W", "WAAAA#W", "WWAAA#W", "..WWAAW", "....WWW",
 };
 
 // The handle at the far end of a transition: an open box with a thick outer side.

@@ -11,7 +11,7 @@ namespace {
 constexpr int kPostWidth = 5;
 constexpr int kPostHeight = 24;
 
-// A post: an outlined bar over the whole row; @p gap rows of it stay open around the middle.
+// A post: an outlined bar over the whole row with a slot of @p coreHeight pixels in its middle.
 QImage DrawPost(QRgb edge, QRgb body, QRgb core, int coreHeight)
 {
     QImage image = EmptyPicture(kPostWidth, kPostHeight);
@@ -63,7 +63,7 @@ const PixelRows kSelectedRelatedPennant = {
     ".WWW...", ".WA#...", ".WWW...", ".WA#...", ".WWW...",
 };
 
-const Inks kLinkInks = {{'#', Palette::kKeyOutline}, {'o', Palette::kKey}};
+const Inks kLinkInks = {{'#', Palette::kKeyOutline}, {'o', Palette::kKeyLight}};
 const Inks kRelatedInks = {{'#', Palette::kKeyOutline}, {'o', Palette::kRelatedLight}};
 const Inks kSelectedInks = {
     {'#', Palette::kSelectedCore}, {'A', Palette::kSelected}, {'W', Palette::kSelectedLight}};

@@ -52,7 +52,7 @@ constexpr QRgb kTimeMarkDark = qRgb(60, 72, 120);
 
 // Keys.
 constexpr QRgb kKeyOutline = qRgb(20, 22, 25);
-constexpr QRgb kKey = qRgb(132, 156, 180);
+constexpr QRgb kKey = qRgb(138, 162, 186);
 constexpr QRgb kKeyLight = qRgb(168, 190, 212);
 constexpr QRgb kRelated = qRgb(176, 156, 216);
 constexpr QRgb kRelatedLight = qRgb(200, 184, 234);

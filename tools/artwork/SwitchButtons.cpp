@@ -6,7 +6,7 @@ namespace Artwork {
 namespace {
 
 constexpr int kHeight = 18;
-constexpr int kLampX = 5;
+constexpr int kLampX = 4;
 constexpr int kLampY = 7;
 constexpr int kLampSize = 4;
 

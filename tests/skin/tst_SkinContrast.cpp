@@ -1,0 +1,217 @@
+#include "Contrast.h"
+#include "SkinText.h"
+
+#include <QFontMetrics>
+#include <QImage>
+#include <QTest>
+
+namespace {
+
+constexpr double kLegible = 4.5;
+constexpr int kFirstCaption = 4;
+constexpr int kFirstSwitchButton = 24;
+
+const char* const kTrackKinds[] = {"KeyTrack",    "TransKeyTrack", "LinkKeyTrack", "VisemeKeyTrack",
+                                   "SwitchTrack", "ClipTrack",     "WaveTrack"};
+
+QImage Picture(int number)
+{
+    const QImage image(
+        QStringLiteral(KESTOVA_SOURCE_DIR "/timeline/skin/images/%1.png").arg(number));
+    return image.convertToFormat(QImage::Format_ARGB32);
+}
+
+/// The lowest contrast that @p text has against any pixel of @p area of @p ground.
+double LowestContrast(const QColor& text, const QImage& ground, const QRect& area)
+{
+    const QRect pixels = area & ground.rect();
+    double lowest = 21;
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y)
+        for (int x = pixels.left(); x <= pixels.right(); ++x)
+            lowest = qMin(lowest, ContrastRatio(text, ground.pixelColor(x, y)));
+    return pixels.isEmpty() ? 0 : lowest;
+}
+
+QByteArray RowName(const QString& text)
+{
+    return text.toUtf8();
+}
+
+} // namespace
+
+/// Text of the default skin keeps a contrast of at least 4.5 to 1 against every ground it is
+/// painted on.
+class tst_SkinContrast : public QObject
+{
+    Q_OBJECT
+    SkinText m_skin;
+
+    /// The rows of the ruler on which its numbers stand.
+    QRect LabelRows() const
+    {
+        QFont font(m_skin.Text("TickTrack", "TxtFace").remove(QLatin1Char('"')));
+        font.setPixelSize(m_skin.Number("TickTrack", "TxtMinSize"));
+        const QFontMetrics metrics(font);
+        const int height = Picture(3).height();
+        const int offset = m_skin.Number("TickTrack", "TxtOffset");
+        const int baseline =
+            static_cast<int>(float(height - offset) - float(height - metrics.height()) * 0.5F);
+        const QRect digits = metrics.tightBoundingRect(QStringLiteral("0123456789"));
+        return QRect(0, baseline + digits.top(), 1, digits.height());
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_skin.Load(QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini")));
+    }
+
+    void readsCaptions_data()
+    {
+        QTest::addColumn<QString>("track");
+        for (const char* kind : kTrackKinds)
+            for (const QString& style : m_skin.StylesOf(QString::fromLatin1(kind)))
+                QTest::newRow(RowName(style)) << style;
+    }
+    void readsCaptions()
+    {
+        QFETCH(QString, track);
+        const QString caption = m_skin.Text(track, "Caption");
+        const QColor text = m_skin.Colour(caption, "TxtColor");
+        const QColor focused = m_skin.Colour(caption, "TxtColorFocus");
+        const QList<int> box = m_skin.Numbers(caption, "TxtPos");
+        QVERIFY2(text.isValid() && focused.isValid() && box.size() == 2, qPrintable(caption));
+
+        const QImage plain = Picture(kFirstCaption + m_skin.Number(caption, "BitmapID"));
+        const QImage active = Picture(kFirstCaption + m_skin.Number(caption, "BitmapFocusID"));
+        const QRect area(QPoint(box[0], 0), QPoint(box[1] - 1, plain.height() - 1));
+        QVERIFY(LowestContrast(text, plain, area) >= kLegible);
+        // An active row whose root is not active keeps the plain colour.
+        QVERIFY(LowestContrast(text, active, area) >= kLegible);
+        QVERIFY(LowestContrast(focused, active, area) >= kLegible);
+    }
+
+    void readsTheNameOfAWaveRow()
+    {
+        const QString look = m_skin.Text("WaveTrack1", "TrackKey");
+        const QString caption = m_skin.Text("WaveTrack1", "Caption");
+        const QColor ground = m_skin.Colour(look, "CaptionFill");
+        QVERIFY(ground.isValid());
+        QVERIFY(ContrastRatio(m_skin.Colour(caption, "TxtColor"), ground) >= kLegible);
+        QVERIFY(ContrastRatio(m_skin.Colour(caption, "TxtColorFocus"), ground) >= kLegible);
+    }
+
+    void readsRulerNumbers_data()
+    {
+        QTest::addColumn<int>("ground");
+        QTest::newRow("frames") << 60;
+        QTest::newRow("beyond the last frame") << 61;
+        QTest::newRow("shaded cell") << 62;
+    }
+    void readsRulerNumbers()
+    {
+        QFETCH(int, ground);
+        const QColor text = m_skin.Colour("TickTrack", "TxtColor");
+        QVERIFY(LowestContrast(text, Picture(ground), LabelRows()) >= kLegible);
+    }
+
+    void readsRulerNumbersUnderTheCurrentFrame_data() { readsRulerNumbers_data(); }
+    void readsRulerNumbersUnderTheCurrentFrame()
+    {
+        QFETCH(int, ground);
+        const QColor text = m_skin.Colour("TickTrack", "TxtColor");
+        const QImage under = Picture(ground), outer = Picture(68), inner = Picture(69);
+        const QRect rows = LabelRows();
+        for (int y = rows.top(); y <= rows.bottom(); ++y) {
+            const auto covered = [&](const QColor& colour) {
+                return LaidOver(inner.pixelColor(0, y), LaidOver(outer.pixelColor(0, y), colour));
+            };
+            const double contrast = ContrastRatio(covered(text), covered(under.pixelColor(0, y)));
+            QVERIFY2(contrast >= kLegible,
+                     qPrintable(QStringLiteral("row %1: %2").arg(y).arg(contrast)));
+        }
+    }
+
+    void leavesRulerNumbersUncutByMarks_data()
+    {
+        QTest::addColumn<int>("mark");
+        QTest::newRow("minor tick") << 63;
+        QTest::newRow("major tick") << 65;
+        QTest::newRow("middle of the current frame") << 70;
+    }
+    void leavesRulerNumbersUncutByMarks()
+    {
+        QFETCH(int, mark);
+        const QImage strip = Picture(mark);
+        const QRect rows = LabelRows();
+        for (int y = rows.top(); y <= rows.bottom(); ++y)
+            QCOMPARE(strip.pixelColor(0, y).alpha(), 0);
+    }
+
+    void readsSwitchButtons_data()
+    {
+        QTest::addColumn<QString>("track");
+        for (const QString& style : m_skin.StylesOf("SwitchTrack"))
+            QTest::newRow(RowName(style)) << style;
+    }
+    void readsSwitchButtons()
+    {
+        QFETCH(QString, track);
+        constexpr int kStates = 4;
+        constexpr int kLampRight = 10; // text stands right of the lamp
+        const QString look = m_skin.Text(track, "TrackKey");
+        const QColor off = m_skin.Colour(look, "TxtColor");
+        const QColor on = m_skin.Colour(look, "TxtColorOn");
+        QVERIFY(off.isValid() && on.isValid());
+        const int first = kFirstSwitchButton + kStates * m_skin.Number(look, "BtnBmpType");
+        for (int state = 0; state < kStates; ++state) {
+            const QImage button = Picture(first + state);
+            const QRect face = button.rect().adjusted(kLampRight, 1, -1, -1);
+            const double contrast = LowestContrast(state < 2 ? off : on, button, face);
+            QVERIFY2(contrast >= kLegible,
+                     qPrintable(QStringLiteral("state %1: %2").arg(state).arg(contrast)));
+        }
+    }
+
+    void readsClipNames_data()
+    {
+        QTest::addColumn<QString>("track");
+        QTest::addColumn<QString>("lookKey");
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<QString>("trial");
+        for (const QString& style : m_skin.StylesOf("ClipTrack"))
+            for (const char* look : {"TrackKey", "TrackKey1", "3DTrackKey"})
+                for (const char* selected : {"", "Sel"})
+                    for (const char* trial : {"", "Trial"})
+                        QTest::newRow(RowName(style + QLatin1Char(' ') + look + selected + trial))
+                            << style << look << selected << trial;
+    }
+    void readsClipNames()
+    {
+        QFETCH(QString, track);
+        QFETCH(QString, lookKey);
+        QFETCH(QString, selected);
+        QFETCH(QString, trial);
+        // Names take their colour from the first look, whatever look the clip has.
+        const QString names = m_skin.Text(track, "TrackKey");
+        const QString look = m_skin.Text(track, lookKey);
+        const QColor text = m_skin.Colour(names, "TxtColor" + selected + trial);
+        const QColor up = m_skin.Colour(look, "GradientUp" + selected);
+        QColor between = m_skin.Colour(look, "GradientDown" + selected);
+        QVERIFY(text.isValid() && up.isValid() && between.isValid());
+        constexpr int kSteps = 16;
+        const QColor down = between;
+        for (int step = 0; step <= kSteps; ++step) {
+            QColor veil = up;
+            veil.setAlphaF(double(step) / kSteps);
+            between = LaidOver(veil, down);
+            QVERIFY2(ContrastRatio(text, between) >= kLegible,
+                     qPrintable(QStringLiteral("%1 on %2: %3")
+                                    .arg(text.name(), between.name())
+                                    .arg(ContrastRatio(text, between))));
+        }
+    }
+};
+
+QTEST_MAIN(tst_SkinContrast)
+#include "tst_SkinContrast.moc"
