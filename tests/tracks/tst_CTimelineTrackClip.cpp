@@ -174,6 +174,21 @@ bool HasColour(const QImage& image, const QColor& colour)
     return false;
 }
 
+/// The largest difference of a colour component between two pictures of one size.
+int LargestDifference(const QImage& a, const QImage& b)
+{
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
+                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
+        }
+    }
+    return largest;
+}
+
 /// The columns of row @p y that have @p colour.
 QVector<int> ColumnsOf(const QImage& image, int y, const QColor& colour)
 {
@@ -747,7 +762,9 @@ private slots:
         const QRect row(QPoint(31, 77), size);
         m_track->DrawTrack(&painter, row);
         painter.end();
-        QCOMPARE(below.copy(row), alone);
+        // A gradient may round to the neighbouring shade at another height; a gradient that starts
+        // at another place would differ by far more.
+        QVERIFY(LargestDifference(below.copy(row), alone) <= 1);
     }
 
     // --- the wave row ---------------------------------------------------------------------------
@@ -907,6 +924,11 @@ private:
             clip->transitionFrames = Below(random, 40) - 5;
             Add(clip);
         }
+        // A host may write frames without keeping their order.
+        const int count = static_cast<int>(m_track->Keys().GetSize());
+        for (int i = Below(random, 4) == 0 ? count / 4 : 0; i > 0; --i)
+            m_track->Keys().GetAt(Below(random, count))->frame = Below(random, 500);
+        m_track->InvalidateCaches();
     }
 
     std::unique_ptr<CTimelineTrackClip> m_track;

@@ -56,22 +56,32 @@ ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrack
 {
 }
 
-void ClipPainter::Draw(const KeyVector& keys)
+void ClipPainter::Draw(const KeyVector& keys, bool searchable)
 {
-    // A clip ends before the next key, so of those that start out of view only the last one can
-    // reach into it.
-    auto key = std::partition_point(keys.begin(), keys.end(), [this](const auto& each) {
-        return each->frame < m_firstVisibleFrame;
-    });
-    if (key != keys.begin())
-        --key;
-    for (; key != keys.end(); ++key) {
-        const CTimelineKey& clip = **key;
-        if (clip.frame >= m_view.axis.frameCount || clip.frame > m_lastVisibleFrame)
-            return;
-        if (clip.clipLength >= 1 && ClipEndFrame(clip) >= m_firstVisibleFrame)
-            DrawClip(clip);
+    auto first = keys.begin();
+    auto last = keys.end();
+    if (searchable) {
+        first = std::partition_point(keys.begin(), keys.end(), [this](const auto& key) {
+            return key->frame < m_firstVisibleFrame;
+        });
+        last = std::partition_point(first, keys.end(), [this](const auto& key) {
+            return key->frame <= m_lastVisibleFrame;
+        });
+        // A clip ends before the next key, so of those that start out of view only the last one can
+        // reach into it.
+        if (first != keys.begin())
+            --first;
     }
+    for (; first != last; ++first) {
+        if (IsInView(**first))
+            DrawClip(**first);
+    }
+}
+
+bool ClipPainter::IsInView(const CTimelineKey& clip) const
+{
+    return clip.clipLength >= 1 && clip.frame < m_view.LastFrame() &&
+           clip.frame <= m_lastVisibleFrame && ClipEndFrame(clip) >= m_firstVisibleFrame;
 }
 
 ClipPainter::Bar ClipPainter::BarOf(const CTimelineKey& clip) const

@@ -20,7 +20,9 @@ public:
 
     ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style);
 
-    void Draw(const KeyVector& keys);
+    /// @p searchable: the keys are in frame order and no clip reaches the next key; else all keys
+    /// are looked at.
+    void Draw(const KeyVector& keys, bool searchable);
 
 private:
     /// A clip's bar; left and right are pixels of the row, top and bottom the painter's.
@@ -29,6 +31,7 @@ private:
         int left, right, top, bottom;
     };
 
+    bool IsInView(const CTimelineKey& clip) const;
     Bar BarOf(const CTimelineKey& clip) const;
     void DrawClip(const CTimelineKey& clip);
     void DrawBar(const CTimelineKey& clip, const Bar& bar);
