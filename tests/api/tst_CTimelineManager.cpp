@@ -116,8 +116,8 @@ void tst_CTimelineManager::mainWidgetBeforeTheFactoryIsRefusedAndTouchesNothing(
 {
     QMainWindow mainWindow;
     QDockWidget dock(&mainWindow);
-    CTimelineManager manager(&mainWindow);
     RecordingHost host;
+    CTimelineManager manager(&mainWindow);
     manager.CreateTimelineManager(&host, DefaultSkin());
     QVERIFY(!manager.CreateTimelineMainWidget(&dock));
     QVERIFY(!dock.widget());
@@ -129,8 +129,8 @@ void tst_CTimelineManager::mainWidgetIsRefusedWhenTheFactoryMakesNoWindow()
 {
     QMainWindow mainWindow;
     QDockWidget dock(&mainWindow);
-    CTimelineManager manager(&mainWindow);
     TestFactory factory;
+    CTimelineManager manager(&mainWindow);
     factory.refuses = true;
     manager.SetTimelineWndFactoryBase(&factory);
     QVERIFY(!manager.CreateTimelineMainWidget(&dock));
@@ -142,9 +142,9 @@ void tst_CTimelineManager::mainWidgetCallsTheWindowInOrderAndPutsItIntoTheDock()
 {
     QMainWindow mainWindow;
     QDockWidget dock(&mainWindow);
-    CTimelineManager manager(&mainWindow);
     RecordingHost host;
     TestFactory factory;
+    CTimelineManager manager(&mainWindow);
     factory.prepare = [](TestWindow& window) { window.initialGeometry = QRect(5, 6, 700, 200); };
     manager.SetTimelineWndFactoryBase(&factory);
     manager.CreateTimelineManager(&host, DefaultSkin());
@@ -169,9 +169,9 @@ void tst_CTimelineManager::mainWidgetCallsTheWindowInOrderAndPutsItIntoTheDock()
 void tst_CTimelineManager::mainWidgetToleratesAMissingDock()
 {
     QMainWindow mainWindow;
-    CTimelineManager manager(&mainWindow);
     RecordingHost host;
     TestFactory factory;
+    CTimelineManager manager(&mainWindow);
     manager.SetTimelineWndFactoryBase(&factory);
     manager.CreateTimelineManager(&host, DefaultSkin());
     QVERIFY(manager.CreateTimelineMainWidget(nullptr));
@@ -182,9 +182,9 @@ void tst_CTimelineManager::failingWindowCreationReleasesTheWindow()
 {
     QMainWindow mainWindow;
     QDockWidget dock(&mainWindow);
-    CTimelineManager manager(&mainWindow);
     RecordingHost host;
     TestFactory factory;
+    CTimelineManager manager(&mainWindow);
     factory.prepare = [](TestWindow& window) { window.createAnswer = false; };
     manager.SetTimelineWndFactoryBase(&factory);
     manager.CreateTimelineManager(&host, DefaultSkin());
@@ -198,9 +198,9 @@ void tst_CTimelineManager::failingContainerCreationReleasesTheWindow()
 {
     QMainWindow mainWindow;
     QDockWidget dock(&mainWindow);
-    CTimelineManager manager(&mainWindow);
     RecordingHost host;
     TestFactory factory;
+    CTimelineManager manager(&mainWindow);
     manager.SetTimelineWndFactoryBase(&factory);
     // Without a skin the ruler has no style.
     manager.CreateTimelineManager(&host, L"/no/such/skin.ini");
@@ -236,9 +236,9 @@ void tst_CTimelineManager::currentFrameSetBeforeTheWindowIsClampedAndShownLater(
 {
     QMainWindow mainWindow;
     QDockWidget dock(&mainWindow);
-    CTimelineManager manager(&mainWindow);
     RecordingHost host;
     TestFactory factory;
+    CTimelineManager manager(&mainWindow);
     manager.SetTimelineWndFactoryBase(&factory);
     manager.CreateTimelineManager(&host, DefaultSkin());
     manager.SetFrameCount(5);

@@ -213,17 +213,17 @@ void tst_CProfile::onlyOneTrailingSeparatorIsRemoved()
 
 void tst_CProfile::aDirectoryFailsAsAFileError_data()
 {
-    QTest::addColumn<std::wstring>("path");
-    const std::wstring path = m_files.MakeDirectory("directory.ini");
+    QTest::addColumn<QString>("path");
+    const QString path = QString::fromStdWString(m_files.MakeDirectory("directory.ini"));
     QTest::newRow("directory") << path;
-    QTest::newRow("directory with a slash") << path + L"/";
+    QTest::newRow("directory with a slash") << path + "/";
 }
 
 void tst_CProfile::aDirectoryFailsAsAFileError()
 {
-    QFETCH(std::wstring, path);
+    QFETCH(QString, path);
     CProfile profile;
-    QCOMPARE(profile.Load(path, true), kFailure);
+    QCOMPARE(profile.Load(path.toStdWString(), true), kFailure);
     QCOMPARE(profile.LoadResult(), -3);
 }
 
@@ -526,6 +526,5 @@ void tst_CProfile::aVeryLongLineIsReadWhole()
     QCOMPARE(profile.GetString(L"a", QString::fromLatin1(line).toStdWString(), text), kSuccess);
 }
 
-Q_DECLARE_METATYPE(std::wstring)
 QTEST_APPLESS_MAIN(tst_CProfile)
 #include "tst_CProfile.moc"

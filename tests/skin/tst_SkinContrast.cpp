@@ -211,6 +211,32 @@ private slots:
                                     .arg(ContrastRatio(text, between))));
         }
     }
+
+    void tellsClipLooksApartInGreyAlone_data()
+    {
+        QTest::addColumn<QString>("track");
+        for (const QString& style : m_skin.StylesOf("ClipTrack"))
+            QTest::newRow(RowName(style)) << style;
+    }
+    void tellsClipLooksApartInGreyAlone()
+    {
+        QFETCH(QString, track);
+        constexpr double kVisible = 1.25;
+        const auto ground = [&](const char* look, const char* stop) {
+            return m_skin.Colour(m_skin.Text(track, look), stop);
+        };
+        for (const char* stop : {"GradientUp", "GradientDown"}) {
+            const QColor normal = ground("TrackKey", stop);
+            const QColor locked = ground("TrackKey1", stop);
+            const QColor alternate = ground("3DTrackKey", stop);
+            QVERIFY(ContrastRatio(normal, locked) >= kVisible);
+            QVERIFY(ContrastRatio(normal, alternate) >= kVisible);
+            QVERIFY(ContrastRatio(locked, alternate) >= kVisible);
+            for (const char* look : {"TrackKey", "3DTrackKey"})
+                QVERIFY(ContrastRatio(ground(look, stop),
+                                      ground(look, (QByteArray(stop) + "Sel").constData())) >= 3);
+        }
+    }
 };
 
 QTEST_MAIN(tst_SkinContrast)

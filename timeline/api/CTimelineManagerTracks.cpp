@@ -75,7 +75,6 @@ bool CTimelineManager::DeleteTrack(CTimelineTrackBase* track)
         return false;
     // Out of the list first: while the window hears of the change, the track exists no more.
     m_tracks.erase(std::find(m_tracks.begin(), m_tracks.end(), track));
-    const CallOut callOut;
     if (CTimelineContainer* const container = Container()) {
         if (track->IsRootTrack())
             container->HideRootTrack(track, m_parent, true, true);

@@ -24,7 +24,7 @@ struct Look
 // The focused caption is lighter, and its gutter is bright and wider: two signs beside the hue.
 constexpr Look kNormal = {Palette::kCaption, qRgb(57, 61, 67), Palette::kCaptionGutter,
                           kGutterWidth};
-constexpr Look kFocused = {Palette::kCaptionFocus, qRgb(82, 94, 113), Palette::kCaptionGutterFocus,
+constexpr Look kFocused = {Palette::kCaptionFocus, qRgb(73, 84, 102), Palette::kCaptionGutterFocus,
                            kGutterWidth + 2};
 
 QImage DrawRowCaption(int width, int height, const Look& look)

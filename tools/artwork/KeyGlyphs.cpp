@@ -47,7 +47,7 @@ const PixelRows kHandle = {
     "oooooo.", "oo####o", "oo####o", "oo####o", "oo####o", "oo####o", "oooooo.",
 };
 const PixelRows kSelectedHandle = {
-    "WWWWWW.", "WWAAAAW", "WW#A#AW", "WW#A#AW", "WW#A#AW", "WWAAAAW", "WWWWWW.",
+    "WWWWWW.", "WWAA##W", "WWAA##W", "WWAA##W", "WWAA##W", "WWAA##W", "WWWWWW.",
 };
 
 const Inks kKeyInks = {{'#', Palette::kKeyOutline},

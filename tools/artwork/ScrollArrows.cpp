@@ -43,7 +43,7 @@ void AddScrollArrows(Gallery& gallery)
 {
     const QImage left[] = {
         DrawLeftArrow({Palette::kButtonLight, Palette::kButton, Palette::kSign}),
-        DrawLeftArrow({qRgb(104, 111, 121), Palette::kButtonHover, Palette::kSignHover}),
+        DrawLeftArrow({qRgb(90, 97, 107), Palette::kButtonHover, Palette::kSignHover}),
         DrawLeftArrow({Palette::kButtonOnLight, Palette::kButtonOn, Palette::kSelectedCore}),
         DrawDisabledLeftArrow(),
     };

@@ -22,7 +22,7 @@ struct Look
 // a lit lamp, one that is off a dark plate with an empty one.
 constexpr Look kLooks[] = {
     {Palette::kButtonLight, Palette::kButton, Palette::kSign, Palette::kButtonEdge},
-    {qRgb(104, 111, 121), Palette::kButtonHover, Palette::kSignHover, Palette::kButtonEdge},
+    {qRgb(90, 97, 107), Palette::kButtonHover, Palette::kSignHover, Palette::kButtonEdge},
     {Palette::kButtonOnLight, Palette::kButtonOn, Palette::kSelectedCore, qRgb(255, 255, 255)},
     {qRgb(255, 246, 220), Palette::kButtonOnHover, Palette::kSelectedCore, qRgb(255, 255, 255)},
 };
