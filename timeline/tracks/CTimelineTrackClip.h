@@ -2,6 +2,7 @@
 
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/ClipEdges.h"
+#include "tracks/ClipNames.h"
 
 #include <QCursor>
 
@@ -41,6 +42,7 @@ public:
 private:
     ClipEdges Edges();
 
+    ClipNames m_names;
     EdgeDrag m_edgeDrag;
     QCursor m_loopCursor;
     QCursor m_speedCursor;

@@ -48,9 +48,10 @@ long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& clip, int x)
 
 } // namespace
 
-ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style)
+ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style,
+                         ClipNames& names)
     : m_painter(painter), m_view(view), m_style(style),
-      m_height(std::clamp(style.height, -kHighest, kHighest)), m_names(painter.fontMetrics()),
+      m_height(std::clamp(style.height, -kHighest, kHighest)), m_names(names),
       m_fontHeight(painter.fontMetrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
       m_lastVisibleFrame(view.axis.PixelToFrame(view.row.width()))
 {
@@ -162,10 +163,6 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     if (!m_view.Shows(left - m_fontHeight, bar.right + 1LL * m_fontHeight))
         return;
     const int width = static_cast<int>(std::min<long long>(bar.right - left + 1, INT_MAX));
-    const QString text = m_names.Fitted(clip.name, width);
-    if (text.isEmpty())
-        return;
-
     const int pointSize = m_style.font.pointSize();
     const int baseline =
         m_view.row.top() +
@@ -173,7 +170,8 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     const bool trial = (clip.kindMask & kTrialMask) != 0;
     const auto& colours = trial ? m_style.normal.textColourTrial : m_style.normal.textColour;
     m_painter.setPen(colours[clip.selected].ToColor());
-    m_painter.drawText(static_cast<int>(m_view.row.left() + left), baseline, text);
+    const QPoint start(static_cast<int>(m_view.row.left() + left), baseline);
+    m_names.Draw(m_painter, start, clip.name, width);
 }
 
 void ClipPainter::DrawVerticalLine(int x, const Bar& bar)

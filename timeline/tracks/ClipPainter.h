@@ -2,7 +2,7 @@
 
 #include "CTimelineKeyArray.h"
 #include "skin/TrackStyles.h"
-#include "tracks/NameShortener.h"
+#include "tracks/ClipNames.h"
 #include "tracks/RowView.h"
 
 #include <array>
@@ -18,7 +18,8 @@ class ClipPainter
 public:
     using KeyVector = CTimelineKeyArray::KeyVector;
 
-    ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style);
+    ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style,
+                ClipNames& names);
 
     /// @p searchable: the keys are in frame order and no clip reaches the next key; else all keys
     /// are looked at.
@@ -48,7 +49,7 @@ private:
     RowView m_view;
     const ClipTrackStyle& m_style;
     int m_height;
-    NameShortener m_names;
+    ClipNames& m_names;
     int m_fontHeight;
     int m_firstVisibleFrame;
     int m_lastVisibleFrame;
