@@ -2,6 +2,8 @@
 
 #include "tracks/RowFixture.h"
 
+#include <QtTest>
+
 namespace KestovaTest {
 
 /// One state of a row worth a picture. The axis stands at 40 frames of 10 pixels, unscrolled, the

@@ -13,26 +13,6 @@ namespace {
 const QColor kWaveSelection(100, 100, 100);
 const QColor kWaveBeyondEnd(150, 150, 150);
 
-enum BandedBrush
-{
-    kBandedNormal,
-    kBandedSelection,
-    kBandedBeyondEnd,
-    kBandedBrushCount
-};
-
-enum GridBrush
-{
-    kGridNormal,
-    kGridSelection,
-    kGridBeyondEnd,
-    kGridBand,
-    kGridBandSelected,
-    kGridTick,
-    kGridTickSelected,
-    kGridBrushCount
-};
-
 /// One set of textures out of a group of the brush table, painted from the row's corner on.
 class Textures
 {

@@ -5,6 +5,28 @@ struct RowView;
 struct TrackStyle;
 struct WaveTrackStyle;
 
+/// The textures of one banded background, in the order of the brush table.
+enum BandedBrush
+{
+    kBandedNormal,
+    kBandedSelection,
+    kBandedBeyondEnd,
+    kBandedBrushCount
+};
+
+/// The textures of one grid background, in the order of the brush table.
+enum GridBrush
+{
+    kGridNormal,
+    kGridSelection,
+    kGridBeyondEnd,
+    kGridBand,
+    kGridBandSelected,
+    kGridTick,
+    kGridTickSelected,
+    kGridBrushCount
+};
+
 /// A time range as a row shows it, the smaller end first; -1 stands for an end that is not set.
 struct TimeRange
 {

@@ -2,7 +2,7 @@
 // the painters.
 
 #include "library/TimelineLibrary.h"
-#include "tracks/BackgroundPainter.h"
+#include "tracks/BackgroundCache.h"
 #include "tracks/BarPainter.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/GlyphPainter.h"
@@ -21,8 +21,9 @@ class PainterSettings
 {
 public:
     explicit PainterSettings(QPainter& painter)
-        : m_painter(painter), m_pen(painter.pen()), m_brush(painter.brush()),
-          m_font(painter.font()) {}
+        : m_painter(painter), m_pen(painter.pen()), m_brush(painter.brush()), m_font(painter.font())
+    {
+    }
     ~PainterSettings()
     {
         m_painter.setPen(m_pen);
@@ -39,6 +40,12 @@ private:
     QFont m_font;
 };
 
+BackgroundCache& Backgrounds()
+{
+    static BackgroundCache cache;
+    return cache;
+}
+
 } // namespace
 
 void CTimelineTrackBase::DrawTrack(QPainter* painter, QRect rect)
@@ -47,7 +54,7 @@ void CTimelineTrackBase::DrawTrack(QPainter* painter, QRect rect)
     painter->setBrushOrigin(rect.topLeft());
     const RowView view(*painter, rect, Axis());
     if (const auto* style = StyleAs<TrackStyle>())
-        DrawBackground(*painter, view, *style, BackgroundRange());
+        Backgrounds().Draw(*painter, view, *style, BackgroundRange());
     DrawKeys(painter, rect);
     DrawRelatedTracks(*painter, view);
     if (HasEditMode(TL_EDIT_TIME_RANGE))
@@ -67,8 +74,7 @@ void CTimelineTrackBase::DrawPointKeys(QPainter* painter, QRect rect)
     if (view.IsEmpty())
         return;
     const FrameWindow window = GlyphPainter::Window(view, *style, Facts());
-    GlyphPainter(*painter, view, *style)
-        .DrawList(CollectWindow(*m_keys, Facts(), Scope(), window));
+    GlyphPainter(*painter, view, *style).DrawList(CollectWindow(*m_keys, Facts(), Scope(), window));
     DrawOwnKeyBars(*painter, view);
 }
 
@@ -85,8 +91,7 @@ void CTimelineTrackBase::DrawRelatedTracks(QPainter& painter, const RowView& vie
     if (!style || !bars || view.IsEmpty())
         return;
     const RelationTable& relations = TimelineLibrary::Instance().relations;
-    for (CTimelineTrackBase* source :
-         relations.SourcesOf(m_trackId, RelationTable::kClipBars)) {
+    for (CTimelineTrackBase* source : relations.SourcesOf(m_trackId, RelationTable::kClipBars)) {
         if (!IsAlive(source))
             continue;
         const QColor normal = style->disabled.ToColor();

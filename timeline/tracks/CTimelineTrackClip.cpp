@@ -3,7 +3,6 @@
 #include "axis/FrameAxis.h"
 #include "tracks/ClipPainter.h"
 
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
 
@@ -26,7 +25,6 @@ CTimelineTrackClip::CTimelineTrackClip()
       m_speedCursor(CentredCursor(QStringLiteral(":/Bitmap/speed.png")))
 {
     setAccessibleName(QStringLiteral("CTimelineTrackClip"));
-    connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, this, [this] { m_names.Clear(); });
 }
 
 bool CTimelineTrackClip::Init(QWidget* parent)
@@ -50,7 +48,7 @@ void CTimelineTrackClip::DrawKeys(QPainter* painter, QRect rect)
     if (!style)
         return;
     painter->setFont(style->font);
-    ClipPainter(*painter, RowView(*painter, rect, Axis()), *style, m_names)
+    ClipPainter(*painter, RowView(*painter, rect, Axis()), *style)
         .Draw(Keys().Keys(), Facts().searchable);
 }
 

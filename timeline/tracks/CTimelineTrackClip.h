@@ -2,7 +2,6 @@
 
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/ClipEdges.h"
-#include "tracks/ClipNames.h"
 
 #include <QCursor>
 
@@ -42,7 +41,6 @@ public:
 private:
     ClipEdges Edges();
 
-    ClipNames m_names;
     EdgeDrag m_edgeDrag;
     QCursor m_loopCursor;
     QCursor m_speedCursor;

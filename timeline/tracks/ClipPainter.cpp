@@ -48,11 +48,11 @@ long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& clip, int x)
 
 } // namespace
 
-ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style,
-                         ClipNames& names)
+ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style)
     : m_painter(painter), m_view(view), m_style(style),
-      m_height(std::clamp(style.height, -kHighest, kHighest)), m_names(names),
-      m_fontHeight(painter.fontMetrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
+      m_height(std::clamp(style.height, -kHighest, kHighest)), m_texts(ShapedTexts::For(painter)),
+      m_names([this](const QString& text) { return m_texts.Width(text); }),
+      m_fontHeight(m_texts.Metrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
       m_lastVisibleFrame(view.axis.PixelToFrame(view.row.width()))
 {
 }
@@ -163,6 +163,10 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     if (!m_view.Shows(left - m_fontHeight, bar.right + 1LL * m_fontHeight))
         return;
     const int width = static_cast<int>(std::min<long long>(bar.right - left + 1, INT_MAX));
+    const QString text = m_names.Fitted(clip.name, width);
+    if (text.isEmpty())
+        return;
+
     const int pointSize = m_style.font.pointSize();
     const int baseline =
         m_view.row.top() +
@@ -170,8 +174,7 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     const bool trial = (clip.kindMask & kTrialMask) != 0;
     const auto& colours = trial ? m_style.normal.textColourTrial : m_style.normal.textColour;
     m_painter.setPen(colours[clip.selected].ToColor());
-    const QPoint start(static_cast<int>(m_view.row.left() + left), baseline);
-    m_names.Draw(m_painter, start, clip.name, width);
+    m_texts.Draw(m_painter, QPoint(static_cast<int>(m_view.row.left() + left), baseline), text);
 }
 
 void ClipPainter::DrawVerticalLine(int x, const Bar& bar)

@@ -2,8 +2,9 @@
 
 #include "CTimelineKeyArray.h"
 #include "skin/TrackStyles.h"
-#include "tracks/ClipNames.h"
+#include "tracks/NameShortener.h"
 #include "tracks/RowView.h"
+#include "tracks/ShapedTexts.h"
 
 #include <array>
 #include <optional>
@@ -18,8 +19,7 @@ class ClipPainter
 public:
     using KeyVector = CTimelineKeyArray::KeyVector;
 
-    ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style,
-                ClipNames& names);
+    ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style);
 
     /// @p searchable: the keys are in frame order and no clip reaches the next key; else all keys
     /// are looked at.
@@ -49,7 +49,8 @@ private:
     RowView m_view;
     const ClipTrackStyle& m_style;
     int m_height;
-    ClipNames& m_names;
+    ShapedTexts& m_texts;
+    NameShortener m_names;
     int m_fontHeight;
     int m_firstVisibleFrame;
     int m_lastVisibleFrame;

@@ -6,9 +6,10 @@ namespace {
 
 const QLatin1String kEllipsis("...");
 
-} // namespace
-
-bool IsSetGlyphByGlyph(const QString& text)
+/// True when every further character makes a text wider: separate letters, digits and signs of
+/// scripts that are set one glyph beside the other. Marks, joining scripts and halves of surrogate
+/// pairs can make a longer text narrower.
+bool GrowsWithEachCharacter(const QString& text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar c) {
         if (!c.isPrint() || c.isMark() || c.isSurrogate())
@@ -28,23 +29,23 @@ bool IsSetGlyphByGlyph(const QString& text)
     });
 }
 
+} // namespace
+
 QString NameShortener::Fitted(const QString& name, int width) const
 {
     if (width < 0)
         return QString();
-    return WidthOf(name) <= width ? name : Cut(name, width);
-}
+    const int wholeWidth = WidthOf(name);
+    if (wholeWidth <= width)
+        return name;
 
-QString NameShortener::Cut(const QString& name, int width) const
-{
     const auto shortened = [&](int count) { return name.left(count) + kEllipsis; };
     const auto fits = [&](int count) { return WidthOf(shortened(count)) <= width; };
-    if (IsSetGlyphByGlyph(name)) {
+    if (GrowsWithEachCharacter(name)) {
         // Walk from where the cut would be if all characters were of one width.
         int tooLong = name.length() + 1;
         int fitting = -1;
-        const long long wholeWidth = std::max(WidthOf(name), 1);
-        int count = static_cast<int>(name.length() * width / wholeWidth);
+        int count = static_cast<int>(static_cast<long long>(name.length()) * width / wholeWidth);
         while (tooLong - fitting > 1) {
             count = std::clamp(count, fitting + 1, tooLong - 1);
             if (fits(count))
@@ -67,9 +68,4 @@ QString NameShortener::Cut(const QString& name, int width) const
             return rest;
     }
     return QString();
-}
-
-int NameShortener::WidthOf(const QString& text) const
-{
-    return m_metrics.size(Qt::TextSingleLine, text).width();
 }
