@@ -574,7 +574,7 @@ private slots:
     void paintsWhatPaintingEveryClipStepByStepPaints()
     {
         std::mt19937 random(44);
-        for (int round = 0; round < 100; ++round) {
+        for (int round = 0; round < 60; ++round) {
             FillAtRandom(random);
             const QSize size(1 + Below(random, 400), 18 + Below(random, 20));
             QImage plain(size, QImage::Format_RGB32);
@@ -590,7 +590,7 @@ private slots:
     void aRepaintOfSomeColumnsPaintsExactlyTheirPixels()
     {
         std::mt19937 random(45);
-        for (int round = 0; round < 100; ++round) {
+        for (int round = 0; round < 60; ++round) {
             FillAtRandom(random);
             const QSize size(300, kRowHeight);
             const QImage whole = Draw(size);

@@ -14,6 +14,9 @@ const QStringList kTexts = {QString(),
                             QStringLiteral("a & b <b>bold</b> &amp;"),
                             QString::fromUtf8("Übergröße é \u0416\u044f \u03a9"),
                             QString::fromUtf8("e\u0301\u0323 \u05d0\u05d1\u05d2 abc"),
+                            QString::fromUtf8("\u0634\u0644\u0627 joining"),
+                            QString::fromUtf8("\u4e2d\u65e5 other fonts \u30a2"),
+                            QString::fromUtf8("face \U0001F600"),
                             QStringLiteral("tab\there"),
                             QStringLiteral("0123456789")};
 

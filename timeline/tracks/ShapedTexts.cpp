@@ -1,6 +1,7 @@
 #include "tracks/ShapedTexts.h"
 
 #include <QPainter>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <list>
@@ -10,6 +11,17 @@ namespace {
 // A skin has a handful of fonts, each upright and bold; a timeline some thousand names.
 constexpr std::size_t kMostFonts = 24;
 constexpr int kMostTexts = 20000;
+
+/// From the top of the laid-out text to its baseline, in pixels: more than the font's own ascent
+/// where another font stands in for a character and raises the line.
+qreal AscentOf(const QString& text, const QPainter& painter)
+{
+    QTextLayout layout(text, painter.font(), painter.device());
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return line.isValid() ? line.ascent() : 0;
+}
 
 } // namespace
 
@@ -61,7 +73,8 @@ void ShapedTexts::Draw(QPainter& painter, QPoint baseline, const QString& text)
         entry.text.setTextFormat(Qt::PlainText);
         entry.text.setText(text);
         entry.text.prepare(QTransform(), painter.font());
+        entry.ascent = AscentOf(text, painter);
         entry.isLaidOut = true;
     }
-    painter.drawStaticText(baseline - QPoint(0, m_metrics.ascent()), entry.text);
+    painter.drawStaticText(QPointF(baseline) - QPointF(0, entry.ascent), entry.text);
 }

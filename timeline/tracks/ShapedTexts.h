@@ -31,6 +31,7 @@ private:
     {
         int width = -1; ///< not measured yet
         bool isLaidOut = false;
+        qreal ascent = 0; ///< of the laid-out text
         QStaticText text;
     };
 
