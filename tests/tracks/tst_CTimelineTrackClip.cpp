@@ -174,6 +174,21 @@ bool HasColour(const QImage& image, const QColor& colour)
     return false;
 }
 
+/// The largest difference of a colour component between two pictures of one size.
+int LargestDifference(const QImage& a, const QImage& b)
+{
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
+                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
+        }
+    }
+    return largest;
+}
+
 /// The columns of row @p y that have @p colour.
 QVector<int> ColumnsOf(const QImage& image, int y, const QColor& colour)
 {
@@ -606,6 +621,193 @@ private slots:
         Draw();
     }
 
+    // --- what it looks like ---------------------------------------------------------------------
+
+    void pictures_data()
+    {
+        QTest::addColumn<int>("lock");
+        QTest::addColumn<bool>("alternate");
+        QTest::addColumn<bool>("selected");
+        QTest::addColumn<int>("mask");
+        const auto row = [](const char* name, int lock, bool alternate, bool selected, int mask) {
+            QTest::newRow(name) << lock << alternate << selected << mask;
+        };
+        row("normal", 0, false, false, 1);
+        row("selected", 0, false, true, 1);
+        row("locked", 1, false, false, 1);
+        row("locked-selected", 1, false, true, 1);
+        row("alternate", 0, true, false, 1);
+        row("alternate-selected", 0, true, true, 1);
+        row("locked-alternate", 1, true, false, 1);
+        row("locked-alternate-selected", 1, true, true, 1);
+        row("trial", 0, false, false, 9);
+        row("trial-selected", 0, false, true, 9);
+        row("trial-locked", 1, false, false, 9);
+        row("trial-alternate", 0, true, false, 9);
+    }
+    void pictures()
+    {
+        QFETCH(int, lock);
+        QFETCH(bool, alternate);
+        QFETCH(bool, selected);
+        QFETCH(int, mask);
+        auto clip = MakeClip(8, 30, 1, "Walk cycle");
+        clip->lockState = lock;
+        clip->alternateStyle = alternate;
+        clip->selected = selected;
+        clip->kindMask = mask;
+        clip->transitionFrames = 4;
+        Add(clip);
+        ComparePicture(QTest::currentDataTag());
+    }
+
+    void aSelectedClipWithALeadInPicture()
+    {
+        auto clip = MakeClip(16, 20, 1, "Walk cycle");
+        clip->transitionFrames = 10;
+        clip->selected = true;
+        Add(clip);
+        ComparePicture("lead-in");
+    }
+
+    void aLoopedClipPicture()
+    {
+        Add(MakeClip(4, 10, 4, "Step"));
+        ComparePicture("loops");
+    }
+
+    void clipsAtTheLastFramePicture()
+    {
+        ResetAxis(40, 5.0);
+        Add(MakeClip(4, 10, 1, "Inside"));
+        Add(MakeClip(20, 30, 2, "Cut"));
+        ComparePicture("clipped-at-the-last-frame");
+    }
+
+    void clipsBeyondTheEndPicture()
+    {
+        ResetAxis(20, 5.0);
+        Add(MakeClip(4, 6, 1, "Inside"));
+        Add(MakeClip(20, 10, 1, "Outside"));
+        Add(MakeClip(40, 10, 1, "Outside"));
+        ComparePicture("beyond-the-end");
+    }
+
+    void shortenedNamesPicture()
+    {
+        ResetAxis(300, 1.5);
+        int frame = 4;
+        for (const int width : {66, 50, 30, 16, 13, 10, 7, 5, 2}) {
+            Add(MakeClip(frame, width, 1, "Walk cycle"));
+            frame += width + 5;
+        }
+        ComparePicture("shortened-names");
+    }
+
+    void framesPerPixelPicture()
+    {
+        ResetAxis(2000, 0.16); // 7 frames a pixel
+        QCOMPARE(TimelineLibrary::Instance().axis.info.framesPerPixel, 7);
+        Add(MakeClip(20, 3, 1, "narrow"));
+        Add(MakeClip(60, 200, 1, "Walk"));
+        Add(MakeClip(400, 40, 10, "Loops"));
+        Add(MakeClip(900, 2, 200, "Dense"));
+        auto selected = MakeClip(1500, 300, 1, "Selected");
+        selected->selected = true;
+        selected->transitionFrames = 70;
+        Add(selected);
+        ComparePicture("frames-per-pixel");
+    }
+
+    void narrowClipsPicture()
+    {
+        ResetAxis(6000, 0.05);
+        for (int i = 0; i < 20; ++i) {
+            auto clip = MakeClip(100 + i * 280, 3, 1, "narrow");
+            clip->selected = i % 4 == 1;
+            clip->alternateStyle = i % 4 == 2;
+            clip->lockState = i % 4 == 3;
+            Add(clip);
+        }
+        ComparePicture("narrow");
+    }
+
+    void aScrolledRowPicture()
+    {
+        ResetAxis(200, 5.0, 95);
+        Add(MakeClip(4, 30, 3, "Begins left of the view"));
+        Add(MakeClip(60, 60, 1, "Ends right of the view"));
+        ComparePicture("scrolled");
+    }
+
+    void aSlimLookPicture()
+    {
+        QVERIFY(m_track->LoadStyle(3));
+        Add(MakeClip(4, 20, 1, "Slim"));
+        auto selected = MakeClip(30, 20, 1, "Slim, selected");
+        selected->selected = true;
+        Add(selected);
+        ComparePicture("slim");
+    }
+
+    void aRowLowerInThePictureLooksTheSame()
+    {
+        auto clip = MakeClip(8, 30, 2, "Walk cycle");
+        clip->selected = true;
+        Add(clip);
+        const QSize size(300, kRowHeight);
+        const QImage alone = DrawRow(*m_track, size);
+        QImage below(400, 200, QImage::Format_RGB32);
+        QPainter painter(&below);
+        const QRect row(QPoint(31, 77), size);
+        m_track->DrawTrack(&painter, row);
+        painter.end();
+        // A gradient may round to the neighbouring shade at another height; a gradient that starts
+        // at another place would differ by far more.
+        QVERIFY(LargestDifference(below.copy(row), alone) <= 1);
+    }
+
+    // --- the wave row ---------------------------------------------------------------------------
+
+    void theWaveRowHasAWaveStyleAndItsClipsAreOutlines()
+    {
+        CTimelineTrackClip wave;
+        QVERIFY(wave.Init(nullptr));
+        wave.MakeWave();
+        QCOMPARE(wave.GetTrackType(), int(TL_TRACK_WAVE));
+        QVERIFY(wave.LoadStyle(1));
+        const auto* style = wave.StyleAs<WaveTrackStyle>();
+        QVERIFY(style);
+        QVERIFY(!wave.StyleAs<ClipTrackStyle>());
+        auto clip = MakeClip(10, 10, 2, "sound");
+        clip->hostSwitch = true;
+        wave.Keys().Add(clip, false);
+        const QImage image = DrawClips(wave, QSize(400, 54));
+        // Frames 10 to 30, divided after frame 20; the bar is the row's height less one.
+        QCOMPARE(ColumnsOf(image, 20, style->clipBorder[0].color()), QVector<int>({50, 105, 154}));
+        QCOMPARE(image.pixelColor(60, 20), kGround);
+        QCOMPARE(image.pixelColor(60, 0), style->clipBorder[0].color());
+        QCOMPARE(image.pixelColor(60, 52), style->clipBorder[0].color());
+        QCOMPARE(image.pixelColor(60, 53), kGround);
+    }
+
+    void theWaveRowPicture()
+    {
+        CTimelineTrackClip wave;
+        wave.Init(nullptr);
+        wave.MakeWave();
+        QVERIFY(wave.LoadStyle(1));
+        ResetAxis(50, 5.0);
+        for (const bool selected : {false, true}) {
+            auto clip = MakeClip(selected ? 30 : 4, 5, 3, "sound");
+            clip->hostSwitch = true;
+            clip->selected = selected;
+            wave.Keys().Add(clip, false);
+        }
+        wave.SetRange(10, 20);
+        KESTOVA_COMPARE_PICTURE(DrawRow(wave, QSize(300, 54)), "clip/wave");
+    }
+
     // --- the edges, through the track -----------------------------------------------------------
 
     void whenLoopAndSpeedAreBothAllowedTheOwnersAnswerDecides_data()
@@ -669,6 +871,14 @@ private:
 
     QImage Draw(QSize size = QSize(400, kRowHeight)) { return DrawClips(*m_track, size); }
 
+    /// Compares the whole row as it is seen with the picture of @p name.
+    void ComparePicture(const char* name)
+    {
+        Style().font.setStyleStrategy(QFont::PreferDefault);
+        KESTOVA_COMPARE_PICTURE(DrawRow(*m_track, QSize(300, kRowHeight)),
+                                QString("clip/%1").arg(name));
+    }
+
     void SetModes(std::initializer_list<TLEditType> types)
     {
         CTimelineTrackBase::EditModes modes;
@@ -714,6 +924,11 @@ private:
             clip->transitionFrames = Below(random, 40) - 5;
             Add(clip);
         }
+        // A host may write frames without keeping their order.
+        const int count = static_cast<int>(m_track->Keys().GetSize());
+        for (int i = Below(random, 4) == 0 ? count / 4 : 0; i > 0; --i)
+            m_track->Keys().GetAt(Below(random, count))->frame = Below(random, 500);
+        m_track->InvalidateCaches();
     }
 
     std::unique_ptr<CTimelineTrackClip> m_track;

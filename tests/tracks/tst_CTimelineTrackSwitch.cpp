@@ -32,6 +32,8 @@ public:
 
 } // namespace
 
+Q_DECLARE_METATYPE(CTimelineTrackSwitch::Buttons)
+
 class tst_CTimelineTrackSwitch : public QObject
 {
     Q_OBJECT
@@ -458,8 +460,6 @@ private:
     QSize m_arrow;
     QSize m_button;
 };
-
-Q_DECLARE_METATYPE(CTimelineTrackSwitch::Buttons)
 
 QTEST_MAIN(tst_CTimelineTrackSwitch)
 #include "tst_CTimelineTrackSwitch.moc"

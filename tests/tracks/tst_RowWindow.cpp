@@ -6,6 +6,7 @@
 
 #include <QtTest>
 
+#include <map>
 #include <random>
 
 using namespace KestovaTest;
@@ -54,10 +55,25 @@ void FillKey(Random& random, CTimelineKey& key)
     }
 }
 
-/// A row with random keys, bars, clips with sub-keys and related keys, on a random axis.
-std::unique_ptr<CTimelineTrackBase> RandomRow(Random& random, int type)
+using RowsByType = std::map<int, std::unique_ptr<CTimelineTrackBase>>;
+
+RowsByType& Rows()
 {
-    auto row = MakeTrack(type);
+    static RowsByType rows;
+    return rows;
+}
+
+/// A row with random keys, bars, clips with sub-keys and related keys, on a random axis.
+/// The tracks are made once for each kind, since reading the skin takes long.
+CTimelineTrackBase* RandomRow(Random& random, int type)
+{
+    std::unique_ptr<CTimelineTrackBase>& made = Rows()[type];
+    if (!made)
+        made = MakeTrack(type);
+    CTimelineTrackBase* const row = made.get();
+    row->Keys().RemoveAll();
+    SetModes(*row, {});
+    row->SetRange(-1, -1);
     FrameAxis& axis = ResetAxis(random.OneIn(3) ? random.Below(600) : 1500);
     const double scales[] = {10, 7, 5, 3, 2, 1.5, 0.6, 0.3, 0.11};
     axis.info = CFrameInfo(scales[random.Below(9)]);
@@ -185,11 +201,12 @@ class tst_RowWindow : public QObject
 {
     Q_OBJECT
 
-    static constexpr unsigned int kRows = 40;
+    static constexpr unsigned int kRows = 100;
 
 private slots:
     void initTestCase() { QVERIFY(PrepareTimeline()); }
     void init() { UnrelateTracks(); }
+    void cleanupTestCase() { Rows().clear(); }
 
     void rowPaintedFromTheKeysInViewLooksAsPaintedFromAllKeys_data() { AddKinds(); }
     void rowPaintedFromTheKeysInViewLooksAsPaintedFromAllKeys()
@@ -197,7 +214,7 @@ private slots:
         QFETCH(int, type);
         for (unsigned int seed = 1; seed <= kRows; ++seed) {
             Random random(seed);
-            const auto row = RandomRow(random, type);
+            CTimelineTrackBase* const row = RandomRow(random, type);
             for (int view = 0; view < 8; ++view) {
                 const QImage wanted = KeysPicture(*row, PaintAllKeys);
                 const QImage got = KeysPicture(*row, PaintKeysInView);
@@ -214,7 +231,7 @@ private slots:
         QFETCH(int, type);
         for (unsigned int seed = 1001; seed <= 1000 + kRows; ++seed) {
             Random random(seed);
-            const auto row = RandomRow(random, type);
+            CTimelineTrackBase* const row = RandomRow(random, type);
             const QImage whole = ShowRow(*row, kSize);
             for (int part = 0; part < 10; ++part) {
                 const int left = random.Below(kSize.width());
@@ -235,7 +252,7 @@ private slots:
     {
         for (unsigned int seed = 1; seed <= kRows; ++seed) {
             Random random(seed);
-            const auto source = RandomRow(random, TL_TRACK_KEY);
+            CTimelineTrackBase* const source = RandomRow(random, TL_TRACK_KEY);
             const RowView view(QRect(QPoint(), kSize), SceneAxis(), 0, kSize.width() - 1);
             const RelatedBarColours colours{QColor(90, 90, 200, 90), QColor(200, 90, 90, 90)};
             const auto paintWith = [&](const KeyFacts& facts) {
@@ -257,7 +274,7 @@ private slots:
         QFETCH(int, type);
         for (unsigned int seed = 1; seed <= kRows; ++seed) {
             Random random(seed);
-            const auto row = RandomRow(random, type);
+            CTimelineTrackBase* const row = RandomRow(random, type);
             const KeyHitTest hitTest(SceneAxis(), type, row->GetStyle(), row->GetRowHeight());
             for (int x = -20; x < kSize.width() + 20; x += 3) {
                 const QPoint point(x, random.Below(kHeight));
@@ -271,7 +288,7 @@ private slots:
     {
         for (unsigned int seed = 1; seed <= kRows; ++seed) {
             Random random(seed);
-            const auto row = RandomRow(random, TL_TRACK_TRANSITION_KEY);
+            CTimelineTrackBase* const row = RandomRow(random, TL_TRACK_TRANSITION_KEY);
             const auto style = GlyphStyleOf(TL_TRACK_TRANSITION_KEY, row->GetStyle());
             const TransitionHandles handles(SceneAxis(), *style, kHeight);
             for (int x = -20; x < kSize.width() + 20; x += 3) {

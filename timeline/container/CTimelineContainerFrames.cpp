@@ -37,7 +37,8 @@ void CTimelineContainer::SetCurrentFrame(int frame)
         return;
     // The upper bound first: without any frame the current one is 0.
     FrameAxis& axis = Axis();
-    axis.currentFrame = std::max(0, std::min(frame, axis.frameCount - 1));
+    const int lastFrame = std::max(0, axis.frameCount) - 1;
+    axis.currentFrame = std::max(0, std::min(frame, lastFrame));
     repaint();
     NotifyTimelineRefreshed();
 }

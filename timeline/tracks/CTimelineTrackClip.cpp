@@ -48,7 +48,8 @@ void CTimelineTrackClip::DrawKeys(QPainter* painter, QRect rect)
     if (!style)
         return;
     painter->setFont(style->font);
-    ClipPainter(*painter, RowView(*painter, rect, Axis()), *style).Draw(Keys().Keys());
+    ClipPainter(*painter, RowView(*painter, rect, Axis()), *style)
+        .Draw(Keys().Keys(), Facts().searchable);
 }
 
 ClipEdgeHit CTimelineTrackClip::HitTestEdge(QPoint point)
@@ -71,12 +72,12 @@ const QCursor* CTimelineTrackClip::CursorFor(int kind) const
     }
 }
 
-ClipEdges CTimelineTrackClip::Edges() const
+ClipEdges CTimelineTrackClip::Edges()
 {
     int clipHeight = 0;
     if (const auto* style = StyleAs<ClipTrackStyle>())
         clipHeight = style->height;
     else if (GetTrackType() == TL_TRACK_WAVE)
         clipHeight = GetRowHeight() - kWaveBarMargin;
-    return ClipEdges(Axis(), Keys().Keys(), GetRowHeight(), clipHeight);
+    return ClipEdges(Axis(), Keys().Keys(), Facts().searchable, GetRowHeight(), clipHeight);
 }

@@ -39,7 +39,7 @@ public:
     const QCursor* CursorFor(int kind) const;
 
 private:
-    ClipEdges Edges() const;
+    ClipEdges Edges();
 
     EdgeDrag m_edgeDrag;
     QCursor m_loopCursor;

@@ -22,7 +22,7 @@ int CTimelineTrackSwitch::HitTestKey(QPoint point)
 
 void CTimelineTrackSwitch::DrawKeys(QPainter* painter, QRect rect)
 {
-    resize(rect.size());
+    ResizeTo(rect.size());
     const auto* style = StyleAs<SwitchTrackStyle>();
     if (!style)
         return;

@@ -10,7 +10,12 @@ public:
     CTimelineTrackTick();
     bool Init(QWidget* parent) override;
     void DrawTrack(QPainter* painter, QRect rect) override;
+    /// Which time-mark marker covers @p point: 1 the end marker, which is tested first, 0 the start
+    /// marker, -1 none.
     int HitTestRangeMarker(QPoint point) override;
+    /// Whether @p point is in the cell of the current frame, both of its edges included. Never in
+    /// frames-per-pixel mode, where a frame has no cell.
+    bool HitTestCurrentFrame(QPoint point) const;
 
     int TimeMarkStart() const { return m_timeMarkStart; }
     int TimeMarkEnd() const { return m_timeMarkEnd; }

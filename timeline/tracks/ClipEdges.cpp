@@ -48,8 +48,10 @@ std::optional<int> Amount(long long value)
 
 } // namespace
 
-ClipEdges::ClipEdges(const FrameAxis& axis, const KeyVector& keys, int rowHeight, int clipHeight)
-    : m_axis(axis), m_keys(keys), m_rowHeight(rowHeight), m_clipHeight(clipHeight)
+ClipEdges::ClipEdges(const FrameAxis& axis, const KeyVector& keys, bool searchable, int rowHeight,
+                     int clipHeight)
+    : m_axis(axis), m_keys(keys), m_searchable(searchable), m_rowHeight(rowHeight),
+      m_clipHeight(clipHeight)
 {
 }
 
@@ -100,7 +102,7 @@ int ClipEdges::HitEndEdge(QPoint point) const
     // pointer; only the last frame, where every clip beyond it ends too, makes all later keys
     // candidates.
     auto end = m_keys.end();
-    if (lastX > point.x() + kGrabLeft) {
+    if (m_searchable && lastX > point.x() + kGrabLeft) {
         end = std::partition_point(m_keys.begin(), m_keys.end(), [&](const auto& key) {
             return m_axis.FrameToPixel(key->frame) <= point.x() + kGrabLeft;
         });
@@ -110,7 +112,7 @@ int ClipEdges::HitEndEdge(QPoint point) const
         const int x = std::min(ClipEndPixel(m_axis, key), lastX);
         if (IsClip(key) && IsGrabbed(x, point.x()))
             return static_cast<int>(end - m_keys.begin());
-        if (m_axis.FrameToPixel(key.frame) < point.x() - kGrabRight)
+        if (m_searchable && m_axis.FrameToPixel(key.frame) < point.x() - kGrabRight)
             return -1;
     }
     return -1;

@@ -34,8 +34,10 @@ class ClipEdges
 public:
     using KeyVector = CTimelineKeyArray::KeyVector;
 
-    /// @p rowHeight and @p clipHeight in pixels.
-    ClipEdges(const FrameAxis& axis, const KeyVector& keys, int rowHeight, int clipHeight);
+    /// @p rowHeight and @p clipHeight in pixels. @p searchable: the keys are in frame order and no
+    /// clip reaches the next key; else all keys are asked.
+    ClipEdges(const FrameAxis& axis, const KeyVector& keys, bool searchable, int rowHeight,
+              int clipHeight);
 
     /// The edge under @p point. The trim edges of selected clips come first, then the ends of all
     /// clips, where @p askWhich decides between loop (3) and speed (4) when both are allowed; a
@@ -52,6 +54,7 @@ private:
 
     const FrameAxis& m_axis;
     const KeyVector& m_keys;
+    bool m_searchable;
     int m_rowHeight;
     int m_clipHeight;
 };

@@ -50,28 +50,39 @@ long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& clip, int x)
 
 ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style)
     : m_painter(painter), m_view(view), m_style(style),
-      m_height(std::clamp(style.height, -kHighest, kHighest)), m_names(painter.fontMetrics()),
-      m_fontHeight(painter.fontMetrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
+      m_height(std::clamp(style.height, -kHighest, kHighest)), m_texts(ShapedTexts::For(painter)),
+      m_names([this](const QString& text) { return m_texts.Width(text); }),
+      m_fontHeight(m_texts.Metrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
       m_lastVisibleFrame(view.axis.PixelToFrame(view.row.width()))
 {
 }
 
-void ClipPainter::Draw(const KeyVector& keys)
+void ClipPainter::Draw(const KeyVector& keys, bool searchable)
 {
-    // A clip ends before the next key, so of those that start out of view only the last one can
-    // reach into it.
-    auto key = std::partition_point(keys.begin(), keys.end(), [this](const auto& each) {
-        return each->frame < m_firstVisibleFrame;
-    });
-    if (key != keys.begin())
-        --key;
-    for (; key != keys.end(); ++key) {
-        const CTimelineKey& clip = **key;
-        if (clip.frame >= m_view.axis.frameCount || clip.frame > m_lastVisibleFrame)
-            return;
-        if (clip.clipLength >= 1 && ClipEndFrame(clip) >= m_firstVisibleFrame)
-            DrawClip(clip);
+    auto first = keys.begin();
+    auto last = keys.end();
+    if (searchable) {
+        first = std::partition_point(keys.begin(), keys.end(), [this](const auto& key) {
+            return key->frame < m_firstVisibleFrame;
+        });
+        last = std::partition_point(first, keys.end(), [this](const auto& key) {
+            return key->frame <= m_lastVisibleFrame;
+        });
+        // A clip ends before the next key, so of those that start out of view only the last one can
+        // reach into it.
+        if (first != keys.begin())
+            --first;
     }
+    for (; first != last; ++first) {
+        if (IsInView(**first))
+            DrawClip(**first);
+    }
+}
+
+bool ClipPainter::IsInView(const CTimelineKey& clip) const
+{
+    return clip.clipLength >= 1 && clip.frame < m_view.LastFrame() &&
+           clip.frame <= m_lastVisibleFrame && ClipEndFrame(clip) >= m_firstVisibleFrame;
 }
 
 ClipPainter::Bar ClipPainter::BarOf(const CTimelineKey& clip) const
@@ -163,7 +174,7 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     const bool trial = (clip.kindMask & kTrialMask) != 0;
     const auto& colours = trial ? m_style.normal.textColourTrial : m_style.normal.textColour;
     m_painter.setPen(colours[clip.selected].ToColor());
-    m_painter.drawText(static_cast<int>(m_view.row.left() + left), baseline, text);
+    m_texts.Draw(m_painter, QPoint(static_cast<int>(m_view.row.left() + left), baseline), text);
 }
 
 void ClipPainter::DrawVerticalLine(int x, const Bar& bar)

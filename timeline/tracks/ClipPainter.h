@@ -4,6 +4,7 @@
 #include "skin/TrackStyles.h"
 #include "tracks/NameShortener.h"
 #include "tracks/RowView.h"
+#include "tracks/ShapedTexts.h"
 
 #include <array>
 #include <optional>
@@ -20,7 +21,9 @@ public:
 
     ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style);
 
-    void Draw(const KeyVector& keys);
+    /// @p searchable: the keys are in frame order and no clip reaches the next key; else all keys
+    /// are looked at.
+    void Draw(const KeyVector& keys, bool searchable);
 
 private:
     /// A clip's bar; left and right are pixels of the row, top and bottom the painter's.
@@ -29,6 +32,7 @@ private:
         int left, right, top, bottom;
     };
 
+    bool IsInView(const CTimelineKey& clip) const;
     Bar BarOf(const CTimelineKey& clip) const;
     void DrawClip(const CTimelineKey& clip);
     void DrawBar(const CTimelineKey& clip, const Bar& bar);
@@ -45,6 +49,7 @@ private:
     RowView m_view;
     const ClipTrackStyle& m_style;
     int m_height;
+    ShapedTexts& m_texts;
     NameShortener m_names;
     int m_fontHeight;
     int m_firstVisibleFrame;

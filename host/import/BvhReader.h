@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ImportError.h"
+#include "document/Motion.h"
+
+#include <optional>
+
+namespace host {
+
+/// Reads a motion capture in the BVH format: a hierarchy of joints with their channels, then one
+/// line of numbers a sample. Accepts channels in any order, more than one root, any line ends,
+/// upper and lower case keywords, a byte order mark and a missing last line end. Refuses, naming
+/// the line, whatever does not add up: then nothing is returned and @p error is filled.
+/// @param fileName names the file in the error; its base name becomes the motion's name.
+std::optional<Motion> ReadBvh(const QByteArray& text, const QString& fileName, ImportError& error);
+
+} // namespace host

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ImportError.h"
+#include "document/SpokenLine.h"
+
+#include <optional>
+
+namespace host {
+
+/// Reads the mouth shapes of a spoken line from JSON: an object whose "metadata" holds "duration"
+/// in seconds and whose "mouthCues" lists "start" and "end" in seconds and "value", A to H or X.
+/// Cues stand in the order of their start. Refuses, naming the line, whatever does not fit: then
+/// nothing is returned and @p error is filled.
+/// @param fileName names the file in the error; its base name becomes the line's name.
+std::optional<SpokenLine> ReadMouthCues(const QByteArray& text, const QString& fileName,
+                                        ImportError& error);
+
+} // namespace host

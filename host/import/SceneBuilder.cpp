@@ -1,0 +1,54 @@
+#include "SceneBuilder.h"
+
+#include "BodyTracks.h"
+#include "FaceTracks.h"
+#include "RowDefaults.h"
+#include "document/MotionSampling.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+constexpr int kFewestFrames = 2; ///< a clip of one step shows two frames
+
+void AddButton(SceneTrack& row, const QString& text, const QVector<TrackId>& tracks)
+{
+    if (!tracks.isEmpty())
+        row.buttons.append({text, true, tracks});
+}
+
+} // namespace
+
+Scene BuildScene(const Motion& motion, const SpokenLine& line)
+{
+    Scene scene;
+    scene.motion = motion;
+    scene.line = line;
+    scene.frameCount = std::max({kFewestFrames, SceneFramesOf(motion, scene.frameRate),
+                                 SceneFramesOf(line, scene.frameRate)});
+    scene.timeMark = {0, scene.frameCount - 1};
+
+    const TrackId layers = scene.AddTrack(
+        MakeRow(TrackKind::Switch, QStringLiteral("Layers"), QStringLiteral("Layers"), kNoTrack));
+    FaceRows face;
+    BodyRows body;
+    if (!line.cues.isEmpty())
+        face = AddFaceTracks(scene);
+    if (!motion.joints.isEmpty())
+        body = AddBodyTracks(scene);
+
+    QVector<TrackId> blends = body.blends;
+    SceneTrack& row = *scene.FindTrack(layers);
+    if (face.lips != kNoTrack) {
+        AddButton(row, QStringLiteral("Lips"), {face.lips});
+        blends.append(face.rests);
+    }
+    AddButton(row, QStringLiteral("Joints"), body.joints);
+    AddButton(row, QStringLiteral("Contacts"), body.contacts);
+    AddButton(row, QStringLiteral("Blends"), blends);
+    return scene;
+}
+
+} // namespace host

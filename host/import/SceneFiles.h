@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ImportError.h"
+#include "document/Scene.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace host {
+
+/// Builds a scene from files: at most one motion capture (.bvh) and one file of mouth cues (.json),
+/// in any order. Nothing is returned, and @p error is filled, when a file cannot be read or parsed.
+std::optional<Scene> LoadScene(const QStringList& files, ImportError& error);
+
+} // namespace host

@@ -1,0 +1,85 @@
+#include "HostOptions.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+namespace host {
+
+namespace {
+
+constexpr int kLargestSide = 16384; ///< pixels; a window beyond it cannot be painted
+
+struct Options
+{
+    QCommandLineOption skin{QStringLiteral("skin"), QStringLiteral("Draw in the skin FILE."),
+                            QStringLiteral("FILE")};
+    QCommandLineOption size{QStringLiteral("size"), QStringLiteral("Open the window in this size."),
+                            QStringLiteral("WxH")};
+    QCommandLineOption frame{QStringLiteral("frame"), QStringLiteral("Start at frame N."),
+                             QStringLiteral("N")};
+    QCommandLineOption screenshot{QStringLiteral("screenshot"),
+                                  QStringLiteral("Write a picture of the window and leave."),
+                                  QStringLiteral("PNG")};
+    QCommandLineOption screenGrab{
+        QStringLiteral("grab-screen"),
+        QStringLiteral("Write what the screen shows of the window and leave."),
+        QStringLiteral("PNG")};
+};
+
+bool ParseSize(const QString& text, QSize& size)
+{
+    static const QRegularExpression pattern(QStringLiteral("^([0-9]{1,5})x([0-9]{1,5})$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    size = {match.captured(1).toInt(), match.captured(2).toInt()};
+    return match.hasMatch() && !size.isEmpty() && size.width() <= kLargestSide &&
+           size.height() <= kLargestSide;
+}
+
+bool ParseFrame(const QString& text, int& frame)
+{
+    bool isNumber = false;
+    frame = text.toInt(&isNumber);
+    return isNumber && frame >= 0;
+}
+
+} // namespace
+
+std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& error)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("A small lip-sync editor: shows a captured motion and a spoken line."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    const Options known;
+    parser.addOptions({known.skin, known.size, known.frame, known.screenshot, known.screenGrab});
+    parser.addPositionalArgument(
+        QStringLiteral("FILES"),
+        QStringLiteral("A motion capture (.bvh), mouth cues (.json); none: the sample scene."),
+        QStringLiteral("[FILES...]"));
+    if (!parser.parse(arguments)) {
+        error = parser.errorText();
+        return std::nullopt;
+    }
+    if (parser.isSet(help))
+        parser.showHelp();
+    if (parser.isSet(version))
+        parser.showVersion();
+
+    HostOptions options;
+    options.files = parser.positionalArguments();
+    options.skin = parser.value(known.skin);
+    options.screenshot = parser.value(known.screenshot);
+    options.screenGrab = parser.value(known.screenGrab);
+    if (parser.isSet(known.size) && !ParseSize(parser.value(known.size), options.size)) {
+        error = QStringLiteral("--size: expected WIDTHxHEIGHT in pixels, such as 1280x720");
+        return std::nullopt;
+    }
+    if (parser.isSet(known.frame) && !ParseFrame(parser.value(known.frame), options.frame)) {
+        error = QStringLiteral("--frame: expected a frame number, 0 or more");
+        return std::nullopt;
+    }
+    return options;
+}
+
+} // namespace host

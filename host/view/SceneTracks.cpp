@@ -1,0 +1,137 @@
+#include "SceneTracks.h"
+
+#include <array>
+
+namespace host {
+
+namespace {
+
+constexpr int kButtonOff = 0;
+constexpr int kButtonOn = 2;
+constexpr unsigned int kLast = 0xFFFFFFFF; ///< a place beyond the end
+
+/// The timeline's number for each TrackKind, in the order of the enumeration.
+constexpr std::array<TL_TRACK_TYPE, 6> kTrackTypes{TL_TRACK_SWITCH,         TL_TRACK_KEY,
+                                                   TL_TRACK_TRANSITION_KEY, TL_TRACK_LINK_KEY,
+                                                   TL_TRACK_VISEME_KEY,     TL_TRACK_CLIP};
+
+/// The timeline's number for each EditMode, in the order of the enumeration.
+constexpr std::array<TLEditType, 15> kEditTypes{
+    TL_EDIT_MOVE_KEYS,       TL_EDIT_CLIP_LOOP,   TL_EDIT_CLIP_SPEED, TL_EDIT_CLIP_TRIM,
+    TL_EDIT_TIME_RANGE,      TL_EDIT_SUB_KEYS,    TL_EDIT_CUT,        TL_EDIT_COPY,
+    TL_EDIT_PASTE,           TL_EDIT_DELETE,      TL_EDIT_INSERT_KEY, TL_EDIT_BREAK,
+    TL_EDIT_SELECT_PREVIOUS, TL_EDIT_SELECT_NEXT, TL_EDIT_SELECT_ALL};
+
+/// The timeline's number for each RelationKind, in the order of the enumeration.
+constexpr std::array<int, 3> kRelationKinds{0, 1, 3};
+
+template <class Table, class Enumeration>
+auto Entry(const Table& table, Enumeration value)
+{
+    return table.at(static_cast<std::size_t>(value));
+}
+
+VZ::CArrayList<TLEditType> EditTypesOf(const SceneTrack& track)
+{
+    VZ::CArrayList<TLEditType> types;
+    for (const EditMode mode : track.editModes)
+        types.Add(Entry(kEditTypes, mode));
+    return types;
+}
+
+std::vector<_tmpTLSwitchBtnData> ButtonsOf(const SceneTrack& track)
+{
+    std::vector<_tmpTLSwitchBtnData> buttons;
+    for (const SwitchButton& button : track.buttons)
+        buttons.push_back({button.text, button.on ? kButtonOn : kButtonOff});
+    return buttons;
+}
+
+} // namespace
+
+bool SceneTracks::Show(const Scene& scene)
+{
+    Clear();
+    for (const SceneTrack& track : scene.tracks) {
+        if (!MakeTrack(track))
+            return false;
+        Fill(track);
+    }
+    Relate(scene.relations);
+    for (const SceneTrack& track : scene.tracks) {
+        for (const SwitchButton& button : track.buttons) {
+            for (const TrackId row : button.tracks)
+                SetRowShown(scene, row, button.on);
+        }
+    }
+    m_manager.InvalidateTimeline();
+    return true;
+}
+
+void SceneTracks::SetRowShown(const Scene& scene, TrackId row, bool shown)
+{
+    const SceneTrack* const track = scene.FindTrack(row);
+    if (!track || !TrackOf(row))
+        return;
+    if (!shown) {
+        m_manager.HideChildTrack(TrackOf(row), true);
+        return;
+    }
+    unsigned int place = 0;
+    for (const TrackId sibling : scene.ChildrenOf(track->parent)) {
+        if (sibling == row)
+            break;
+        place += m_manager.GetChildTrackSortIndex(TrackOf(sibling)) >= 0 ? 1 : 0;
+    }
+    m_manager.ShowChildTrack(TrackOf(track->parent), TrackOf(row), place, true);
+}
+
+void SceneTracks::Clear()
+{
+    m_manager.SetTrackRelMapTable({});
+    for (CTimelineTrackBase* const track : qAsConst(m_tracks))
+        m_manager.DeleteTrack(track);
+    m_tracks.clear();
+    m_keys = TimelineKeys();
+}
+
+bool SceneTracks::MakeTrack(const SceneTrack& track)
+{
+    CTimelineTrackBase* const made =
+        m_manager.CreateTrack(Entry(kTrackTypes, track.kind), track.caption,
+                              static_cast<unsigned int>(track.styleNumber));
+    if (!made)
+        return false;
+    m_tracks.insert(track.id, made);
+    if (track.parent == kNoTrack)
+        m_manager.ShowRootTrack(made, kLast, false);
+    else
+        m_manager.ShowChildTrack(TrackOf(track.parent), made, kLast, false);
+    return true;
+}
+
+void SceneTracks::Fill(const SceneTrack& track)
+{
+    CTimelineTrackBase* const made = TrackOf(track.id);
+    VZ::CArrayList<TLEditType> types = EditTypesOf(track);
+    m_manager.SetTrackEditMode(made, types);
+    std::vector<_tmpTLSwitchBtnData> buttons = ButtonsOf(track);
+    m_manager.SetTrackSwitchBtnList(made, buttons); // refused by other kinds
+    if (CTimelineKeyArray* const keys = m_manager.GetKeyDataArray(made))
+        keys->AddKeys(m_keys.Make(track.keys), false);
+}
+
+void SceneTracks::Relate(const QVector<TrackRelation>& relations)
+{
+    std::vector<_tmpTLRelatedMap> table;
+    for (const TrackRelation& relation : relations) {
+        _tmpTLRelatedMap row;
+        row.kind = Entry(kRelationKinds, relation.kind);
+        for (const TrackId id : relation.tracks)
+            row.tracks.push_back(TrackOf(id));
+        table.push_back(row);
+    }
+    m_manager.SetTrackRelMapTable(table);
+}
+
+} // namespace host

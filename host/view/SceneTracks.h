@@ -1,0 +1,43 @@
+#pragma once
+
+#include "TimelineKeys.h"
+#include "document/Scene.h"
+
+#include <KestovaTimelineQU/KestovaTimelineQU.h>
+
+#include <QHash>
+
+namespace host {
+
+/// Shows a scene on the timeline: one timeline track for each of the scene's, kept for as long as
+/// the scene is shown. Knows which track stands for which.
+class SceneTracks
+{
+public:
+    /// @param manager not owned; outlives this object, and its window exists when it is used.
+    explicit SceneTracks(CTimelineManager& manager) : m_manager(manager) {}
+
+    /// Takes the tracks of the scene shown before away and makes those of @p scene. False when the
+    /// skin lacks a style that the scene asks for; the timeline then shows a part of the scene.
+    bool Show(const Scene& scene);
+
+    /// Shows or hides a child row, at its place among its siblings.
+    void SetRowShown(const Scene& scene, TrackId row, bool shown);
+
+    /// The timeline's track for the scene's, or null.
+    CTimelineTrackBase* TrackOf(TrackId id) const { return m_tracks.value(id); }
+    /// The scene's track for the timeline's, or kNoTrack.
+    TrackId IdOf(CTimelineTrackBase* track) const { return m_tracks.key(track, kNoTrack); }
+
+private:
+    void Clear();
+    bool MakeTrack(const SceneTrack& track);
+    void Fill(const SceneTrack& track);
+    void Relate(const QVector<TrackRelation>& relations);
+
+    CTimelineManager& m_manager;
+    QHash<TrackId, CTimelineTrackBase*> m_tracks;
+    TimelineKeys m_keys;
+};
+
+} // namespace host

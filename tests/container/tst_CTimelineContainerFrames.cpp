@@ -1,0 +1,398 @@
+#include "container/CTimelineContainer.h"
+#include "library/TimelineLibrary.h"
+#include "support/HostFixture.h"
+#include "tracks/CTimelineTrackHScroll.h"
+#include "tracks/CTimelineTrackTick.h"
+
+#include <QtTest>
+
+#include <climits>
+
+using namespace KestovaTest;
+
+namespace {
+
+FrameAxis& Axis()
+{
+    return TimelineLibrary::Instance().axis;
+}
+
+/// Counts the paints of a widget.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    int paints = 0;
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++paints;
+        return false;
+    }
+};
+
+} // namespace
+
+class tst_CTimelineContainerFrames : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<HostFixture> m_fixture;
+
+    CTimelineContainer& Container() const { return *m_fixture->Container(); }
+    QStringList WindowCalls() const { return m_fixture->Window().calls; }
+    QStringList HostCalls() const { return m_fixture->host.calls; }
+
+    bool IsInView(int frame) const
+    {
+        const CTimelineTrackBase& ruler = *Container().TickTrack();
+        return ruler.PixelToFrame(0) < frame && frame < ruler.PixelToFrame(ruler.width());
+    }
+
+    /// Zooms in until the view shows but a part of the frames, around @p frame.
+    void ZoomInAround(int frame, int count = 1000)
+    {
+        Container().SetFrameCount(count);
+        Container().SetCurrentFrame(frame);
+        while (Container().CanDoZoomIn())
+            Container().DoZoomIn();
+    }
+
+private slots:
+    void init() { m_fixture = std::make_unique<HostFixture>(); }
+    void cleanup() { m_fixture.reset(); }
+
+    // ---- Frame count and current frame ----
+
+    void theCurrentFrameIsClampedIntoTheFrames_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("frame");
+        QTest::addColumn<int>("current");
+        QTest::newRow("500 of 100 gives 99") << 100 << 500 << 99;
+        QTest::newRow("the count itself gives the last") << 100 << 100 << 99;
+        QTest::newRow("the last stays") << 100 << 99 << 99;
+        QTest::newRow("one inside stays") << 100 << 42 << 42;
+        QTest::newRow("0 stays") << 100 << 0 << 0;
+        QTest::newRow("-5 gives 0") << 100 << -5 << 0;
+        QTest::newRow("the smallest gives 0") << 100 << INT_MIN << 0;
+        QTest::newRow("with count 0, 0 gives 0") << 0 << 0 << 0;
+        QTest::newRow("with count 0, 7 gives 0") << 0 << 7 << 0;
+        QTest::newRow("with count 0, -7 gives 0") << 0 << -7 << 0;
+        QTest::newRow("with a negative count 7 gives 0") << -3 << 7 << 0;
+        QTest::newRow("with the smallest count 7 gives 0") << INT_MIN << 7 << 0;
+    }
+    void theCurrentFrameIsClampedIntoTheFrames()
+    {
+        QFETCH(int, count);
+        QFETCH(int, frame);
+        Container().SetFrameCount(count);
+        Container().SetCurrentFrame(frame);
+        QTEST(Container().GetCurrentFrame(), "current");
+    }
+
+    void aSmallerFrameCountLeavesTheCurrentFrameUntilItIsNextSet()
+    {
+        Container().SetCurrentFrame(80);
+        Container().SetFrameCount(50);
+        QCOMPARE(Container().GetCurrentFrame(), 80);
+        Container().SetCurrentFrame(80);
+        QCOMPARE(Container().GetCurrentFrame(), 49);
+        Container().SetFrameCount(20);
+        QCOMPARE(Container().GetCurrentFrame(), 49);
+        Container().GotoFrame(49);
+        QCOMPARE(Container().GetCurrentFrame(), 19);
+    }
+
+    void settingTheFrameCountStoresItUnclampedAndRebuildsTheView()
+    {
+        m_fixture->ForgetCalls();
+        Container().SetFrameCount(-3);
+        QCOMPARE(Axis().frameCount, -3);
+        // At three pixels a frame all frames fit: the thumb fills the bar, and the bar's 629 pixels
+        // make it six.
+        Axis().info = CFrameInfo(3.0);
+        Container().SetFrameCount(100);
+        QCOMPARE(Container().ScrollTrack()->width(), 629);
+        QCOMPARE(Axis().info.pixelsPerFrame, 6);
+        QCOMPARE(WindowCalls(), (QStringList{"refreshed", "refreshed"}));
+        QCOMPARE(HostCalls(), QStringList());
+    }
+
+    void settingTheFrameCountRepaintsLater()
+    {
+        m_fixture->Settle();
+        PaintCounter counter(Container());
+        Container().SetFrameCount(70);
+        QCOMPARE(counter.paints, 0);
+        m_fixture->Settle();
+        QVERIFY(counter.paints > 0);
+    }
+
+    void settingTheCurrentFrameRepaintsAtOnceTellsTheWindowAndNotTheHost()
+    {
+        m_fixture->Settle();
+        m_fixture->ForgetCalls();
+        PaintCounter counter(Container());
+        Container().SetCurrentFrame(12);
+        QVERIFY(counter.paints > 0);
+        QCOMPARE(WindowCalls(), QStringList{"refreshed"});
+        QCOMPARE(HostCalls(), QStringList());
+    }
+
+    void settingTheCurrentFrameScrollsNothing()
+    {
+        ZoomInAround(500);
+        const int before = Axis().scrollX;
+        Container().SetCurrentFrame(0);
+        QCOMPARE(Axis().scrollX, before);
+        QVERIFY(!IsInView(0));
+    }
+
+    void twoContainersShareTheFrames()
+    {
+        Container().SetCurrentFrame(33);
+        HostFixture other; // starts its own frames anew
+        other.Container()->SetFrameCount(60);
+        other.Container()->SetCurrentFrame(21);
+        QCOMPARE(Container().GetCurrentFrame(), 21);
+        Container().SetCurrentFrame(99);
+        QCOMPARE(other.Container()->GetCurrentFrame(), 59);
+    }
+
+    // ---- Going to a frame ----
+
+    void goingToAFrameSends1301Before1302BothWithTheClampedFrame()
+    {
+        m_fixture->ForgetCalls();
+        Container().GotoFrame(500);
+        QCOMPARE(Container().GetCurrentFrame(), 99);
+        QCOMPARE(HostCalls(), (QStringList{"frame 99 false", "frame 99 true"}));
+    }
+
+    void goingToAFrameBringsItIntoTheMiddleOfTheView()
+    {
+        ZoomInAround(500);
+        Container().GotoFrame(100);
+        QVERIFY(IsInView(100));
+        const CTimelineTrackBase& ruler = *Container().TickTrack();
+        const int middle = ruler.PixelToFrame(ruler.width() / 2);
+        QVERIFY(qAbs(middle - 100) <= 2);
+    }
+
+    void goingToAFrameWithoutAnOwnerMovesButSendsNothing()
+    {
+        Container().SetOwnerInterface(nullptr);
+        m_fixture->ForgetCalls();
+        Container().GotoFrame(40);
+        QCOMPARE(Container().GetCurrentFrame(), 40);
+        QCOMPARE(HostCalls(), QStringList());
+    }
+
+    // ---- Time mark ----
+
+    void theTimeMarkIsStoredUnchanged_data()
+    {
+        QTest::addColumn<int>("start");
+        QTest::addColumn<int>("end");
+        QTest::newRow("ordered") << 3 << 9;
+        QTest::newRow("the larger first") << 9 << 3;
+        QTest::newRow("beyond the frames") << -4 << 5000;
+    }
+    void theTimeMarkIsStoredUnchanged()
+    {
+        QFETCH(int, start);
+        QFETCH(int, end);
+        m_fixture->ForgetCalls();
+        Container().SetTimeMarkFrame(start, end);
+        int gotStart = -1;
+        int gotEnd = -1;
+        Container().GetTimeMarkFrame(gotStart, gotEnd);
+        QCOMPARE(gotStart, start);
+        QCOMPARE(gotEnd, end);
+        QCOMPARE(WindowCalls(), QStringList{"refreshed"});
+        QCOMPARE(HostCalls(), QStringList());
+    }
+
+    // ---- Without the fixed tracks ----
+
+    void withoutTheFixedTracksEveryOperationAnswersItsDefault()
+    {
+        CTimelineContainer bare(nullptr);
+        Axis().frameCount = 77;
+        Axis().currentFrame = 7;
+        bare.SetFrameCount(500);
+        QCOMPARE(Axis().frameCount, 77);
+        bare.SetCurrentFrame(9);
+        QCOMPARE(Axis().currentFrame, 7);
+        QCOMPARE(bare.GetCurrentFrame(), 0);
+        bare.GotoFrame(30);
+        QCOMPARE(Axis().currentFrame, 7);
+        bare.SetTimeMarkFrame(4, 5);
+        int start = 8;
+        int end = 8;
+        bare.GetTimeMarkFrame(start, end);
+        QCOMPARE(start, 0);
+        QCOMPARE(end, 1);
+        float left = 0.25f;
+        float right = 0.75f;
+        bare.SetScrollInfo(0.0f, 0.5f);
+        bare.GetScrollInfo(left, right);
+        QCOMPARE(left, 0.25f);
+        QCOMPARE(right, 0.75f);
+        QVERIFY(!bare.ScrollToFrame(10, 0));
+        QVERIFY(!bare.CanDoZoomIn());
+        QVERIFY(!bare.CanDoZoomOut());
+        QVERIFY(!bare.CanDoZoomAll());
+        QVERIFY(!bare.CanDoUnZoom());
+        const int scrollX = Axis().scrollX;
+        bare.DoZoomIn();
+        bare.DoZoomOut();
+        bare.DoZoomAll();
+        bare.DoUnZoom();
+        QCOMPARE(Axis().scrollX, scrollX);
+    }
+
+    // ---- View ----
+
+    void theScrollInformationIsTheScrollTracks()
+    {
+        float left = 0;
+        float right = 0;
+        Container().SetFrameCount(1000);
+        Container().SetScrollInfo(0.25f, 0.75f);
+        Container().GetScrollInfo(left, right);
+        float trackLeft = 0;
+        float trackRight = 0;
+        Container().ScrollTrack()->GetScrollInfo(trackLeft, trackRight);
+        QCOMPARE(left, trackLeft);
+        QCOMPARE(right, trackRight);
+        QVERIFY(qAbs(left - 0.25f) < 0.01f);
+        QVERIFY(qAbs(right - 0.75f) < 0.01f);
+    }
+
+    void scrollingToAFrameIsTheScrollTracks()
+    {
+        ZoomInAround(500);
+        QVERIFY(!IsInView(20));
+        QVERIFY(Container().ScrollToFrame(20, 0));
+        QVERIFY(IsInView(20));
+        QCOMPARE(Container().GetCurrentFrame(), 500);
+    }
+
+    void scrollingToATrackIsTheHostsAndAnswersFalse()
+    {
+        CTimelineTrackBase* const track = m_fixture->Root(TL_TRACK_KEY, "a");
+        m_fixture->ForgetCalls();
+        QVERIFY(!m_fixture->manager->ScrollToTrack(track));
+        QCOMPARE(WindowCalls(), QStringList());
+    }
+
+    void theZoomQueriesAreTheScrollTracks()
+    {
+        Container().SetFrameCount(1000);
+        const auto compare = [this] {
+            CTimelineTrackHScroll& scroll = *Container().ScrollTrack();
+            QCOMPARE(Container().CanDoZoomIn(), scroll.CanZoomIn());
+            QCOMPARE(Container().CanDoZoomOut(), scroll.CanZoomOut());
+            QCOMPARE(Container().CanDoZoomAll(), scroll.CanZoomAll());
+            QCOMPARE(Container().CanDoUnZoom(), scroll.CanUnZoom());
+        };
+        Container().DoZoomAll();
+        QVERIFY(Container().CanDoZoomIn());
+        QVERIFY(!Container().CanDoZoomOut());
+        QVERIFY(!Container().CanDoZoomAll());
+        QVERIFY(Container().CanDoUnZoom());
+        compare();
+        Container().DoZoomIn();
+        QVERIFY(Container().CanDoZoomOut());
+        QVERIFY(Container().CanDoZoomAll());
+        compare();
+        Container().DoUnZoom();
+        QVERIFY(!Container().CanDoZoomIn());
+        QVERIFY(!Container().CanDoUnZoom());
+        compare();
+    }
+
+    void zoomCommandsKeepTheCurrentFrameInView_data()
+    {
+        QTest::addColumn<int>("command");
+        QTest::newRow("zoom in") << 0;
+        QTest::newRow("zoom out") << 1;
+        QTest::newRow("un-zoom") << 2;
+    }
+    void zoomCommandsKeepTheCurrentFrameInView()
+    {
+        QFETCH(int, command);
+        ZoomInAround(700, 8000);
+        if (command != 1)
+            Container().DoZoomOut();
+        Container().ScrollToFrame(5000, 0);
+        QVERIFY(!IsInView(700));
+        const int scale = Axis().info.pixelsPerFrame * 1000 - Axis().info.framesPerPixel;
+        switch (command) {
+        case 0:
+            Container().DoZoomIn();
+            QVERIFY(Axis().info.pixelsPerFrame * 1000 - Axis().info.framesPerPixel > scale);
+            break;
+        case 1:
+            Container().DoZoomOut();
+            QVERIFY(Axis().info.pixelsPerFrame * 1000 - Axis().info.framesPerPixel < scale);
+            break;
+        default:
+            Container().DoUnZoom();
+            QCOMPARE(Axis().info.pixelsPerFrame, 10);
+        }
+        QVERIFY(IsInView(700));
+    }
+
+    void zoomingAllShowsEveryFrameAndDoesNotFollowTheCurrentFrame()
+    {
+        ZoomInAround(700, 8000);
+        Container().DoZoomAll();
+        QCOMPARE(Axis().scrollX, 0);
+        QVERIFY(!Container().CanDoZoomAll());
+        // Zooming in from here does follow it.
+        Container().SetCurrentFrame(7000);
+        while (Container().CanDoZoomIn())
+            Container().DoZoomIn();
+        QVERIFY(IsInView(7000));
+    }
+
+    void aZoomThatIsNotPossibleChangesNothing()
+    {
+        ZoomInAround(500);
+        const int scrollX = Axis().scrollX;
+        Container().SetCurrentFrame(10); // would be scrolled to
+        QVERIFY(!Container().CanDoZoomIn());
+        Container().DoZoomIn();
+        QCOMPARE(Axis().scrollX, scrollX);
+        Container().DoZoomAll();
+        Container().DoZoomOut();
+        Container().DoZoomAll();
+        QCOMPARE(Axis().scrollX, 0);
+    }
+
+    void withoutFramesNoZoomIsPossible()
+    {
+        Container().SetFrameCount(0);
+        QVERIFY(!Container().CanDoZoomIn());
+        QVERIFY(!Container().CanDoZoomOut());
+        QVERIFY(!Container().CanDoZoomAll());
+        QVERIFY(!Container().CanDoUnZoom());
+    }
+
+    void framesOutliveTheContainer()
+    {
+        Container().SetFrameCount(123);
+        Container().SetCurrentFrame(45);
+        m_fixture->manager->ReleaseTimelineWnd();
+        m_fixture->Settle();
+        QCOMPARE(Axis().frameCount, 123);
+        QCOMPARE(Axis().currentFrame, 45);
+    }
+};
+
+QTEST_MAIN(tst_CTimelineContainerFrames)
+#include "tst_CTimelineContainerFrames.moc"

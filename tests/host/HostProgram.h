@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// What a run of the program left behind.
+struct HostRun
+{
+    int exitCode = -1; ///< -1 when the program crashed or did not end
+    QString output;
+    QString errors;
+};
+
+/// The environment of the test itself, on a platform that needs no screen.
+inline QProcessEnvironment OffscreenEnvironment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    return environment;
+}
+
+/// Starts the program with these arguments and waits until it has ended.
+inline HostRun RunHost(const QStringList& arguments,
+                       const QProcessEnvironment& environment = OffscreenEnvironment())
+{
+    constexpr int kPatience = 60000; // milliseconds; the sanitized program is slow
+    QProcess program;
+    static const QTemporaryDir runtimeDirectory;
+    QProcessEnvironment complete = environment;
+    // Qt remarks on its absence.
+    complete.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
+    program.setProcessEnvironment(complete);
+    program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), arguments);
+    HostRun run;
+    if (program.waitForFinished(kPatience) && program.exitStatus() == QProcess::NormalExit)
+        run.exitCode = program.exitCode();
+    run.output = QString::fromUtf8(program.readAllStandardOutput());
+    run.errors = QString::fromUtf8(program.readAllStandardError());
+    return run;
+}

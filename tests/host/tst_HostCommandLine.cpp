@@ -1,0 +1,248 @@
+#include "HostProgram.h"
+#include "TestFiles.h"
+
+#include <QColor>
+#include <QImage>
+#include <QTemporaryDir>
+
+namespace {
+
+/// The colour of the current-frame line in the default skin.
+const QRgb kMarkLine = qRgb(88, 216, 192);
+
+QString SkinPath()
+{
+    return QStringLiteral(KESTOVA_SKINS_DIR "/default.ini");
+}
+
+void WriteFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+/// The place of the column that is in the current-frame line's colour over most of the rows'
+/// height.
+int CurrentFrameColumn(const QImage& picture)
+{
+    int best = -1;
+    int most = 20; // a line crosses at least the height of a row
+    for (int x = 0; x < picture.width(); ++x) {
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            count += picture.pixel(x, y) == kMarkLine ? 1 : 0;
+        if (count > most) {
+            most = count;
+            best = x;
+        }
+    }
+    return best;
+}
+
+} // namespace
+
+class tst_HostCommandLine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void opensTheSampleSceneWithoutFiles();
+    void writesAPictureOfTheAskedSize();
+    void writesTheSamePictureEveryTime();
+    void drawsTheCurrentFrameLineAtTheAskedFrame();
+    void staysOnTheLastFrameWhenAskedForMore();
+    void drawsInTheAskedSkin();
+    void opensTheRealFiles();
+    void listsItsOptions();
+    void saysInOneLineWhatIsWrong_data();
+    void saysInOneLineWhatIsWrong();
+    void refusesASkinCutAnywhere();
+    void needsNoScreenToFindAnError();
+
+private:
+    QImage Picture(const QStringList& arguments);
+    QString InDirectory(const QString& name) const { return m_directory.filePath(name); }
+
+    QTemporaryDir m_directory;
+};
+
+void tst_HostCommandLine::initTestCase()
+{
+    QVERIFY(m_directory.isValid());
+}
+
+/// The picture that the program writes when started with @p arguments; null when it fails.
+QImage tst_HostCommandLine::Picture(const QStringList& arguments)
+{
+    const QString path = InDirectory(QStringLiteral("window.png"));
+    QFile::remove(path);
+    const HostRun run = RunHost(arguments + QStringList{QStringLiteral("--screenshot"), path});
+    if (run.exitCode != 0)
+        qWarning("%s", qPrintable(run.errors));
+    return run.exitCode == 0 ? QImage(path) : QImage();
+}
+
+void tst_HostCommandLine::opensTheSampleSceneWithoutFiles()
+{
+    const QImage picture = Picture({});
+    QCOMPARE(picture.size(), QSize(1280, 720));
+    QVERIFY(picture == Picture({SamplePath(QStringLiteral("stroll.bvh")),
+                                SamplePath(QStringLiteral("greeting.json"))}));
+    QVERIFY(picture != Picture({SamplePath(QStringLiteral("stroll.bvh"))}));
+}
+
+void tst_HostCommandLine::writesAPictureOfTheAskedSize()
+{
+    QCOMPARE(Picture({QStringLiteral("--size"), QStringLiteral("900x500")}).size(),
+             QSize(900, 500));
+}
+
+void tst_HostCommandLine::writesTheSamePictureEveryTime()
+{
+    const QImage picture = Picture({QStringLiteral("--frame"), QStringLiteral("7")});
+    QVERIFY(!picture.isNull());
+    QVERIFY(picture == Picture({QStringLiteral("--frame"), QStringLiteral("7")}));
+}
+
+void tst_HostCommandLine::drawsTheCurrentFrameLineAtTheAskedFrame()
+{
+    const auto columnAt = [this](int frame) {
+        return CurrentFrameColumn(Picture({QStringLiteral("--frame"), QString::number(frame)}));
+    };
+    const int first = columnAt(10);
+    const int second = columnAt(20);
+    const int third = columnAt(30);
+    QVERIFY(first > 0);
+    QVERIFY(second > first);
+    QCOMPARE(third - second, second - first);
+}
+
+void tst_HostCommandLine::staysOnTheLastFrameWhenAskedForMore()
+{
+    const QImage last = Picture({QStringLiteral("--frame"), QStringLiteral("90")});
+    QVERIFY(!last.isNull());
+    QVERIFY(last == Picture({QStringLiteral("--frame"), QStringLiteral("2000000000")}));
+}
+
+void tst_HostCommandLine::drawsInTheAskedSkin()
+{
+    const QString skin = InDirectory(QStringLiteral("red.ini"));
+    WriteFile(skin, BytesOf(SkinPath()).replace("MarkLine = (88,216,192)", "MarkLine = (255,0,0)"));
+    const QImage picture = Picture({QStringLiteral("--skin"), skin});
+    QVERIFY(!picture.isNull());
+    QCOMPARE(CurrentFrameColumn(picture), -1);
+    QVERIFY(CurrentFrameColumn(Picture({QStringLiteral("--skin"), SkinPath()})) > 0);
+}
+
+void tst_HostCommandLine::opensTheRealFiles()
+{
+    const QString walk = SharedDataPath(QStringLiteral("walk.bvh"));
+    SKIP_WITHOUT(walk);
+    const QString dialogue = SharedDataPath(QStringLiteral("dialogue.json"));
+    SKIP_WITHOUT(dialogue);
+    QCOMPARE(Picture({walk, dialogue}).size(), QSize(1280, 720));
+}
+
+void tst_HostCommandLine::listsItsOptions()
+{
+    const HostRun run = RunHost({QStringLiteral("--help")});
+    QCOMPARE(run.exitCode, 0);
+    for (const char* option :
+         {"--skin <FILE>", "--size <WxH>", "--frame <N>", "--screenshot <PNG>", "[FILES...]"})
+        QVERIFY2(run.output.contains(QLatin1String(option)), option);
+}
+
+void tst_HostCommandLine::saysInOneLineWhatIsWrong_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* name, const QStringList& arguments, const QString& message) {
+        QTest::newRow(name) << arguments << message;
+    };
+    const QString broken = InDirectory(QStringLiteral("broken.bvh"));
+    WriteFile(broken, BytesOf(SamplePath(QStringLiteral("stroll.bvh"))).replace("Frames: ", "N: "));
+    const QString cut = InDirectory(QStringLiteral("cut.json"));
+    WriteFile(cut, "{\n\"metadata\" 5}\n");
+    const QString poorSkin = InDirectory(QStringLiteral("poor.ini"));
+    WriteFile(poorSkin, "[TickTrack]\n");
+    const QString missing = InDirectory(QStringLiteral("missing.bvh"));
+    const QString directory = InDirectory(QStringLiteral("folder.bvh"));
+    QVERIFY(QDir().mkpath(directory));
+
+    row("a file that is not there", {missing},
+        missing + QStringLiteral(": expected a readable file (No such file or directory)"));
+    row("a directory", {directory},
+        directory + QStringLiteral(": expected a readable file, found a directory"));
+    row("a damaged motion", {broken},
+        broken + QStringLiteral(":108: expected Frames:, found \"N:\""));
+    row("damaged mouth cues", {cut}, cut + QStringLiteral(":2: expected a colon after a name"));
+    row("a file of another kind", {QStringLiteral("notes.txt")},
+        QStringLiteral("notes.txt: expected a motion capture (.bvh) or mouth cues (.json)"));
+    row("a skin that is not there", {QStringLiteral("--skin"), QStringLiteral("none.ini")},
+        QStringLiteral("none.ini: expected a skin file"));
+    row("a directory for a skin", {QStringLiteral("--skin"), directory},
+        directory + QStringLiteral(": expected a skin file"));
+    row("a skin without styles", {QStringLiteral("--skin"), poorSkin},
+        poorSkin + QStringLiteral(": expected a skin with every section and key"));
+    for (const char* size : {"wide", "0x10", "10x", "1280x720x3", "-1x5", "99999x10"}) {
+        row(qPrintable(QStringLiteral("the size %1").arg(QLatin1String(size))),
+            {QStringLiteral("--size=") + QLatin1String(size)},
+            QStringLiteral(
+                "kestova-host: --size: expected WIDTHxHEIGHT in pixels, such as 1280x720"));
+    }
+    for (const char* frame : {"-1", "x", "1.5", "99999999999"}) {
+        row(qPrintable(QStringLiteral("the frame %1").arg(QLatin1String(frame))),
+            {QStringLiteral("--frame=") + QLatin1String(frame)},
+            QStringLiteral("kestova-host: --frame: expected a frame number, 0 or more"));
+    }
+    row("an unknown option", {QStringLiteral("--colour")},
+        QStringLiteral("kestova-host: Unknown option 'colour'."));
+    row("an option without its value", {QStringLiteral("--skin")},
+        QStringLiteral("kestova-host: Missing value after '--skin'."));
+    const QString nowhere = InDirectory(QStringLiteral("no/such/folder.png"));
+    row("a picture that cannot be written", {QStringLiteral("--screenshot"), nowhere},
+        nowhere + QStringLiteral(": expected a file that can be written"));
+}
+
+void tst_HostCommandLine::saysInOneLineWhatIsWrong()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    const HostRun run = RunHost(arguments);
+    QVERIFY2(run.exitCode > 0, qPrintable(run.errors));
+    QString errors = run.errors;
+    // A remark of Qt's offscreen platform on every window that is shown there.
+    errors.remove(QStringLiteral("This plugin does not support propagateSizeHints()\n"));
+    QCOMPARE(errors, message + u'\n');
+}
+
+void tst_HostCommandLine::refusesASkinCutAnywhere()
+{
+    const QByteArray whole = BytesOf(SkinPath());
+    QVERIFY(!whole.isEmpty());
+    const QString skin = InDirectory(QStringLiteral("cut.ini"));
+    // The library's own tests cut the skin at every byte; here it is that the program tells.
+    for (const int part : {0, 1, 2, 3}) {
+        WriteFile(skin, whole.left(whole.size() * part / 8));
+        const HostRun run = RunHost({QStringLiteral("--skin"), skin, QStringLiteral("--screenshot"),
+                                     InDirectory(QStringLiteral("cut.png"))});
+        QVERIFY2(run.exitCode > 0, qPrintable(run.errors));
+        QVERIFY(run.errors.contains(QStringLiteral("expected a skin with every section and key")));
+    }
+}
+
+void tst_HostCommandLine::needsNoScreenToFindAnError()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.remove(QStringLiteral("DISPLAY"));
+    const HostRun run = RunHost({QStringLiteral("notes.txt")}, environment);
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.errors,
+             QStringLiteral("notes.txt: expected a motion capture (.bvh) or mouth cues (.json)\n"));
+}
+
+QTEST_GUILESS_MAIN(tst_HostCommandLine)
+#include "tst_HostCommandLine.moc"
