@@ -266,6 +266,14 @@ private slots:
         QCOMPARE(ShowRow(*out, kSize), wanted);
     }
 
+    void spanThatEndsLeftOfTheRowLeavesNothingThere()
+    {
+        SceneAxis().scrollX = 200;
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        AddKey(*row, 5, Transition(kTransitionOut, 10));
+        QVERIFY(ShowRow(*row, kSize) == EmptyRow());
+    }
+
     void longTransitionsReachIntoTheViewFromAnywhere()
     {
         ResetAxis(1000000, 10.0, 5000000);

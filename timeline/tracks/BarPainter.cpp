@@ -71,17 +71,28 @@ private:
     const QColor& m_colour;
 };
 
-/// The first pass from 1 whose divider stands at column @p x or right of it.
-long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& key, long long x)
+/// One more than the last pass that can have a divider in the bar: passes beyond the drawn length
+/// have none, however many there are.
+long long DividerLimit(const CTimelineKey& key)
 {
-    // Dividers beyond the drawn length are not drawn, however many passes there are.
     const long long drawnPasses = std::max(0, key.displayLength) / key.clipLength + 2LL;
+    return std::min<long long>(key.loopCount, drawnPasses);
+}
+
+int DividerX(const FrameAxis& axis, const CTimelineKey& key, long long pass)
+{
+    return axis.FrameToPixel(1LL + key.frame + pass * key.clipLength);
+}
+
+/// The first pass from 1 whose divider stands at column @p x or right of it; @p limit without one.
+long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& key, long long x,
+                        long long limit)
+{
     long long low = 1;
-    long long high = std::min<long long>(key.loopCount, drawnPasses);
+    long long high = std::max(limit, 1LL);
     while (low < high) {
         const long long middle = low + (high - low) / 2;
-        const long long frame = 1LL + key.frame + middle * key.clipLength;
-        if (axis.FrameToPixel(frame) < x)
+        if (DividerX(axis, key, middle) < x)
             low = middle + 1;
         else
             high = middle;
@@ -94,12 +105,13 @@ void DrawDividers(const OutlinePainter& outline, const RowView& view, const CTim
 {
     // Passes narrower than a pixel share columns; each column is drawn once, and what lies out of
     // the painted columns is skipped.
+    const long long limit = DividerLimit(key);
     long long x = view.firstColumn;
     while (x <= view.lastColumn) {
-        const long long pass = FirstPassFrom(view.axis, key, x);
-        if (pass >= key.loopCount)
+        const long long pass = FirstPassFrom(view.axis, key, x, limit);
+        if (pass >= limit)
             return;
-        const int dividerX = view.axis.FrameToPixel(1LL + key.frame + pass * key.clipLength);
+        const int dividerX = DividerX(view.axis, key, pass);
         if (dividerX >= bar.right)
             return;
         outline.Vertical(dividerX, bar.top, bar.height);

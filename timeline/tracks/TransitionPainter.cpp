@@ -84,9 +84,10 @@ void TransitionPainter::DrawTransition(const DisplayKey& key)
     } else {
         return;
     }
-    if (m_style.line.lineHeight < 1)
-        return;
     const long long halfCell = CellCentre(axis, 0);
+    // A span that ends left of the row must not leave the line of its clamped end there.
+    if (m_style.line.lineHeight < 1 || farX + halfCell < 0)
+        return;
     const long long from = std::clamp<long long>(farX + halfCell, 0, width);
     const long long to = CellCentre(axis, x);
     const int top = SpanTop(m_style.keyAlign, m_view.row.height(), m_style.line.lineHeight);

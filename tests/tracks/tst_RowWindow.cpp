@@ -1,0 +1,436 @@
+#include "tracks/KeyHitTest.h"
+#include "tracks/LinkPainter.h"
+#include "tracks/LinkThinning.h"
+#include "tracks/RowScenes.h"
+#include "tracks/TransitionPainter.h"
+
+#include <QtTest>
+
+#include <map>
+#include <random>
+
+using namespace KestovaTest;
+
+// Rows are painted from the keys in view, found by searching. These tests paint thousands of random
+// rows from all of their keys as well, and in parts, and want the same pixels.
+
+namespace {
+
+constexpr int kHeight = 27;
+const QSize kSize(240, kHeight);
+
+class Random
+{
+public:
+    explicit Random(unsigned int seed) : m_engine(seed) {}
+    int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(m_engine); }
+    int From(int lowest, int highest)
+    {
+        return std::uniform_int_distribution<int>(lowest, highest)(m_engine);
+    }
+    bool OneIn(int n) { return Below(n) == 0; }
+
+private:
+    std::mt19937 m_engine;
+};
+
+void FillKey(Random& random, CTimelineKey& key)
+{
+    key.selected = random.OneIn(4);
+    key.keyType = random.From(1, 4);
+    const int masks[] = {1, 1 | 4, 16, 32, 16 | 32, 16, 32, 1 | 8};
+    key.kindMask = masks[random.Below(8)];
+    key.transitionFrames = random.OneIn(10) ? random.Below(2000) : random.Below(30);
+    key.alternateStyle = random.OneIn(5);
+    key.priority = 100 + random.Below(4);
+    key.hostSwitch = !random.OneIn(4);
+    key.hostValue6 = random.Below(17);
+    if (random.OneIn(5))
+        key.group = new GroupToken;
+    if (random.OneIn(12)) {
+        key.kindMask |= kHasSegments;
+        const int left = random.From(-60, 60);
+        key.segments.push_back(
+            {0.9f, 0.1f, 0.4f, random.OneIn(2) ? 1.0f : 0.5f, {{left, 0, left + 9, 3}}});
+    }
+}
+
+using RowsByType = std::map<int, std::unique_ptr<CTimelineTrackBase>>;
+
+RowsByType& Rows()
+{
+    static RowsByType rows;
+    return rows;
+}
+
+/// A row with random keys, bars, clips with sub-keys and related keys, on a random axis.
+/// The tracks are made once for each kind, since reading the skin takes long.
+CTimelineTrackBase* RandomRow(Random& random, int type)
+{
+    std::unique_ptr<CTimelineTrackBase>& made = Rows()[type];
+    if (!made)
+        made = MakeTrack(type);
+    CTimelineTrackBase* const row = made.get();
+    row->Keys().RemoveAll();
+    SetModes(*row, {});
+    row->SetRange(-1, -1);
+    FrameAxis& axis = ResetAxis(random.OneIn(3) ? random.Below(600) : 1500);
+    const double scales[] = {10, 7, 5, 3, 2, 1.5, 0.6, 0.3, 0.11};
+    axis.info = CFrameInfo(scales[random.Below(9)]);
+    const int span = axis.SpanToPixel(axis.frameCount);
+    axis.scrollX = random.Below(std::max(span - 100, 0) + 150);
+
+    const int density = random.OneIn(2) ? 1500 : 400;
+    const int count = random.Below(300);
+    const bool clips = random.OneIn(3);
+    CTimelineKeyArray::KeyVector keys;
+    for (int i = 0; i < count; ++i) {
+        keys.push_back(NewKey(random.Below(density), [&](CTimelineKey& key) {
+            FillKey(random, key);
+            if (random.OneIn(5)) {
+                key.clipLength = random.From(1, 40);
+                key.loopCount = random.From(0, 4);
+            }
+            if (clips && random.OneIn(6)) {
+                key.subKeys = new CTimelineKeyArray;
+                const int subKeys = random.Below(6);
+                for (int sub = 0; sub < subKeys; ++sub) {
+                    key.subKeys->Add(NewKey(random.OneIn(8) ? random.From(-5, 60)
+                                                            : random.Below(
+                                                                  std::max(key.clipLength, 1)),
+                                            [&](CTimelineKey& each) { FillKey(random, each); }),
+                                     false);
+                }
+            }
+        }));
+    }
+    row->Keys().AddKeys(keys, false);
+    if (random.OneIn(2)) {
+        const int related = random.Below(120);
+        for (int i = 0; i < related; ++i) {
+            AddRelated(*row, random.Below(density),
+                       [&](CTimelineKey& key) { FillKey(random, key); });
+        }
+    }
+    if (random.OneIn(3))
+        SetModes(*row, {TL_EDIT_SUB_KEYS, TL_EDIT_TIME_RANGE});
+    if (random.OneIn(2))
+        row->SetRange(random.From(-1, 500), random.From(-1, 500));
+    axis.currentFrame = random.From(-1, 1500);
+    if (random.OneIn(20) && row->Keys().GetSize() > 0) {
+        // A host wrote a frame in place: the keys are out of order.
+        row->Keys().GetAt(random.Below(static_cast<int>(row->Keys().GetSize())))->frame = 77;
+    }
+    row->resize(kSize);
+    row->InvalidateCaches();
+    return row;
+}
+
+/// The keys of a row painted from the list of all of them, as CollectDisplayKeys gives it.
+void PaintAllKeys(CTimelineTrackBase& row, QPainter& painter)
+{
+    const FrameAxis& axis = SceneAxis();
+    const RowView view(QRect(QPoint(), kSize), axis, 0, kSize.width() - 1);
+    CTimelineKeyArray::KeyVector counted;
+    row.CollectDisplayKeys(counted);
+    DisplayKeyList list;
+    for (const auto& key : counted)
+        list.emplace_back(key.Get());
+
+    const auto glyphs = GlyphStyleOf(row.GetTrackType(), row.GetStyle());
+    switch (row.GetTrackType()) {
+    case TL_TRACK_LINK_KEY:
+        ThinLinkKeys(list);
+        LinkPainter(painter, view, *row.StyleAs<LineKeyTrackStyle>()).Draw(list);
+        break;
+    case TL_TRACK_TRANSITION_KEY:
+        TransitionPainter(painter, view, *row.StyleAs<LineKeyTrackStyle>()).Draw(list);
+        break;
+    default:
+        GlyphPainter(painter, view, *glyphs).DrawList(list);
+    }
+    KeyFacts walkAll; // not searchable: every key is looked at
+    DrawKeyBars(painter, view, *BarStyleOf(row.GetTrackType(), row.GetStyle(), kHeight),
+                row.Keys(), walkAll);
+}
+
+/// The keys of a row painted as rows paint them.
+void PaintKeysInView(CTimelineTrackBase& row, QPainter& painter)
+{
+    if (row.GetTrackType() == TL_TRACK_TRANSITION_KEY)
+        row.render(&painter, QPoint(), QRegion(), QWidget::RenderFlags());
+    else
+        row.DrawKeys(&painter, QRect(QPoint(), kSize));
+}
+
+template <class Paint>
+QImage KeysPicture(CTimelineTrackBase& row, Paint paint)
+{
+    QImage image(kSize, QImage::Format_RGB32);
+    image.fill(QColor(40, 44, 50));
+    QPainter painter(&image);
+    paint(row, painter);
+    painter.end();
+    return image;
+}
+
+void AddKinds()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("key") << int(TL_TRACK_KEY);
+    QTest::newRow("viseme") << int(TL_TRACK_VISEME_KEY);
+    QTest::newRow("link") << int(TL_TRACK_LINK_KEY);
+    QTest::newRow("transition") << int(TL_TRACK_TRANSITION_KEY);
+}
+
+/// Empty when the pictures are the same; else writes both and says where they lie.
+QByteArray Difference(const QImage& got, const QImage& wanted, unsigned int seed)
+{
+    if (got == wanted)
+        return {};
+    const QString stem = QStringLiteral(KESTOVA_BINARY_DIR "/pictures/row-window-");
+    QDir().mkpath(KESTOVA_BINARY_DIR "/pictures");
+    got.save(stem + "got.png");
+    wanted.save(stem + "wanted.png");
+    return QStringLiteral("seed %1, see %2got.png and %2wanted.png").arg(seed).arg(stem).toUtf8();
+}
+
+} // namespace
+
+class tst_RowWindow : public QObject
+{
+    Q_OBJECT
+
+    static constexpr unsigned int kRows = 100;
+
+private slots:
+    void initTestCase() { QVERIFY(PrepareTimeline()); }
+    void init() { UnrelateTracks(); }
+    void cleanupTestCase() { Rows().clear(); }
+
+    void rowPaintedFromTheKeysInViewLooksAsPaintedFromAllKeys_data() { AddKinds(); }
+    void rowPaintedFromTheKeysInViewLooksAsPaintedFromAllKeys()
+    {
+        QFETCH(int, type);
+        for (unsigned int seed = 1; seed <= kRows; ++seed) {
+            Random random(seed);
+            CTimelineTrackBase* const row = RandomRow(random, type);
+            for (int view = 0; view < 8; ++view) {
+                const QImage wanted = KeysPicture(*row, PaintAllKeys);
+                const QImage got = KeysPicture(*row, PaintKeysInView);
+                const QByteArray difference = Difference(got, wanted, seed);
+                QVERIFY2(difference.isEmpty(), difference);
+                SceneAxis().scrollX = random.Below(SceneAxis().SpanToPixel(1500));
+            }
+        }
+    }
+
+    void repaintOfAFewColumnsGivesThePixelsOfAWholePaint_data() { AddKinds(); }
+    void repaintOfAFewColumnsGivesThePixelsOfAWholePaint()
+    {
+        QFETCH(int, type);
+        for (unsigned int seed = 1001; seed <= 1000 + kRows; ++seed) {
+            Random random(seed);
+            CTimelineTrackBase* const row = RandomRow(random, type);
+            const QImage whole = ShowRow(*row, kSize);
+            for (int part = 0; part < 10; ++part) {
+                const int left = random.Below(kSize.width());
+                const QRect columns(left, 0, random.From(1, 30), kHeight);
+                QImage wanted(kSize, QImage::Format_RGB32);
+                wanted.fill(Qt::magenta);
+                QPainter painter(&wanted);
+                painter.drawImage(columns.topLeft(), whole, columns);
+                painter.end();
+                const QImage got = ShowRow(*row, kSize, columns);
+                const QByteArray difference = Difference(got, wanted, seed);
+                QVERIFY2(difference.isEmpty(), difference);
+            }
+        }
+    }
+
+    void relatedBarsInViewLookAsAllOfThem()
+    {
+        for (unsigned int seed = 1; seed <= kRows; ++seed) {
+            Random random(seed);
+            CTimelineTrackBase* const source = RandomRow(random, TL_TRACK_KEY);
+            const RowView view(QRect(QPoint(), kSize), SceneAxis(), 0, kSize.width() - 1);
+            const RelatedBarColours colours{QColor(90, 90, 200, 90), QColor(200, 90, 90, 90)};
+            const auto paintWith = [&](const KeyFacts& facts) {
+                QImage image(kSize, QImage::Format_RGB32);
+                image.fill(Qt::black);
+                QPainter painter(&image);
+                DrawRelatedBars(painter, view, 14, colours, source->Keys(), facts);
+                painter.end();
+                return image;
+            };
+            QVERIFY2(paintWith(source->Facts()) == paintWith(KeyFacts()),
+                     QByteArray::number(seed));
+        }
+    }
+
+    void keysUnderThePointerAreTheSameWhenSearched_data() { AddKinds(); }
+    void keysUnderThePointerAreTheSameWhenSearched()
+    {
+        QFETCH(int, type);
+        for (unsigned int seed = 1; seed <= kRows; ++seed) {
+            Random random(seed);
+            CTimelineTrackBase* const row = RandomRow(random, type);
+            const KeyHitTest hitTest(SceneAxis(), type, row->GetStyle(), row->GetRowHeight());
+            for (int x = -20; x < kSize.width() + 20; x += 3) {
+                const QPoint point(x, random.Below(kHeight));
+                QCOMPARE(hitTest.FindKey(row->Keys(), row->Facts(), point),
+                         hitTest.FindKey(row->Keys(), KeyFacts(), point));
+            }
+        }
+    }
+
+    void handlesUnderThePointerAreTheSameWhenSearched()
+    {
+        for (unsigned int seed = 1; seed <= kRows; ++seed) {
+            Random random(seed);
+            CTimelineTrackBase* const row = RandomRow(random, TL_TRACK_TRANSITION_KEY);
+            const auto style = GlyphStyleOf(TL_TRACK_TRANSITION_KEY, row->GetStyle());
+            const TransitionHandles handles(SceneAxis(), *style, kHeight);
+            for (int x = -20; x < kSize.width() + 20; x += 3) {
+                const QPoint point(x, random.Below(kHeight));
+                QCOMPARE(handles.Find(row->Keys(), row->Facts(), point),
+                         handles.Find(row->Keys(), KeyFacts(), point));
+            }
+        }
+    }
+
+    void onlyTheKeysInViewAreCollected_data() { AddKinds(); }
+    void onlyTheKeysInViewAreCollected()
+    {
+        QFETCH(int, type);
+        const auto row = MakeTrack(type);
+        ResetAxis(1000000, 10.0, 4000000);
+        std::vector<std::size_t> sizes;
+        for (const int count : {2000, 200000}) {
+            row->Keys().RemoveAll();
+            CTimelineKeyArray::KeyVector keys;
+            // The same keys in view, many more out of it.
+            const int first = 400000 - count / 4;
+            for (int i = 0; i < count; ++i)
+                keys.push_back(NewKey(first + i / 2, [](CTimelineKey& key) {
+                    key.kindMask = 16;
+                    key.transitionFrames = 3;
+                }));
+            row->Keys().AddKeys(keys, false);
+            AddRelated(*row, 300000);
+            AddRelated(*row, 400005);
+            const RowView view(QRect(QPoint(), kSize), SceneAxis(), 0, kSize.width() - 1);
+            const DisplayScope scope{400000, 400024, 1000000, false};
+            const KeyFacts& facts = row->Facts();
+            QVERIFY(facts.searchable);
+            if (type == TL_TRACK_LINK_KEY) {
+                sizes.push_back(CollectLinkWindow(row->Keys(), facts, scope, view,
+                                                  *row->StyleAs<LineKeyTrackStyle>())
+                                    .size());
+            } else if (type == TL_TRACK_TRANSITION_KEY) {
+                sizes.push_back(CollectTransitionWindow(row->Keys(), facts, scope, view,
+                                                        *row->StyleAs<LineKeyTrackStyle>())
+                                    .size());
+            } else {
+                const auto style = GlyphStyleOf(type, row->GetStyle());
+                sizes.push_back(CollectWindow(row->Keys(), facts, scope,
+                                              GlyphPainter::Window(view, *style, facts))
+                                    .size());
+            }
+        }
+        QCOMPARE(sizes[0], sizes[1]);
+        QVERIFY(sizes[0] < 150);
+    }
+
+    void factsAreGatheredOnceUntilKeysComeOrGoOrTheTrackIsTold()
+    {
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        ResetAxis(1000, 10.0);
+        CTimelineKey& key = AddKey(*row, 5, [](CTimelineKey& each) {
+            each.kindMask = 16;
+            each.transitionFrames = 7;
+        });
+        QCOMPARE(row->Facts().longestTransition, 7LL);
+        key.transitionFrames = 30;
+        QCOMPARE(row->Facts().longestTransition, 7LL);
+        row->InvalidateCaches();
+        QCOMPARE(row->Facts().longestTransition, 30LL);
+        key.transitionFrames = 40;
+        AddKey(*row, 6);
+        QCOMPARE(row->Facts().longestTransition, 40LL);
+        row->Keys().RemoveAt(0);
+        QCOMPARE(row->Facts().longestTransition, 0LL);
+    }
+
+    void longestTransitionGrowsWithWhatPaintingSees()
+    {
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        ResetAxis(1000, 10.0);
+        CTimelineKey& key = AddKey(*row, 5, [](CTimelineKey& each) {
+            each.kindMask = 32;
+            each.transitionFrames = 7;
+        });
+        ShowRow(*row, kSize);
+        key.transitionFrames = 400;
+        ShowRow(*row, kSize);
+        QCOMPARE(row->Facts().longestTransition, 400LL);
+    }
+
+    void keysOutOfOrderAreAllWalked_data()
+    {
+        QTest::addColumn<int>("which");
+        QTest::addColumn<bool>("searchable");
+        QTest::newRow("in order") << 0 << true;
+        QTest::newRow("own keys out of order") << 1 << false;
+        QTest::newRow("related keys out of order") << 2 << false;
+        QTest::newRow("clip beyond the next key") << 3 << false;
+        QTest::newRow("sub-keys out of order") << 4 << false;
+        QTest::newRow("sub-key in front of its clip") << 5 << false;
+        QTest::newRow("sub-key beyond its pass") << 6 << false;
+    }
+    void keysOutOfOrderAreAllWalked()
+    {
+        QFETCH(int, which);
+        QFETCH(bool, searchable);
+        CTimelineKeyArray keys;
+        keys.IncrementReferences();
+        const auto clip = NewKey(10, [](CTimelineKey& key) {
+            key.clipLength = 10;
+            key.loopCount = 2;
+            key.subKeys = new CTimelineKeyArray;
+        });
+        clip->subKeys->Add(NewKey(2), false);
+        clip->subKeys->Add(NewKey(5), false);
+        keys.Add(clip, false);
+        keys.Add(NewKey(50), false);
+        keys.Add(NewKey(60), false);
+        keys.RelatedAdd(NewKey(20).Get(), false);
+        keys.RelatedAdd(NewKey(30).Get(), false);
+        switch (which) {
+        case 1:
+            keys.GetAt(2)->frame = 40;
+            break;
+        case 2:
+            keys.RelatedGetAt(0)->frame = 31;
+            break;
+        case 3:
+            keys.GetAt(1)->frame = 30;
+            break;
+        case 4:
+            clip->subKeys->GetAt(0)->frame = 6;
+            break;
+        case 5:
+            clip->subKeys->GetAt(0)->frame = -1;
+            break;
+        case 6:
+            clip->subKeys->GetAt(1)->frame = 10;
+            break;
+        default:
+            break;
+        }
+        QCOMPARE(GatherFacts(keys, TL_TRACK_KEY, 100).searchable, searchable);
+    }
+};
+
+QTEST_MAIN(tst_RowWindow)
+#include "tst_RowWindow.moc"
