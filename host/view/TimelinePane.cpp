@@ -8,6 +8,12 @@
 
 namespace host {
 
+namespace {
+
+constexpr int kLabelMargin = 8; ///< pixels between the frame display and the edge
+
+} // namespace
+
 TimelinePane::TimelinePane(QWidget* parent)
     : QWidget(parent), m_toolBar(new QToolBar(this)), m_frameLabel(new QLabel),
       m_view(new QScrollArea(this))
@@ -18,6 +24,7 @@ TimelinePane::TimelinePane(QWidget* parent)
     auto* const space = new QWidget;
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_toolBar->addWidget(space);
+    m_frameLabel->setContentsMargins(0, 0, kLabelMargin, 0);
     m_toolBar->addWidget(m_frameLabel);
 
     m_view->setFrameShape(QFrame::NoFrame);

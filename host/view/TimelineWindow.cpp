@@ -1,7 +1,7 @@
 #include "TimelineWindow.h"
 
-#include "FrameText.h"
 #include "TimelinePane.h"
+#include "document/FrameText.h"
 
 #include <QDockWidget>
 

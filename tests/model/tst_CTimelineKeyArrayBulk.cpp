@@ -138,6 +138,7 @@ private slots:
     void displayLengthsKeepWhatLaterAdditionsDoNotTouch();
     void aReplacedKeyKeepsTheLengthOfItsTime();
     void addsItsOwnKeysAgain();
+    void addsItsOwnKeysAgainWhenTheHostWroteFrames();
     void addsToAnArrayWhoseFramesTheHostWrote();
     void addingInBulkIsAddingOneByOne();
     void everyOperationLeavesWhatItsPlainStepsLeave();
@@ -239,6 +240,16 @@ void tst_CTimelineKeyArrayBulk::addsItsOwnKeysAgain()
     QVERIFY(HoldsItsKeysOnce(array, 0));
 }
 
+void tst_CTimelineKeyArrayBulk::addsItsOwnKeysAgainWhenTheHostWroteFrames()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2, 3, 4, 5});
+    array.GetAt(0)->frame = 9;
+    array.AddKeys(array.Keys(), false);
+    QCOMPARE(array.GetSize(), std::size_t{10});
+    QVERIFY(HoldsItsKeysOnce(array, 0));
+}
+
 void tst_CTimelineKeyArrayBulk::addsToAnArrayWhoseFramesTheHostWrote()
 {
     for (int number = 1; number <= 500; ++number) {
@@ -304,6 +315,17 @@ void tst_CTimelineKeyArrayBulk::addingInBulkIsAddingOneByOne()
 }
 
 namespace {
+
+/// Writes a frame into a key that stands in both arrays, which may put them out of order.
+void WriteFrame(Dice& dice, CTimelineKeyArray& array, PlainKeyArray& plain)
+{
+    if (plain.keys.empty())
+        return;
+    const int index = dice.Between(0, static_cast<int>(plain.keys.size()) - 1);
+    const int frame = dice.Between(-5, 45);
+    array.GetAt(index)->frame = frame;
+    plain.keys[static_cast<std::size_t>(index)]->frame = frame;
+}
 
 /// Takes one random step in both arrays. @return its name and arguments.
 QByteArray TakeStep(Dice& dice, const TwinKeys& keys, CTimelineKeyArray& array,
@@ -386,7 +408,10 @@ void tst_CTimelineKeyArrayBulk::everyOperationLeavesWhatItsPlainStepsLeave()
         CTimelineKeyArray array;
         PlainKeyArray plain;
         QByteArray label = "case " + QByteArray::number(number) + ":";
+        const bool hostWritesFrames = number % 4 == 0;
         for (int step = 0; step < kStepsPerCase; ++step) {
+            if (hostWritesFrames && dice.OneIn(4))
+                WriteFrame(dice, array, plain);
             label += ' ' + TakeStep(dice, keys, array, plain) + ',';
             QVERIFY2(!label.contains("another result"), label);
             QVERIFY2(NumbersOf(array.Keys()) == NumbersOf(plain.keys), label);

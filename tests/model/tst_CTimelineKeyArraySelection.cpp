@@ -64,6 +64,7 @@ private slots:
 
     void staleEntriesPointOneKeyFurther();
     void staleEntriesPastTheEndArePassedOver();
+    void anEntryFarPastTheEndMeansNoKey();
 };
 
 namespace {
@@ -675,6 +676,16 @@ void tst_CTimelineKeyArraySelection::staleEntriesPastTheEndArePassedOver()
     cleared.ClearAllSelection();
     QCOMPARE(SelectionOf(cleared), QVector<int>());
     QCOMPARE(MarkedOf(cleared), QVector<int>({0})); // the key that no entry meant keeps its mark
+}
+
+void tst_CTimelineKeyArraySelection::anEntryFarPastTheEndMeansNoKey()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {0, 10});
+    array.SelAdd(100000);
+    QVERIFY(array.SelGetKeyAt(0) == nullptr);
+    array.MoveKeys(5, true);
+    QCOMPARE(FramesOf(array), QVector<int>({0, 10}));
 }
 
 QTEST_APPLESS_MAIN(tst_CTimelineKeyArraySelection)

@@ -48,7 +48,6 @@ QList<int> DifferingColumns(const QImage& a, const QImage& b)
     return columns;
 }
 
-
 } // namespace
 
 class tst_CTimelineTrackKey : public QObject
@@ -73,12 +72,16 @@ private slots:
 
     void looksLikeItsPictureOnBands()
     {
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_KEY, {"banded", [](CTimelineTrackBase& row) {
-                                    SceneAxis().frameCount = 34;
-                                    SetModes(row, {TL_EDIT_TIME_RANGE});
-                                    row.SetRange(8, 17);
-                                    AddThree(row);
-                                }}, 2), "tracks/key/banded");
+        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_KEY,
+                                           {"banded",
+                                            [](CTimelineTrackBase& row) {
+                                                SceneAxis().frameCount = 34;
+                                                SetModes(row, {TL_EDIT_TIME_RANGE});
+                                                row.SetRange(8, 17);
+                                                AddThree(row);
+                                            }},
+                                           2),
+                                "tracks/key/banded");
     }
 
     void initMakesAKeyRowOfTenPixels()
@@ -208,13 +211,13 @@ private slots:
             key.kindMask = 1 | 32 | 128;
             key.segments.push_back({1, 0, 0, 1, {{0, 0, 5, 5}}});
         });
-        QCOMPARE(ShowRow(*row, kSize),
-                 EmptyRowWith(TL_TRACK_KEY, Glyph(0, 0), QPoint(104, 8)));
+        QCOMPARE(ShowRow(*row, kSize), EmptyRowWith(TL_TRACK_KEY, Glyph(0, 0), QPoint(104, 8)));
     }
 
     void segmentColoursStayInsideTheirRange()
     {
-        QCOMPARE(SegmentColour({2.0f, -1.0f, static_cast<float>(qQNaN()), 1.0f, {}}), QColor(255, 0, 0, 255));
+        QCOMPARE(SegmentColour({2.0f, -1.0f, static_cast<float>(qQNaN()), 1.0f, {}}),
+                 QColor(255, 0, 0, 255));
         QCOMPARE(SegmentColour({0.999f, 0.5f, 0.004f, 0.5f, {}}), QColor(254, 127, 1, 127));
     }
 
@@ -396,8 +399,7 @@ private slots:
         const QImage without = EmptyRow(TL_TRACK_KEY);
         SceneAxis().currentFrame = current;
         const QImage with = EmptyRow(TL_TRACK_KEY);
-        QCOMPARE(DifferingColumns(with, without),
-                 drawn ? QList<int>{current * 10} : QList<int>{});
+        QCOMPARE(DifferingColumns(with, without), drawn ? QList<int>{current * 10} : QList<int>{});
         if (!drawn)
             return;
         const QRgb colour = TimelineLibrary::Instance().currentFrameLine.rgb();
@@ -432,7 +434,7 @@ private slots:
         const auto row = MakeTrack(TL_TRACK_KEY);
         const auto source = MakeTrack(TL_TRACK_CLIP);
         AddKey(*source, 5, [](CTimelineKey& key) { key.clipLength = 3; }); // frames 5 to 8
-        AddKey(*source, 15); // no clip
+        AddKey(*source, 15);                                               // no clip
         AddKey(*source, 20, [](CTimelineKey& key) {
             key.clipLength = 3;
             key.alternateStyle = true;

@@ -154,8 +154,8 @@ private slots:
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
         AddKey(*row, 5, [=](CTimelineKey& key) { key.keyType = keyType; });
         AddKey(*row, 12);
-        const bool isBar = ShowRow(*row, kSize).pixel(80, kLineTop + 10) ==
-                           LineOf(*row).fill[0].color().rgb();
+        const bool isBar =
+            ShowRow(*row, kSize).pixel(80, kLineTop + 10) == LineOf(*row).fill[0].color().rgb();
         QCOMPARE(isBar, drawn);
     }
 
@@ -270,10 +270,12 @@ private slots:
         else
             AddKey(*row, 5, change);
         const auto& line = LineOf(*row);
-        const StylePenPair& pens = copy ? line.relatedBorder : alternate ? line.border1
-                                                                         : line.border;
-        const StyleBrushPair& brushes = copy ? line.relatedFill : alternate ? line.fill1
-                                                                            : line.fill;
+        const StylePenPair& pens = copy        ? line.relatedBorder
+                                   : alternate ? line.border1
+                                               : line.border;
+        const StyleBrushPair& brushes = copy        ? line.relatedFill
+                                        : alternate ? line.fill1
+                                                    : line.fill;
         const QImage image = ShowRow(*row, kSize);
         QCOMPARE(image.pixel(200, kLineTop), pens[selected].color().rgb());
         QCOMPARE(image.pixel(200, kLineTop + 10), brushes[selected].color().rgb());
@@ -364,14 +366,12 @@ private slots:
         SceneAxis().frameCount = 1000;
         SceneAxis().info = CFrameInfo(0.3);
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
-        AddKey(*row, 400);                                                       // x 97
+        AddKey(*row, 400);                                                        // x 97
         AddKey(*row, 404, [](CTimelineKey& key) { key.kindMask = kMarkedLink; }); // x 98: with 400
-        AddKey(*row, 408);                                                       // x 99: not
+        AddKey(*row, 408);                                                        // x 99: not
         QImage wanted = EmptyRow();
         QPainter painter(&wanted);
-        const auto at = [](int frame) {
-            return CentredOnFrame(SceneAxis(), frame, 5);
-        };
+        const auto at = [](int frame) { return CentredOnFrame(SceneAxis(), frame, 5); };
         QCOMPARE(at(400), 97);
         QCOMPARE(at(404), 98);
         const int h = Glyph(4, 0).height();

@@ -64,7 +64,8 @@ constexpr RowScene kTransitionScenes[] = {
              key.selected = true;
          });
      }},
-    {"both-bits", [](CTimelineTrackBase& row) {
+    {"both-bits",
+     [](CTimelineTrackBase& row) {
          AddKey(row, 20, Transition(kTransitionIn | kTransitionOut, 5));
      }},
     {"no-bits", [](CTimelineTrackBase& row) { AddKey(row, 20, Transition(1, 5)); }},
@@ -74,11 +75,13 @@ constexpr RowScene kTransitionScenes[] = {
          SceneAxis().scrollX = 33;
          AddKey(row, 8, Transition(kTransitionIn, 30));
      }},
-    {"beyond-the-row", [](CTimelineTrackBase& row) {
+    {"beyond-the-row",
+     [](CTimelineTrackBase& row) {
          SceneAxis().frameCount = 60;
          AddKey(row, 32, Transition(kTransitionOut, 30));
      }},
-    {"beyond-the-last-frame", [](CTimelineTrackBase& row) {
+    {"beyond-the-last-frame",
+     [](CTimelineTrackBase& row) {
          SceneAxis().frameCount = 25;
          AddKey(row, 20, Transition(kTransitionOut, 10));
      }},
@@ -457,8 +460,8 @@ private slots:
         QTest::addColumn<QRect>("dirty");
         QTest::newRow("whole row") << QRect(0, 0, 500, 60) << QRect(0, 0, 500, 60);
         QTest::newRow("part of the row") << QRect(0, 0, 500, 60) << QRect(200, 20, 30, 20);
-        QTest::newRow("row partly outside its parent") << QRect(0, 0, 300, 40)
-                                                       << QRect(100, 20, 30, 20);
+        QTest::newRow("row partly outside its parent")
+            << QRect(0, 0, 300, 40) << QRect(100, 20, 30, 20);
     }
     void paintsEndByThemselves()
     {

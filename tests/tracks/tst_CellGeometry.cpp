@@ -36,8 +36,7 @@ private slots:
             const FrameAxis axis = AxisAt(scale);
             for (int x = -40; x <= 40; ++x) {
                 for (int width = 0; width <= 27; ++width)
-                    QCOMPARE(CentredInCell(axis, x, width),
-                             int(Trunc(2 * x + scale - width, 2)));
+                    QCOMPARE(CentredInCell(axis, x, width), int(Trunc(2 * x + scale - width, 2)));
             }
         }
     }

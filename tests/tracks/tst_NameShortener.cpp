@@ -35,6 +35,12 @@ QString FittedPlainly(const QFontMetrics& metrics, const QString& name, int widt
 
 } // namespace
 
+NameShortener Names(const QFontMetrics& metrics)
+{
+    return NameShortener(
+        [metrics](const QString& text) { return metrics.size(Qt::TextSingleLine, text).width(); });
+}
+
 class tst_NameShortener : public QObject
 {
     Q_OBJECT
@@ -48,14 +54,14 @@ private slots:
 
     void keepsANameThatFits()
     {
-        const NameShortener names(*m_metrics);
+        const NameShortener names = Names(*m_metrics);
         QCOMPARE(names.Fitted("Walk", WidthOf("Walk")), QString("Walk"));
         QCOMPARE(names.Fitted("Walk", 1000), QString("Walk"));
     }
 
     void cutsANameThatDoesNotFitAndAddsThreeDots()
     {
-        const NameShortener names(*m_metrics);
+        const NameShortener names = Names(*m_metrics);
         QCOMPARE(names.Fitted("Walking home", WidthOf("Walk...")), QString("Walk..."));
         QCOMPARE(names.Fitted("Walking home", WidthOf("Walk...") - 1), QString("Wal..."));
         QCOMPARE(names.Fitted("Walking home", WidthOf("W...")), QString("W..."));
@@ -63,7 +69,7 @@ private slots:
 
     void aNameThatDoesNotFitIsShortenedToThreeThenTwoThenOneDotThenDropped()
     {
-        const NameShortener names(*m_metrics);
+        const NameShortener names = Names(*m_metrics);
         QCOMPARE(names.Fitted("Walk", WidthOf("...")), QString("..."));
         QCOMPARE(names.Fitted("Walk", WidthOf("...") - 1), QString(".."));
         QCOMPARE(names.Fitted("Walk", WidthOf("..")), QString(".."));
@@ -75,7 +81,7 @@ private slots:
 
     void measuresLineBreaksAsSpaces()
     {
-        const NameShortener names(*m_metrics);
+        const NameShortener names = Names(*m_metrics);
         QCOMPARE(names.Fitted("Walk\nhome", WidthOf("Walk home")), QString("Walk\nhome"));
     }
 
@@ -109,8 +115,7 @@ private slots:
             const int whole = metrics.size(Qt::TextSingleLine, name).width();
             for (int i = 0; i < 6; ++i) {
                 const int width = below(whole + 5);
-                QCOMPARE(NameShortener(metrics).Fitted(name, width),
-                         FittedPlainly(metrics, name, width));
+                QCOMPARE(Names(metrics).Fitted(name, width), FittedPlainly(metrics, name, width));
             }
         }
     }

@@ -2,10 +2,13 @@
 
 #include "skin/ImageTables.h"
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/ShapedTexts.h"
 
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace {
 
@@ -15,6 +18,7 @@ constexpr int kToggleButton = 1;
 constexpr int kPicturesPerPushButton = 3;
 constexpr int kPicturesPerToggleButton = 4;
 constexpr int kRememberedTexts = 4096;
+constexpr std::size_t kRememberedFonts = 32;
 
 struct Abbreviation
 {
@@ -81,15 +85,23 @@ QString CaptionColumn::ShortenedText(const QString& caption, const QFontMetrics&
     return QStringLiteral("...");
 }
 
-const QString& CaptionColumn::ShownText(const QString& caption, const QFont& font, int width)
+const QString& CaptionColumn::ShownText(const QString& caption, const QPainter& painter, int width)
 {
-    if (m_shownTexts.size() > kRememberedTexts)
-        m_shownTexts.clear();
-    const QString key =
-        font.key() + QLatin1Char('\n') + QString::number(width) + QLatin1Char('\n') + caption;
-    auto found = m_shownTexts.find(key);
-    if (found == m_shownTexts.end())
-        found = m_shownTexts.insert(key, ShortenedText(caption, QFontMetrics(font), width));
+    const QFont& font = painter.font();
+    auto known = std::find_if(m_shortened.begin(), m_shortened.end(), [&](const Shortened& each) {
+        return each.width == width && each.font == font;
+    });
+    if (known == m_shortened.end()) {
+        if (m_shortened.size() >= kRememberedFonts)
+            m_shortened.clear();
+        known = m_shortened.insert(m_shortened.end(), {font, width, {}});
+    }
+    QHash<QString, QString>& texts = known->texts;
+    if (texts.size() >= kRememberedTexts)
+        texts.clear();
+    auto found = texts.find(caption);
+    if (found == texts.end())
+        found = texts.insert(caption, ShortenedText(caption, painter.fontMetrics(), width));
     return found.value();
 }
 
@@ -139,7 +151,8 @@ void CaptionColumn::PaintText(QPainter& painter, const CTimelineTrackBase& track
     const int pointSize = QFontInfo(painter.font()).pointSize();
     const int baseline =
         box.top() + static_cast<int>((box.bottom() - box.top() - pointSize) * 0.5) + pointSize;
-    painter.drawText(box.left(), baseline, ShownText(track.GetCaption(), font, box.width()));
+    ShapedTexts::For(painter).Draw(painter, QPoint(box.left(), baseline),
+                                   ShownText(track.GetCaption(), painter, box.width()));
 }
 
 void CaptionColumn::PaintRow(QPainter& painter, const CTimelineTrackBase& track, int y, int h)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QHash>
 #include <QRect>
 #include <QString>
@@ -8,7 +9,6 @@
 
 class CTimelineTrackBase;
 class ImageTables;
-class QFont;
 class QFontMetrics;
 class QPainter;
 struct CaptionButtonStyle;
@@ -53,11 +53,17 @@ private:
     void PaintWaveGround(QPainter& painter, const WaveTrackStyle& wave, const QRect& rect) const;
     void PaintText(QPainter& painter, const CTimelineTrackBase& track, const CaptionStyle& caption,
                    int y, int h);
-    const QString& ShownText(const QString& caption, const QFont& font, int width);
+    const QString& ShownText(const QString& caption, const QPainter& painter, int width);
 
     const ImageTables& m_images;
     std::vector<TooltipArea> m_tooltipAreas;
     QRect m_tooltipRegion;
-    // Shortening measures a text many times over; its result depends on nothing but this key.
-    QHash<QString, QString> m_shownTexts;
+    // Shortening measures a text many times over, and depends on nothing but text, font and width.
+    struct Shortened
+    {
+        QFont font;
+        int width;
+        QHash<QString, QString> texts;
+    };
+    std::vector<Shortened> m_shortened;
 };

@@ -41,9 +41,11 @@ bool CTimelineKeyArray::SetSelection(int frameA, int frameB, bool select, unsign
     bool found = false;
     int first = 0;
     GetInsertIndex(low, true, first, found);
-    if (!IsKeyIndex(first) || high < m_keys.front()->frame)
+    if (!IsKeyIndex(first))
         return true;
 
+    // A range below the first key ends at -1, and one between two keys before its start: both are
+    // empty.
     int last = 0;
     GetInsertIndex(high, false, last, found);
     if (!found)

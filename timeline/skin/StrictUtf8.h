@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    /// One length of encoded code point: which lead bytes announce it and what it may encode.
+    /// One length of code point beyond ASCII: which lead bytes announce it and what it may encode.
     struct Form
     {
         unsigned char firstLead, lastLead;
@@ -48,11 +48,11 @@ private:
         char32_t smallest;
     };
     static constexpr Form kForms[] = {
-        {0x00, 0x7F, 0x7F, 0, 0x0},
         {0xC0, 0xDF, 0x1F, 1, 0x80},
         {0xE0, 0xEF, 0x0F, 2, 0x800},
         {0xF0, 0xF7, 0x07, 3, 0x10000},
     };
+    static constexpr char32_t kLastAscii = 0x7F;
     static constexpr char32_t kLargestCodePoint = 0x10FFFF;
     static constexpr char32_t kFirstBeyondOneUtf16Unit = 0x10000;
 
@@ -67,8 +67,10 @@ private:
         auto at = reinterpret_cast<const unsigned char*>(bytes);
         const unsigned char* const end = at + length;
         while (at != end) {
-            char32_t codePoint = 0;
-            if (!DecodeOne(at, end, codePoint))
+            char32_t codePoint = *at;
+            if (codePoint <= kLastAscii)
+                ++at; // nearly all of a skin, so it goes the short way
+            else if (!DecodeOne(at, end, codePoint))
                 return false;
             visit(codePoint);
         }

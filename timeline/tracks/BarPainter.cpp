@@ -130,12 +130,10 @@ KeyRange KeysReaching(const CTimelineKeyArray::KeyVector& keys, const KeyFacts& 
 {
     if (!facts.searchable)
         return {0, keys.size()};
-    const auto begin = std::partition_point(keys.begin(), keys.end(), [&](const auto& key) {
-        return key->frame < window.first;
-    });
-    const auto end = std::partition_point(begin, keys.end(), [&](const auto& key) {
-        return key->frame <= window.last;
-    });
+    const auto begin = std::partition_point(
+        keys.begin(), keys.end(), [&](const auto& key) { return key->frame < window.first; });
+    const auto end = std::partition_point(
+        begin, keys.end(), [&](const auto& key) { return key->frame <= window.last; });
     const auto first = static_cast<std::size_t>(begin - keys.begin());
     return {first > 0 ? first - 1 : 0, static_cast<std::size_t>(end - keys.begin())};
 }

@@ -47,8 +47,8 @@ public:
     virtual void DrawTrack(QPainter* painter, QRect rect);
     /// The index of the last key under @p point that is not locked; -1 without one.
     virtual int HitTestKey(QPoint point);
-    /// The index of the last sub-key of the clip @p keyIndex under @p point; -1 without one, and for
-    /// an index that is none of a clip with sub-keys.
+    /// The index of the last sub-key of the clip @p keyIndex under @p point; -1 without one, and
+    /// for an index that is none of a clip with sub-keys.
     virtual int HitTestSubKey(QPoint point, int keyIndex);
     /// The end marker of the time range under @p point: 0 start, 1 end, -1 none. The end marker
     /// wins.

@@ -21,8 +21,9 @@ class PainterSettings
 {
 public:
     explicit PainterSettings(QPainter& painter)
-        : m_painter(painter), m_pen(painter.pen()), m_brush(painter.brush()),
-          m_font(painter.font()) {}
+        : m_painter(painter), m_pen(painter.pen()), m_brush(painter.brush()), m_font(painter.font())
+    {
+    }
     ~PainterSettings()
     {
         m_painter.setPen(m_pen);
@@ -73,8 +74,7 @@ void CTimelineTrackBase::DrawPointKeys(QPainter* painter, QRect rect)
     if (view.IsEmpty())
         return;
     const FrameWindow window = GlyphPainter::Window(view, *style, Facts());
-    GlyphPainter(*painter, view, *style)
-        .DrawList(CollectWindow(*m_keys, Facts(), Scope(), window));
+    GlyphPainter(*painter, view, *style).DrawList(CollectWindow(*m_keys, Facts(), Scope(), window));
     DrawOwnKeyBars(*painter, view);
 }
 
@@ -91,8 +91,7 @@ void CTimelineTrackBase::DrawRelatedTracks(QPainter& painter, const RowView& vie
     if (!style || !bars || view.IsEmpty())
         return;
     const RelationTable& relations = TimelineLibrary::Instance().relations;
-    for (CTimelineTrackBase* source :
-         relations.SourcesOf(m_trackId, RelationTable::kClipBars)) {
+    for (CTimelineTrackBase* source : relations.SourcesOf(m_trackId, RelationTable::kClipBars)) {
         if (!IsAlive(source))
             continue;
         const QColor normal = style->disabled.ToColor();

@@ -50,8 +50,9 @@ long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& clip, int x)
 
 ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style)
     : m_painter(painter), m_view(view), m_style(style),
-      m_height(std::clamp(style.height, -kHighest, kHighest)), m_names(painter.fontMetrics()),
-      m_fontHeight(painter.fontMetrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
+      m_height(std::clamp(style.height, -kHighest, kHighest)), m_texts(ShapedTexts::For(painter)),
+      m_names([this](const QString& text) { return m_texts.Width(text); }),
+      m_fontHeight(m_texts.Metrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
       m_lastVisibleFrame(view.axis.PixelToFrame(view.row.width()))
 {
 }
@@ -173,7 +174,7 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     const bool trial = (clip.kindMask & kTrialMask) != 0;
     const auto& colours = trial ? m_style.normal.textColourTrial : m_style.normal.textColour;
     m_painter.setPen(colours[clip.selected].ToColor());
-    m_painter.drawText(static_cast<int>(m_view.row.left() + left), baseline, text);
+    m_texts.Draw(m_painter, QPoint(static_cast<int>(m_view.row.left() + left), baseline), text);
 }
 
 void ClipPainter::DrawVerticalLine(int x, const Bar& bar)

@@ -4,6 +4,7 @@
 #include "skin/TrackStyles.h"
 #include "tracks/NameShortener.h"
 #include "tracks/RowView.h"
+#include "tracks/ShapedTexts.h"
 
 #include <array>
 #include <optional>
@@ -48,6 +49,7 @@ private:
     RowView m_view;
     const ClipTrackStyle& m_style;
     int m_height;
+    ShapedTexts& m_texts;
     NameShortener m_names;
     int m_fontHeight;
     int m_firstVisibleFrame;

@@ -46,7 +46,9 @@ class Expansion
 {
 public:
     Expansion(const CTimelineKey* clip, const DisplayScope& scope, DisplayKeyList& out)
-        : m_clip(clip), m_subKeys(clip->subKeys->Keys()), m_scope(scope), m_out(out) {}
+        : m_clip(clip), m_subKeys(clip->subKeys->Keys()), m_scope(scope), m_out(out)
+    {
+    }
 
     /// Every sub-key of every pass, in any order of frames.
     void AddAll()

@@ -13,12 +13,14 @@ struct DisplayKey
 {
     const CTimelineKey* key = nullptr;  ///< the key whose looks are drawn
     const CTimelineKey* clip = nullptr; ///< the clip of an expanded sub-key, else null
-    int frame = 0;                ///< where it is drawn
+    int frame = 0;                      ///< where it is drawn
     bool selected = false;
 
     DisplayKey() = default;
     explicit DisplayKey(const CTimelineKey* own)
-        : key(own), frame(own->frame), selected(own->selected) {}
+        : key(own), frame(own->frame), selected(own->selected)
+    {
+    }
 
     int KeyType() const { return clip ? clip->keyType : key->keyType; }
     bool IsGrouped() const { return static_cast<bool>(clip ? clip->group : key->group); }
@@ -30,8 +32,8 @@ struct DisplayScope
 {
     int firstVisibleFrame = 0;
     int lastVisibleFrame = 0;
-    int lastFrame = 0;          ///< the frame count
-    bool clipSelects = false;   ///< sub-keys show their clip's selection
+    int lastFrame = 0;        ///< the frame count
+    bool clipSelects = false; ///< sub-keys show their clip's selection
 };
 
 using DisplayKeyList = std::vector<DisplayKey>;

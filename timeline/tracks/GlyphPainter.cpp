@@ -162,9 +162,9 @@ void GlyphPainter::DrawSegments(const DisplayKey& key, QPoint corner)
             const long long bottom = std::min(1LL * corner.y() + rect.bottom, 1LL * kReach);
             if (bottom < top || right < left)
                 continue;
-            m_painter.fillRect(m_view.Part(left, right, static_cast<int>(top),
-                                           static_cast<int>(bottom - top + 1)),
-                               colour);
+            m_painter.fillRect(
+                m_view.Part(left, right, static_cast<int>(top), static_cast<int>(bottom - top + 1)),
+                colour);
         }
     }
 }

@@ -71,12 +71,8 @@ void LinkPainter::DrawBar(const DisplayKey& key, int left, int right)
     const auto& line = m_style.line;
     const bool copy = key.key->relatedCopy != 0;
     const bool alternate = key.key->alternateStyle;
-    const StylePenPair& border = copy        ? line.relatedBorder
-                                 : alternate ? line.border1
-                                             : line.border;
-    const StyleBrushPair& fill = copy        ? line.relatedFill
-                                 : alternate ? line.fill1
-                                             : line.fill;
+    const StylePenPair& border = copy ? line.relatedBorder : alternate ? line.border1 : line.border;
+    const StyleBrushPair& fill = copy ? line.relatedFill : alternate ? line.fill1 : line.fill;
     if (right < left || line.lineHeight < 1)
         return;
     // Keys of a group look like the others: the skin has no entries of their own for them.
@@ -122,7 +118,8 @@ void LinkPainter::DrawGlyph(const DisplayKey& key, int x)
     const int group = GlyphGroupOf(m_glyphs, key.key->relatedCopy != 0);
     const QPoint corner(x, (m_view.row.height() - m_glyphSize.height()) / 2);
     GlyphPainter glyphs(m_painter, m_view, m_glyphs);
-    glyphs.DrawPicture(corner, TimelineLibrary::Instance().images.Glyph(group, LinkGlyphIndex(key)));
+    glyphs.DrawPicture(corner,
+                       TimelineLibrary::Instance().images.Glyph(group, LinkGlyphIndex(key)));
     glyphs.DrawSegments(key, corner);
 }
 

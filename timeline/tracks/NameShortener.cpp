@@ -69,8 +69,3 @@ QString NameShortener::Fitted(const QString& name, int width) const
     }
     return QString();
 }
-
-int NameShortener::WidthOf(const QString& text) const
-{
-    return m_metrics.size(Qt::TextSingleLine, text).width();
-}

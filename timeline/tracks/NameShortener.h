@@ -1,13 +1,19 @@
 #pragma once
 
-#include <QFontMetrics>
 #include <QString>
+
+#include <functional>
+#include <utility>
 
 /// Cuts the names of clips to the width there is. Made for one paint with that paint's font.
 class NameShortener
 {
 public:
-    explicit NameShortener(const QFontMetrics& metrics) : m_metrics(metrics) {}
+    /// @param widthOf gives the width of a text in one line, in pixels.
+    explicit NameShortener(std::function<int(const QString&)> widthOf)
+        : m_widthOf(std::move(widthOf))
+    {
+    }
 
     /// The whole name if it is at most @p width pixels wide; else as many of its first characters
     /// as fit with "..." behind them; else "...", "..", or "."; and nothing when not even that
@@ -15,7 +21,7 @@ public:
     QString Fitted(const QString& name, int width) const;
 
 private:
-    int WidthOf(const QString& text) const;
+    int WidthOf(const QString& text) const { return m_widthOf(text); }
 
-    QFontMetrics m_metrics;
+    std::function<int(const QString&)> m_widthOf;
 };

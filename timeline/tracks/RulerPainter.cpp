@@ -1,5 +1,7 @@
 #include "tracks/RulerPainter.h"
 
+#include "tracks/ShapedTexts.h"
+
 #include "skin/ImageTables.h"
 #include "skin/TrackStyles.h"
 #include "tracks/StripPainter.h"
@@ -156,7 +158,8 @@ void RulerPainter::PaintNumber(long long frame, long long x)
         (2 * x - Wide{metrics.averageCharWidth()} * text.length() - m_stepPixels) / 2;
     const QRect& row = m_view.row;
     const int baseline = BaselineOf(row.height(), metrics.height(), m_style.textOffset);
-    m_painter.drawText(row.left() - 1 + static_cast<int>(textX), row.top() + baseline, text);
+    ShapedTexts::For(m_painter).Draw(
+        m_painter, QPoint(row.left() - 1 + static_cast<int>(textX), row.top() + baseline), text);
 }
 
 void RulerPainter::PaintMarkers(int timeMarkStart, int timeMarkEnd)

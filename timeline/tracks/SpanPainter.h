@@ -6,7 +6,7 @@ class QPen;
 struct RowView;
 
 /// Fills a rectangle and outlines it with one pixel. The outline's lines stand at the columns
-/// @p left and @p right and at the rows @p top and @p bottom, counted from the row's corner. Pen and
-/// brush are the solid ones of the skin.
+/// @p left and @p right and at the rows @p top and @p bottom, counted from the row's corner. Pen
+/// and brush are the solid ones of the skin.
 void DrawSpan(QPainter& painter, const RowView& view, long long left, long long right, int top,
               int bottom, const QPen& pen, const QBrush& brush);

@@ -1,5 +1,7 @@
 #include "tracks/SwitchPainter.h"
 
+#include "tracks/ShapedTexts.h"
+
 #include "library/TimelineLibrary.h"
 #include "tracks/RowView.h"
 
@@ -43,7 +45,7 @@ void DrawButton(QPainter& painter, const RowView& view, const QRect& box, const 
     const int baseline = static_cast<int>(box.y() + box.height() - space * 0.5);
     const bool on = IsSwitchOn(button.state);
     painter.setPen((on ? style.textColourOn : style.textColour).ToColor());
-    painter.drawText(x, baseline, button.text);
+    ShapedTexts::For(painter).Draw(painter, QPoint(x, baseline), button.text);
 }
 
 } // namespace

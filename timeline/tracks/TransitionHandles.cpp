@@ -39,8 +39,8 @@ int TransitionHandles::Find(const CTimelineKeyArray& keys, const KeyFacts& facts
     KeyRange range{0, list.size()};
     const auto hits = [&](const CTimelineKey& key) {
         const QRect box = Box(DisplayKey(&key));
-        return box.x() <= point.x() && point.x() <= box.x() + box.width() &&
-               box.y() <= point.y() && point.y() <= box.y() + box.height();
+        return box.x() <= point.x() && point.x() <= box.x() + box.width() && box.y() <= point.y() &&
+               point.y() <= box.y() + box.height();
     };
     // The handles of keys without a transition stand at the row's left edge, wherever the keys are.
     const int reach = WidestGlyph(m_style) + std::max(m_axis.info.pixelsPerFrame, 0) + 1;

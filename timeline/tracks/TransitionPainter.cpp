@@ -114,9 +114,8 @@ DisplayKeyList CollectTransitionWindow(const CTimelineKeyArray& keys, const KeyF
     if (!facts.searchable || facts.hasSubKeys)
         return CollectAll(keys, scope);
 
-    const FrameWindow window =
-        Widened(GlyphPainter::Window(view, TransitionGlyphStyle(style), facts),
-                facts.longestTransition);
+    const FrameWindow window = Widened(
+        GlyphPainter::Window(view, TransitionGlyphStyle(style), facts), facts.longestTransition);
     const DrawnKeys drawn(keys, facts);
     const int first = drawn.FirstFrom(window.first);
     const int end = std::max(first, drawn.FirstFrom(window.last + 1LL));

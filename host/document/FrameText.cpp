@@ -11,7 +11,7 @@ QString FrameText(int frame, int frameCount, int frameRate)
     const auto twoDigits = [](int number) {
         return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
     };
-    return QStringLiteral("Frame %1 of %2   %3:%4:%5 ")
+    return QStringLiteral("Frame %1 of %2   %3:%4:%5")
         .arg(frame)
         .arg(frameCount - 1)
         .arg(twoDigits(seconds / kSecondsPerMinute), twoDigits(seconds % kSecondsPerMinute),
