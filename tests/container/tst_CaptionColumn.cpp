@@ -280,9 +280,17 @@ private slots:
         }
     }
 
+    void theTextStandsAtItsLeftEdgeOnItsBaseline_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("plain") << "Jaw joint";
+        QTest::newRow("on one line though it has a break") << "Jaw\njoint";
+        QTest::newRow("marks are no markup") << "<b>Jaw</b> & joint";
+    }
     void theTextStandsAtItsLeftEdgeOnItsBaseline()
     {
-        CTimelineTrackBase& track = Track("Jaw joint", TL_TRACK_KEY, 2); // no buttons
+        QFETCH(QString, text);
+        CTimelineTrackBase& track = Track(text, TL_TRACK_KEY, 2); // no buttons
         const CaptionStyle& caption = track.StyleAs<TrackStyle>()->caption;
         for (const int height : {20, 33}) {
             QImage wanted = Ground(height);
@@ -293,7 +301,7 @@ private slots:
             painter.setFont(font);
             painter.setPen(caption.textColour.ToColor());
             const int p = QFontInfo(painter.font()).pointSize();
-            painter.drawText(10, static_cast<int>((height - 1 - p) * 0.5) + p, "Jaw joint");
+            painter.drawText(10, static_cast<int>((height - 1 - p) * 0.5) + p, text);
             painter.end();
             QCOMPARE(Paint(track, height), wanted);
         }
