@@ -56,7 +56,10 @@ class tst_CTimelineContainer : public QObject
         return m_fixture->Root(type, name);
     }
 
-    QImage Grab() const { return Container().grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    QImage Grab() const
+    {
+        return Container().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    }
 
     QImage GrabRow(int y, int h = kLowRow) const
     {
@@ -73,9 +76,8 @@ private slots:
     {
         CTimelineContainer container(nullptr);
         QCOMPARE(container.parentWidget(), nullptr);
-        QCOMPARE(container.sizePolicy(),
-                 QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding,
-                             QSizePolicy::DefaultType));
+        QCOMPARE(container.sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding,
+                                                     QSizePolicy::DefaultType));
         QCOMPARE(container.accessibleName(), QString("CTimelineContainer"));
         QVERIFY(!container.TickTrack());
         QVERIFY(!container.ScrollTrack());
@@ -226,9 +228,9 @@ private slots:
         for (int x = 0; x < image.width(); ++x)
             QCOMPARE(image.pixel(x, bottom), ground);
         const QImage bar = image.copy(kCaptionWidth, bottom - 17, 300, 17);
-        QCOMPARE(bar, DrawRow(*Container().ScrollTrack(),
-                              QSize(Container().width() - kCaptionWidth, 17))
-                          .copy(0, 0, 300, 17));
+        QCOMPARE(bar,
+                 DrawRow(*Container().ScrollTrack(), QSize(Container().width() - kCaptionWidth, 17))
+                     .copy(0, 0, 300, 17));
     }
 
     void everyRowIsPaintedByItsTrackBesideItsCaption()

@@ -106,8 +106,7 @@ private slots:
         CTimelineTrackBase* const a1 = Child(root, "a1");
         CTimelineTrackBase* const a2 = Child(root, "a2", TL_TRACK_LINK_KEY);
         const int width = Container().width();
-        QCOMPARE(a1->geometry(),
-                 QRect(kCaptionWidth, kTickHeight, width - kCaptionWidth, kLowRow));
+        QCOMPARE(a1->geometry(), QRect(kCaptionWidth, kTickHeight, width - kCaptionWidth, kLowRow));
         QCOMPARE(a2->geometry(),
                  QRect(kCaptionWidth, kTickHeight + kLowRow, width - kCaptionWidth, kTallRow));
         QCOMPARE(a1->GetRowHeight(), kLowRow);
@@ -146,8 +145,7 @@ private slots:
         const QObjectList children = Container().children();
         const auto place = [&children](QObject* object) { return children.indexOf(object); };
         for (const CTimelineTrackBase* row : Container().Tree().Rows()) {
-            QVERIFY(place(Container().TickTrack()) >
-                    place(const_cast<CTimelineTrackBase*>(row)));
+            QVERIFY(place(Container().TickTrack()) > place(const_cast<CTimelineTrackBase*>(row)));
             QVERIFY(place(Container().TickTrack()) > place(Container().ScrollTrack()));
         }
     }
@@ -157,8 +155,7 @@ private slots:
         CTimelineTrackBase* const a = Root("a");
         a->StyleAs<TrackStyle>()->caption.bitmapId = 4; // 155 x 27
         Container().Layout(false);
-        QCOMPARE(a->geometry(),
-                 QRect(155, kTickHeight, Container().width() - 155, 27));
+        QCOMPARE(a->geometry(), QRect(155, kTickHeight, Container().width() - 155, 27));
     }
 
     void aHostThatAsksForALayoutFromTheLayoutsNoticeComesToAnEnd()
@@ -211,9 +208,9 @@ private slots:
         CTimelineTrackBase* const rows[] = {Root("a"), Root("b"), Root("c")};
         Container().resize(600, height);
         QCOMPARE(Container().size(), QSize(600, layoutHeight + 1));
-        QCOMPARE(Container().ScrollTrack()->geometry(),
-                 QRect(kCaptionWidth, layoutHeight - kScrollHeight, 600 - kCaptionWidth,
-                       kScrollHeight));
+        QCOMPARE(
+            Container().ScrollTrack()->geometry(),
+            QRect(kCaptionWidth, layoutHeight - kScrollHeight, 600 - kCaptionWidth, kScrollHeight));
         QCOMPARE(CaptionArea()->height(), layoutHeight);
         int y = kTickHeight;
         for (int i = 0; i < 3; ++i, y += kLowRow) {

@@ -73,10 +73,7 @@ class tst_CaptionColumn : public QObject
 
 private slots:
     void initTestCase() { QVERIFY(PrepareTimeline()); }
-    void init()
-    {
-        m_column = std::make_unique<CaptionColumn>(TimelineLibrary::Instance().images);
-    }
+    void init() { m_column = std::make_unique<CaptionColumn>(TimelineLibrary::Instance().images); }
     void cleanup()
     {
         m_column.reset();
@@ -89,20 +86,32 @@ private slots:
     {
         QTest::addColumn<QString>("caption");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("Right Arm is shown as R Arm") << "Right Arm" << "R Arm";
-        QTest::newRow("Left Arm is shown as L Arm") << "Left Arm" << "L Arm";
-        QTest::newRow("Upper Lip is shown as Up Lip") << "Upper Lip" << "Up Lip";
-        QTest::newRow("just the word Left is shown as L") << "Left" << "L";
-        QTest::newRow("part of a longer word counts") << "RightArm" << "RArm";
-        QTest::newRow("every occurrence is replaced") << "Left to Left" << "L to L";
-        QTest::newRow("only the word at the start is replaced")
-            << "Right of Left Upper" << "R of Left Upper";
-        QTest::newRow("not at the start") << "The Right Arm" << "The Right Arm";
-        QTest::newRow("small letters are another word") << "right Arm" << "right Arm";
-        QTest::newRow("small letters later are another word") << "Left left" << "L left";
-        QTest::newRow("capitals are another word") << "LEFT" << "LEFT";
-        QTest::newRow("others stay") << "Jaw" << "Jaw";
-        QTest::newRow("empty") << "" << "";
+        QTest::newRow("Right Arm is shown as R Arm") << "Right Arm"
+                                                     << "R Arm";
+        QTest::newRow("Left Arm is shown as L Arm") << "Left Arm"
+                                                    << "L Arm";
+        QTest::newRow("Upper Lip is shown as Up Lip") << "Upper Lip"
+                                                      << "Up Lip";
+        QTest::newRow("just the word Left is shown as L") << "Left"
+                                                          << "L";
+        QTest::newRow("part of a longer word counts") << "RightArm"
+                                                      << "RArm";
+        QTest::newRow("every occurrence is replaced") << "Left to Left"
+                                                      << "L to L";
+        QTest::newRow("only the word at the start is replaced") << "Right of Left Upper"
+                                                                << "R of Left Upper";
+        QTest::newRow("not at the start") << "The Right Arm"
+                                          << "The Right Arm";
+        QTest::newRow("small letters are another word") << "right Arm"
+                                                        << "right Arm";
+        QTest::newRow("small letters later are another word") << "Left left"
+                                                              << "L left";
+        QTest::newRow("capitals are another word") << "LEFT"
+                                                   << "LEFT";
+        QTest::newRow("others stay") << "Jaw"
+                                     << "Jaw";
+        QTest::newRow("empty") << ""
+                               << "";
     }
     void shortensTheWordsThatNameASide()
     {
@@ -230,8 +239,7 @@ private slots:
                     << 0 << bitmapId << state << int(kPushButtonPictures) << bitmapId * 3 + state;
             for (int state = 0; state < 4; ++state)
                 QTest::addRow("toggle button %d in state %d", bitmapId, state)
-                    << 1 << bitmapId << state << int(kToggleButtonPictures)
-                    << bitmapId * 4 + state;
+                    << 1 << bitmapId << state << int(kToggleButtonPictures) << bitmapId * 4 + state;
         }
         QTest::newRow("another type has none") << 2 << 0 << 0 << -1 << -1;
         QTest::newRow("a number outside the pictures has none") << 0 << 9 << 0 << -1 << -1;
@@ -272,9 +280,17 @@ private slots:
         }
     }
 
+    void theTextStandsAtItsLeftEdgeOnItsBaseline_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("plain") << "Jaw joint";
+        QTest::newRow("on one line though it has a break") << "Jaw\njoint";
+        QTest::newRow("marks are no markup") << "<b>Jaw</b> & joint";
+    }
     void theTextStandsAtItsLeftEdgeOnItsBaseline()
     {
-        CTimelineTrackBase& track = Track("Jaw joint", TL_TRACK_KEY, 2); // no buttons
+        QFETCH(QString, text);
+        CTimelineTrackBase& track = Track(text, TL_TRACK_KEY, 2); // no buttons
         const CaptionStyle& caption = track.StyleAs<TrackStyle>()->caption;
         for (const int height : {20, 33}) {
             QImage wanted = Ground(height);
@@ -285,7 +301,7 @@ private slots:
             painter.setFont(font);
             painter.setPen(caption.textColour.ToColor());
             const int p = QFontInfo(painter.font()).pointSize();
-            painter.drawText(10, static_cast<int>((height - 1 - p) * 0.5) + p, "Jaw joint");
+            painter.drawText(10, static_cast<int>((height - 1 - p) * 0.5) + p, text);
             painter.end();
             QCOMPARE(Paint(track, height), wanted);
         }

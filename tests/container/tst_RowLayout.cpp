@@ -16,10 +16,10 @@ constexpr QSize kScrollCaption(90, 20);
 constexpr QSize kTickCaption(120, 30);
 constexpr int kFixed = 50;
 constexpr QSize kRowCaptions[] = {{120, 50}, {110, 50}, {100, 16}, {80, 24}};
-constexpr int kTall = 0;     // 50 pixels
+constexpr int kTall = 0;      // 50 pixels
 constexpr int kOtherTall = 1; // 50 pixels, starts further left
-constexpr int kLow = 2;      // 16 pixels
-constexpr int kMiddle = 3;   // 24 pixels
+constexpr int kLow = 2;       // 16 pixels
+constexpr int kMiddle = 3;    // 24 pixels
 
 constexpr std::size_t kLast = 0xFFFFFFFFu;
 

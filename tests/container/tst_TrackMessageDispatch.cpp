@@ -1,0 +1,234 @@
+#include "TestTracks.h"
+#include "container/CTimelineContainer.h"
+#include "container/CTimelineContainerInterface.h"
+#include "container/TrackMessageDispatch.h"
+#include "library/TimelineLibrary.h"
+#include "support/HostFixture.h"
+
+using namespace KestovaTest;
+
+namespace {
+
+constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
+
+QString Text(const QVariant& value)
+{
+    return value.toString();
+}
+
+/// Writes down what the container sends, values and handle included.
+class RecordingOwner : public CTimelineContainerInterface
+{
+public:
+    QStringList sent;
+    int editAnswer = 7;
+
+    int OnContainerMessage(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
+                           QVariant value1, QVariant value2, QVariant value3) override
+    {
+        sent << QStringLiteral("%1 %2 #%3 (%4,%5,%6)")
+                    .arg(code)
+                    .arg(track ? track->GetCaption() : "-")
+                    .arg(reinterpret_cast<qintptr>(handle))
+                    .arg(Text(value1), Text(value2), Text(value3));
+        return 0;
+    }
+
+    int OnContainerTrackEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
+                             QVariant value1, QVariant value2) override
+    {
+        QStringList names;
+        for (const CTimelineTrackBase* track : tracks)
+            names << track->GetCaption();
+        sent << QStringLiteral("edit %1 [%2] (%3,%4)")
+                    .arg(int(type))
+                    .arg(names.join(','), Text(value1), Text(value2));
+        return editAnswer;
+    }
+
+    bool OnContainerDrop(TLDropFileType, QString) override { return false; }
+};
+
+} // namespace
+
+class tst_TrackMessageDispatch : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<HostFixture> m_fixture;
+    RecordingOwner m_owner;
+    CTimelineTrackBase* m_root = nullptr;
+    CTimelineTrackBase* m_track = nullptr;
+
+    CTimelineContainer& Container() const { return *m_fixture->Container(); }
+
+    int Send(int code) { return Send(code, m_track); }
+    int Send(int code, CTimelineTrackBase* track)
+    {
+        return DispatchTrackMessage(
+            Container(), {code, track, 5, QVariant("one"), QVariant("two"), QVariant("three")});
+    }
+
+    CTimelineTrackBase* Child(const QString& name)
+    {
+        return m_fixture->Child(m_root, TL_TRACK_KEY, name);
+    }
+
+private slots:
+    void init()
+    {
+        m_fixture = std::make_unique<HostFixture>();
+        m_root = m_fixture->Root(TL_TRACK_KEY, "root");
+        m_track = Child("a");
+        m_owner.sent.clear();
+        Container().SetOwnerInterface(&m_owner);
+        Container().SetCurrentFrame(42);
+        m_fixture->ForgetCalls();
+    }
+    void cleanup() { m_fixture.reset(); }
+
+    void aCodeIsTranslated_data()
+    {
+        QTest::addColumn<int>("code");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<QStringList>("sent");
+        const QString values = " a #5 (one,two,three)";
+        const QString framed = " a #5 (42,two,three)";
+        const QString nothing = " [a] (0,0)";
+        const QString edited = " [a] (two,three)";
+        QTest::newRow("1101") << 1101 << 0 << QStringList{};
+        QTest::newRow("1102") << 1102 << 0 << QStringList{"1313" + values};
+        QTest::newRow("1103") << 1103 << 0 << QStringList{"1312 - #0 (0,0,0)"};
+        QTest::newRow("1104 replaces the first value by the current frame")
+            << 1104 << 0 << QStringList{"1301" + framed};
+        QTest::newRow("1105 likewise") << 1105 << 0 << QStringList{"1302" + framed};
+        QTest::newRow("1106") << 1106 << 0 << QStringList{"1303" + values};
+        QTest::newRow("1107") << 1107 << 0 << QStringList{"1304" + values};
+        QTest::newRow("1115") << 1115 << 0 << QStringList{"1307" + values};
+        QTest::newRow("1117") << 1117 << 0 << QStringList{"1311" + values};
+        QTest::newRow("1201") << 1201 << 0 << QStringList{};
+        QTest::newRow("1202") << 1202 << 0 << QStringList{};
+        for (const int code : {1203, 1206, 1209})
+            QTest::addRow("%d answers what the host answers", code)
+                << code << 7 << QStringList{"edit 0" + nothing};
+        QTest::newRow("1204") << 1204 << 0 << QStringList{"edit 3" + edited};
+        QTest::newRow("1205 makes exactly two edits")
+            << 1205 << 0 << QStringList{"edit 7" + edited, "edit 1" + nothing};
+        QTest::newRow("1207") << 1207 << 0 << QStringList{"edit 4" + edited};
+        QTest::newRow("1208") << 1208 << 0 << QStringList{"edit 8" + edited, "edit 1" + nothing};
+        QTest::newRow("1210") << 1210 << 0 << QStringList{"edit 5" + edited};
+        QTest::newRow("1211") << 1211 << 0 << QStringList{"edit 9" + edited, "edit 1" + nothing};
+        QTest::newRow("1212 answers loop") << 1212 << 3 << QStringList{};
+        QTest::newRow("1213") << 1213 << 0 << QStringList{"1308" + values};
+        QTest::newRow("1214") << 1214 << 0 << QStringList{};
+        for (const int code : {0, -1, 1100, 1118, 1150, 1200, 1215, 1301, 9999})
+            QTest::addRow("%d is none", code) << code << -1 << QStringList{};
+    }
+    void aCodeIsTranslated()
+    {
+        QFETCH(int, code);
+        QFETCH(QStringList, sent);
+        QTEST(Send(code), "result");
+        QCOMPARE(m_owner.sent, sent);
+    }
+
+    void withoutAnOwnerEveryCodeIsRefusedAndChangesNothing()
+    {
+        Container().SetOwnerInterface(nullptr);
+        m_track->Keys().Add(VZ::CPointer<CTimelineKey>(new CTimelineKey), false);
+        m_track->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        for (const int code : {1101, 1102, 1103, 1104, 1108, 1202, 1203, 1205, 1212})
+            QCOMPARE(Send(code, m_root), -1);
+        QCOMPARE(m_track->Keys().SelGetSize(), std::size_t(1));
+        QVERIFY(!m_root->IsActive());
+        QCOMPARE(m_fixture->Window().calls, QStringList());
+    }
+
+    void theSpeedStateAnswersSpeed()
+    {
+        Container().SetLoopSpeedState(true);
+        QCOMPARE(Send(1212), 4);
+        Container().SetLoopSpeedState(false);
+        QCOMPARE(Send(1212), 3);
+    }
+
+    void theMenusListGoesOnAsHandle()
+    {
+        int list = 0;
+        const QVariant address = QVariant::fromValue<void*>(&list);
+        DispatchTrackMessage(Container(), {1116, m_track, 5, address, QVariant(0), QVariant(0)});
+        QCOMPARE(m_owner.sent.size(), 1);
+        QVERIFY(m_owner.sent.front().startsWith(
+            QStringLiteral("1310 a #%1 ").arg(reinterpret_cast<qintptr>(&list))));
+    }
+
+    void aPressedTrackIsActivated()
+    {
+        QCOMPARE(Send(1108), 0);
+        QVERIFY(m_track->IsActive());
+        QVERIFY(m_root->IsActive());
+        QVERIFY(m_owner.sent.last().startsWith("1305 root #"));
+    }
+
+    void aClearedSelectionSparesTheSender()
+    {
+        CTimelineTrackBase* const b = Child("b");
+        for (CTimelineTrackBase* track : {m_track, b}) {
+            AddKeysTo(*track, {4});
+            track->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        }
+        Send(1103);
+        QCOMPARE(m_track->Keys().SelGetSize(), std::size_t(1));
+        QCOMPARE(b->Keys().SelGetSize(), std::size_t(0));
+    }
+
+    void aChangedSelectionTellsTheWindowBeforeTheHost()
+    {
+        Send(1102);
+        QCOMPARE(m_fixture->Window().calls, QStringList{"refreshed"});
+    }
+
+    void keysOfOneGroupFollowInEveryShownTrack()
+    {
+        CTimelineTrackBase* const b = Child("b");
+        class Token : public CReltedGroupBase
+        {
+        };
+        const VZ::CPointer<CReltedGroupBase> group(new Token);
+        for (CTimelineTrackBase* track : {m_track, b, m_root}) {
+            AddKeysTo(*track, {4, 8});
+            track->Keys().GetAt(1)->group = group;
+        }
+        m_track->Keys().SetSelectionByIndex(0, 1, true, kAnyKind);
+        Send(1102);
+        for (CTimelineTrackBase* track : {b, m_root}) {
+            QVERIFY(!track->Keys().GetAt(0)->selected);
+            QVERIFY(track->Keys().GetAt(1)->selected);
+        }
+        m_track->Keys().ClearAllSelection();
+        Send(1102);
+        QVERIFY(!b->Keys().GetAt(1)->selected);
+    }
+
+    void tracksThatShareASelectionFollowTheSender()
+    {
+        CTimelineTrackBase* const b = Child("b");
+        CTimelineTrackBase* const c = Child("c");
+        CTimelineTrackBase* const d = Child("d");
+        for (CTimelineTrackBase* track : {m_track, b, c, d})
+            AddKeysTo(*track, {4, 8});
+        // Another kind has no part in it, nor has a row that does not list the sender.
+        TimelineLibrary::Instance().relations.Set(
+            {{1, {b, m_track}}, {0, {m_track, c}}, {1, {c, d}}});
+        m_track->Keys().SetSelectionByIndex(1, 1, true, kAnyKind);
+        b->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        Send(1102);
+        QVERIFY(!b->Keys().GetAt(0)->selected);
+        QVERIFY(b->Keys().GetAt(1)->selected);
+        QCOMPARE(c->Keys().SelGetSize(), std::size_t(0));
+        QCOMPARE(d->Keys().SelGetSize(), std::size_t(0));
+    }
+};
+
+QTEST_MAIN(tst_TrackMessageDispatch)
+#include "tst_TrackMessageDispatch.moc"
