@@ -248,6 +248,67 @@ private slots:
         }
     }
 
+    void wildestValuesLookTheSameFromTheKeysInView_data() { AddKinds(); }
+    void wildestValuesLookTheSameFromTheKeysInView()
+    {
+        QFETCH(int, type);
+        const int lowest = std::numeric_limits<int>::min();
+        const int highest = std::numeric_limits<int>::max();
+        const int wild[] = {lowest, lowest + 1, -1, 0, 1, highest - 1, highest};
+        for (unsigned int seed = 1; seed <= kRows; ++seed) {
+            Random random(seed);
+            CTimelineTrackBase* const row = RandomRow(random, type);
+            const auto any = [&] { return wild[random.Below(7)]; };
+            for (int i = 0; i < 5; ++i) {
+                AddKey(*row, any(), [&](CTimelineKey& key) {
+                    FillKey(random, key);
+                    key.clipLength = any();
+                    key.loopCount = random.Below(3);
+                    key.transitionFrames = any();
+                    key.hostValue6 = any();
+                    key.priority = any();
+                    key.kindMask |= kHasSegments;
+                    key.segments.push_back({1, 0, 0, 1, {{any(), any(), any(), any()}}});
+                    if (random.OneIn(3)) {
+                        key.subKeys = new CTimelineKeyArray;
+                        key.subKeys->Add(NewKey(any()), false);
+                    }
+                }).displayLength = any();
+            }
+            row->InvalidateCaches();
+            const QImage wanted = KeysPicture(*row, PaintAllKeys);
+            const QImage got = KeysPicture(*row, PaintKeysInView);
+            const QByteArray difference = Difference(got, wanted, seed);
+            QVERIFY2(difference.isEmpty(), difference);
+            const QPoint point(random.Below(kSize.width()), random.Below(kHeight));
+            row->HitTestKey(point);
+            row->HitTestSubKey(point, 0);
+        }
+    }
+
+    void wildestHeightsOfASkinPaint()
+    {
+        CTimelineTrackLinkKey link;
+        CTimelineTrackTransKey transition;
+        for (CTimelineTrackBase* row : {static_cast<CTimelineTrackBase*>(&link),
+                                        static_cast<CTimelineTrackBase*>(&transition)}) {
+            row->Init(nullptr);
+            QVERIFY(row->LoadStyle(1));
+            ResetAxis(100, 10.0);
+            AddKey(*row, 5, [](CTimelineKey& key) {
+                key.keyType = kLinkStartBit;
+                key.kindMask = kTransitionOut;
+                key.transitionFrames = 10;
+                Bar(5)(key);
+            });
+            auto& style = *row->StyleAs<LineKeyTrackStyle>();
+            style.line.lineHeight = style.line.clipHeight = style.clipHeight =
+                std::numeric_limits<int>::max();
+            const QImage image = ShowRow(*row, kSize);
+            QCOMPARE(image.pixel(90, 13), style.line.fill[0].color().rgb());
+        }
+    }
+
     void relatedBarsInViewLookAsAllOfThem()
     {
         for (unsigned int seed = 1; seed <= kRows; ++seed) {

@@ -14,8 +14,8 @@ constexpr int kHighest = 1 << 20;
 /// A bar as columns of its row, from left up to and without right, and as rows of pixels.
 struct Bar
 {
-    int left;
-    int right;
+    long long left;
+    long long right;
     int top;
     int height;
 };
@@ -31,9 +31,8 @@ std::optional<Bar> BarOf(const RowView& view, const CTimelineKey& key, int heigh
 {
     const FrameAxis& axis = view.axis;
     const int left = axis.FrameToPixel(key.frame);
-    int right = std::min(axis.FrameToPixel(1LL + key.frame + key.displayLength), view.endX);
-    if (left == right)
-        ++right;
+    const int end = std::min(axis.FrameToPixel(1LL + key.frame + key.displayLength), view.endX);
+    const long long right = left == end ? end + 1LL : end;
     if (right < 0 || left > view.endX)
         return std::nullopt;
     return Bar{left, right, BarTop(view, height), height};
@@ -47,18 +46,18 @@ public:
     {
     }
 
-    void Horizontal(int left, int right, int y) const
+    void Horizontal(long long left, long long right, int y) const
     {
         m_painter.fillRect(m_view.Part(left, right, y, 1), m_colour);
     }
-    void Vertical(int x, int top, int height) const
+    void Vertical(long long x, int top, int height) const
     {
         if (m_view.Shows(x, x))
             m_painter.fillRect(m_view.Part(x, x, top, height), m_colour);
     }
     void Outline(const Bar& bar) const
     {
-        const int lastColumn = bar.right - 1;
+        const long long lastColumn = bar.right - 1;
         Horizontal(bar.left, lastColumn, bar.top);
         Vertical(lastColumn, bar.top, bar.height);
         Horizontal(bar.left, lastColumn, bar.top + bar.height - 1);
