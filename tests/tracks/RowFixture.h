@@ -9,7 +9,6 @@
 #include "tracks/CTimelineTrackVisemeKey.h"
 #include "tracks/KeyMasks.h"
 
-
 #include <functional>
 #include <memory>
 #include <vector>
@@ -85,9 +84,18 @@ inline CTimelineKey& AddClip(CTimelineTrackBase& track, int frame, int clipLengt
     });
 }
 
-inline void Select(CTimelineKey& key) { key.selected = true; }
-inline void Lock(CTimelineKey& key) { key.lockState = 1; }
-inline void Join(CTimelineKey& key) { key.group = new GroupToken; }
+inline void Select(CTimelineKey& key)
+{
+    key.selected = true;
+}
+inline void Lock(CTimelineKey& key)
+{
+    key.lockState = 1;
+}
+inline void Join(CTimelineKey& key)
+{
+    key.group = new GroupToken;
+}
 
 /// A bar of one or more passes, drawn.
 inline Change Bar(int clipLength, int loopCount = 1)
@@ -97,6 +105,14 @@ inline Change Bar(int clipLength, int loopCount = 1)
         key.loopCount = loopCount;
         key.hostSwitch = true;
     };
+}
+
+/// The colour of the bars of a key, viseme, transition or wave row.
+inline QRgb BarBorder(const CTimelineTrackBase& row, int selected = 0)
+{
+    if (const auto* wave = row.StyleAs<WaveTrackStyle>())
+        return wave->clipBorder[selected].color().rgb();
+    return row.StyleAs<KeyTrackStyle>()->clipBorder[selected].color().rgb();
 }
 
 inline void SetModes(CTimelineTrackBase& track, const std::vector<TLEditType>& modes)

@@ -146,7 +146,8 @@ constexpr RowScene kKeyRowScenes[] = {
          SceneAxis().frameCount = 1400;
          SceneAxis().info = CFrameInfo(0.3);
          for (const int frame : {40, 400, 404, 900, 1398})
-             AddKey(row, frame, Typical(row, [](CTimelineKey& key) { key.transitionFrames *= 30; }));
+             AddKey(row, frame,
+                    Typical(row, [](CTimelineKey& key) { key.transitionFrames *= 30; }));
          AddKey(row, 1100, Typical(row, Bar(60, 3)));
      }},
     {"range",

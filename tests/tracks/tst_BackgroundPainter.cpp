@@ -59,11 +59,9 @@ QImage Banded(const TimeRange& range = {}, int id = 0)
 
 QImage Grid(const TimeRange& range = {}, const QRect& clip = QRect())
 {
-    return Painted(
-        [&](QPainter& painter, const RowView& view) {
-            DrawGridBackground(painter, view, 0, range);
-        },
-        clip);
+    return Painted([&](QPainter& painter,
+                       const RowView& view) { DrawGridBackground(painter, view, 0, range); },
+                   clip);
 }
 
 /// The grid as it is described, frame by frame, without leaving anything out.
@@ -322,8 +320,8 @@ private slots:
         for (int round = 0; round < 200; ++round) {
             const double scales[] = {10, 7, 5, 3, 2, 1.5, 1.0, 0.6, 0.3, 0.11, 0.01};
             ResetAxis(below(3000), scales[below(11)], below(1500));
-            const TimeRange range = below(3) ? TimeRange{below(200) - 1, 200 + below(900)}
-                                             : TimeRange{};
+            const TimeRange range =
+                below(3) ? TimeRange{below(200) - 1, 200 + below(900)} : TimeRange{};
             const QImage wanted = GridStepByStep(range);
             QCOMPARE(Grid(range), wanted);
             // In parts as well.
@@ -390,8 +388,8 @@ private slots:
             sources.back()->SetParentTrack(sources.back().get());
             sources.back()->SetActive(i > 0);
             sources.back()->SetRange(4 * i, 4 * i + 1);
-            relations.push_back({RelationTable::kSharedTimeRange,
-                                 {sources.back().get(), row.get()}});
+            relations.push_back(
+                {RelationTable::kSharedTimeRange, {sources.back().get(), row.get()}});
         }
         TimelineLibrary::Instance().relations.Set(relations);
         QCOMPARE(ShowRow(*row, kSize), Banded({4, 5}));

@@ -371,7 +371,7 @@ private slots:
             Bar(6)(key);
         });
         const QImage image = ShowRow(*row, kSize);
-        QCOMPARE(image.pixel(200, 13), qRgb(132, 156, 180));
+        QCOMPARE(image.pixel(200, 13), BarBorder(*row));
     }
 
     // --- Handle hit test

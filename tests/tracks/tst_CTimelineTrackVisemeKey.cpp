@@ -151,7 +151,7 @@ private slots:
         AddClip(*row, 9, 10, 1, {0}, [](CTimelineKey& clip) { clip.hostSwitch = true; });
         const QImage image = ShowRow(*row, kSize);
         // The shape covers the columns 84 to 108; the bar's left line stands at 90.
-        QCOMPARE(image.pixel(90, 12), qRgb(132, 156, 180));
+        QCOMPARE(image.pixel(90, 12), BarBorder(*row));
     }
 };
 

@@ -95,9 +95,9 @@ CTimelineTrackBase* RandomRow(Random& random, int type)
                 key.subKeys = new CTimelineKeyArray;
                 const int subKeys = random.Below(6);
                 for (int sub = 0; sub < subKeys; ++sub) {
-                    key.subKeys->Add(NewKey(random.OneIn(8) ? random.From(-5, 60)
-                                                            : random.Below(
-                                                                  std::max(key.clipLength, 1)),
+                    key.subKeys->Add(NewKey(random.OneIn(8)
+                                                ? random.From(-5, 60)
+                                                : random.Below(std::max(key.clipLength, 1)),
                                             [&](CTimelineKey& each) { FillKey(random, each); }),
                                      false);
                 }
@@ -150,8 +150,8 @@ void PaintAllKeys(CTimelineTrackBase& row, QPainter& painter)
         GlyphPainter(painter, view, *glyphs).DrawList(list);
     }
     KeyFacts walkAll; // not searchable: every key is looked at
-    DrawKeyBars(painter, view, *BarStyleOf(row.GetTrackType(), row.GetStyle(), kHeight),
-                row.Keys(), walkAll);
+    DrawKeyBars(painter, view, *BarStyleOf(row.GetTrackType(), row.GetStyle(), kHeight), row.Keys(),
+                walkAll);
 }
 
 /// The keys of a row painted as rows paint them.
@@ -263,8 +263,7 @@ private slots:
                 painter.end();
                 return image;
             };
-            QVERIFY2(paintWith(source->Facts()) == paintWith(KeyFacts()),
-                     QByteArray::number(seed));
+            QVERIFY2(paintWith(source->Facts()) == paintWith(KeyFacts()), QByteArray::number(seed));
         }
     }
 
