@@ -10,5 +10,5 @@ host=build/release/host/kestova-host
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "$host" "$@"
 fi
-QT_QPA_PLATFORM=offscreen "$host" --size 1280x720 --screenshot build/demo.png "$@"
+QT_QPA_PLATFORM=offscreen "$host" --size 1280x720 --frame 37 --screenshot build/demo.png "$@"
 echo "There is no display: the sample scene was rendered to $PWD/build/demo.png"
