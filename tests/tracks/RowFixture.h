@@ -7,7 +7,7 @@
 #include "tracks/CTimelineTrackLinkKey.h"
 #include "tracks/CTimelineTrackTransKey.h"
 #include "tracks/CTimelineTrackVisemeKey.h"
-#include "tracks/KeyMasks.h"
+#include "model/KeyMeanings.h"
 
 #include <functional>
 #include <memory>

@@ -188,7 +188,8 @@ void CTimelineContainer::Paint(QPainter& painter, int width, int height)
     m_scrollTrack->DrawTrack(
         &painter, QRect(QPoint(scrollCaption.width(), height - 1 - scrollCaption.height()),
                         QPoint(width - 1, height - 2)));
-    painter.drawPixmap(0, 0, TimelineLibrary::Instance().images.Picture(kCaptionPictures, 3));
+    painter.drawPixmap(0, 0,
+                       TimelineLibrary::Instance().images.Picture(kCaptionPictures, kTickCaption));
 }
 
 int CTimelineContainer::PaintRow(QPainter& painter, CTimelineTrackBase& track, int y)

@@ -4,17 +4,12 @@
 #include "container/CTimelineContainer.h"
 
 #include "library/CallOut.h"
+#include "model/KeyMeanings.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
 
 #include <QPointer>
-
-namespace {
-
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
-
-} // namespace
 
 void CTimelineContainer::Attach(CTimelineTrackBase* track)
 {

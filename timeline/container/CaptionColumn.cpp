@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr int kFirstRowCaptionPicture = 4;
 constexpr int kPushButton = 0;
 constexpr int kToggleButton = 1;
 constexpr int kPicturesPerPushButton = 3;
@@ -52,7 +51,7 @@ const QPixmap& CaptionColumn::CaptionPicture(const CTimelineTrackBase& track) co
         return m_images.Picture(-1, -1);
     const CaptionStyle& caption = style->caption;
     const int bitmapId = track.IsActive() ? caption.bitmapFocusId : caption.bitmapId;
-    return m_images.Picture(kCaptionPictures, kFirstRowCaptionPicture + bitmapId);
+    return m_images.Picture(kCaptionPictures, kFirstRowCaption + bitmapId);
 }
 
 void CaptionColumn::BeginPaint()

@@ -1,6 +1,7 @@
 #include "container/DropFileRules.h"
 
 #include "CTimelineKeyArray.h"
+#include "model/KeyMeanings.h"
 
 #include <algorithm>
 
@@ -33,7 +34,6 @@ constexpr const char* kSounds[] = {"wav", "mp3"};
 
 constexpr std::size_t kFirstSoundFilter = 4;
 constexpr std::size_t kSecondSoundFilter = 5;
-constexpr int kLocked = 1;
 
 template <std::size_t N>
 bool IsListed(const char* const (&list)[N], const QString& extension)

@@ -4,6 +4,7 @@
 #include "container/KeyNavigation.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
+#include "model/KeyMeanings.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -14,8 +15,6 @@ namespace {
 
 using Container = CTimelineContainer;
 using Track = CTimelineTrackBase;
-
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
 
 bool HasOneSelected(const Track& track)
 {

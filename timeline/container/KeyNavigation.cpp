@@ -2,6 +2,7 @@
 
 #include "container/CTimelineContainer.h"
 #include "library/CallOut.h"
+#include "model/KeyMeanings.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -12,9 +13,6 @@ namespace {
 
 using KeyPointer = VZ::CPointer<CTimelineKey>;
 using ArrayPointer = VZ::CPointer<CTimelineKeyArray>;
-
-constexpr int kLocked = 1;
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
 
 void Report(CTimelineContainer& container, int code, CTimelineTrackBase* track)
 {

@@ -8,10 +8,6 @@
 
 namespace {
 
-constexpr int kScrollCaptionPicture = 1;
-constexpr int kTickCaptionPicture = 3;
-constexpr int kFirstRowCaptionPicture = 4;
-
 // A container of 42 pixels or less says nothing about the wave row; above, it gets at least 54
 // pixels.
 constexpr int kVariableRowThreshold = 42;
@@ -27,24 +23,24 @@ bool IsWave(const CTimelineTrackBase& track)
 
 QSize RowLayout::ScrollCaptionSize() const
 {
-    return m_images.Picture(kCaptionPictures, kScrollCaptionPicture).size();
+    return m_images.Picture(kCaptionPictures, kScrollCaption).size();
 }
 
 QSize RowLayout::TickCaptionSize() const
 {
-    return m_images.Picture(kCaptionPictures, kTickCaptionPicture).size();
+    return m_images.Picture(kCaptionPictures, kTickCaption).size();
 }
 
 QSize RowLayout::CaptionSize(const CTimelineTrackBase& track) const
 {
     const auto* style = track.StyleAs<TrackStyle>();
     const int bitmapId = style ? style->caption.bitmapId : 0;
-    return m_images.Picture(kCaptionPictures, kFirstRowCaptionPicture + bitmapId).size();
+    return m_images.Picture(kCaptionPictures, kFirstRowCaption + bitmapId).size();
 }
 
 int RowLayout::TrackHeight() const
 {
-    return m_images.Picture(kCaptionPictures, kFirstRowCaptionPicture).height();
+    return m_images.Picture(kCaptionPictures, kFirstRowCaption).height();
 }
 
 int RowLayout::FixedHeight() const

@@ -2,13 +2,12 @@
 
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
+#include "model/KeyMeanings.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
 
 int ForwardToHost(CTimelineContainer& container, const TrackMessage& message, unsigned int code)
 {

@@ -26,6 +26,14 @@ enum BrushGroup : int
     kRulerBrushes = 2
 };
 
+/// The pictures of the caption group that have a place of their own.
+enum CaptionPicture : int
+{
+    kScrollCaption = 1,  ///< the scroll row's; only its size is used
+    kTickCaption = 3,    ///< the ruler row's
+    kFirstRowCaption = 4 ///< a row's is this one and the number in its style
+};
+
 /// Offsets of the track kinds in the glyph table, added to the skin's key bitmap type.
 enum GlyphGroup : int
 {

@@ -1,6 +1,7 @@
 #include "tracks/CTimelineTrackBase.h"
 
 #include "library/TimelineLibrary.h"
+#include "model/KeyMeanings.h"
 #include "skin/TrackStyleReader.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 
@@ -16,8 +17,6 @@ std::unordered_set<const CTimelineTrackBase*>& LiveTracks()
     static std::unordered_set<const CTimelineTrackBase*> tracks;
     return tracks;
 }
-
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
 
 } // namespace
 

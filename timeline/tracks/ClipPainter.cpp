@@ -1,6 +1,7 @@
 #include "tracks/ClipPainter.h"
 
 #include "axis/FrameAxis.h"
+#include "model/KeyMeanings.h"
 #include "tracks/ClipEdges.h"
 
 #include <QLinearGradient>
@@ -11,8 +12,6 @@
 
 namespace {
 
-constexpr int kLocked = 1;        ///< lock state of a locked key
-constexpr int kTrialMask = 8;     ///< kind mask bit of a trial clip
 constexpr int kHighest = 1 << 20; ///< pixels; keeps a skin's wildest height within arithmetic
 constexpr int kNameIndent = 5;    ///< pixels from the bar's left edge to its name
 constexpr int kOutlineReach =
@@ -171,7 +170,7 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     const int baseline =
         m_view.row.top() +
         static_cast<int>((m_view.row.bottom() - m_view.row.top() - pointSize) * 0.5) + pointSize;
-    const bool trial = (clip.kindMask & kTrialMask) != 0;
+    const bool trial = (clip.kindMask & kTrialClip) != 0;
     const auto& colours = trial ? m_style.normal.textColourTrial : m_style.normal.textColour;
     m_painter.setPen(colours[clip.selected].ToColor());
     m_texts.Draw(m_painter, QPoint(static_cast<int>(m_view.row.left() + left), baseline), text);

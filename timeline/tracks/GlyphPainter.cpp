@@ -2,9 +2,9 @@
 
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
+#include "model/KeyMeanings.h"
 #include "skin/TrackStyles.h"
 #include "tracks/CellGeometry.h"
-#include "tracks/KeyMasks.h"
 
 #include <QPainter>
 

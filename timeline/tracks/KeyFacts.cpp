@@ -1,8 +1,8 @@
 #include "tracks/KeyFacts.h"
 
 #include "TimelineEnums.h"
+#include "model/KeyMeanings.h"
 #include "tracks/DisplayKeys.h"
-#include "tracks/KeyMasks.h"
 #include "tracks/LinkThinning.h"
 
 #include <algorithm>

@@ -1,13 +1,12 @@
 #include "tracks/KeyHitTest.h"
 
 #include "TimelineEnums.h"
+#include "model/KeyMeanings.h"
 #include "tracks/CellGeometry.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr int kLocked = 1;
 
 /// Pixels that the bars of a wave row leave free.
 constexpr int kWaveBarMargin = 2;

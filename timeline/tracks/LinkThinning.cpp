@@ -1,6 +1,6 @@
 #include "tracks/LinkThinning.h"
 
-#include "tracks/KeyMasks.h"
+#include "model/KeyMeanings.h"
 
 void ThinLinkKeys(DisplayKeyList& list)
 {

@@ -1,8 +1,8 @@
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
+#include "model/KeyMeanings.h"
 #include "tracks/BarPainter.h"
 #include "tracks/CellGeometry.h"
-#include "tracks/KeyMasks.h"
 #include "tracks/TransitionPainter.h"
 
 #include <algorithm>

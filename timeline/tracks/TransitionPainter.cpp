@@ -2,8 +2,8 @@
 
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
+#include "model/KeyMeanings.h"
 #include "tracks/CellGeometry.h"
-#include "tracks/KeyMasks.h"
 #include "tracks/SpanPainter.h"
 
 #include <QPainter>
