@@ -11,13 +11,12 @@
 #include "container/CTimelineContainer.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QDockWidget>
 #include <QPoint>
 #include <QPointer>
-
-#include <algorithm>
 
 CTimelineManager::CTimelineManager(QWidget* parent)
     : m_parent(parent), m_window(nullptr), m_factory(nullptr), m_hostInterface(nullptr),
@@ -31,6 +30,9 @@ CTimelineManager::~CTimelineManager()
 {
     DeleteAllTrack();
     ReleaseWindow();
+    // Without a factory the window goes on living; it must not speak to a manager that is gone.
+    if (CTimelineContainer* const container = Container())
+        container->SetOwnerInterface(nullptr);
     ManagerSideState::Forget(this);
     TimelineLibrary::Instance().images.Free();
 }
@@ -59,44 +61,69 @@ bool CTimelineManager::CreateTimelineMainWidget(QDockWidget* dock)
 {
     if (!m_factory)
         return false;
+    const auto alive = ManagerSideState::LifeOf(this);
     ReleaseWindow();
+    if (!*alive)
+        return false;
     m_window = m_factory->CreateTimelineWnd(dock);
     if (!m_window)
         return false;
-    QWidget* const widget = m_window->GetWidget();
-    if (dock && widget)
+    if (QWidget* const widget = m_window->GetWidget(); dock && widget)
         dock->setWidget(widget);
-    CTimelineContainer* const container = m_window->CreateWnd() ? Container() : nullptr;
-    if (container) {
-        container->SetOwnerInterface(m_containerInterface);
-        QRect geometry;
-        m_window->GetInitialGeometry(geometry);
-        if (container->Create(m_window->GetWidget(), geometry)) {
+    const bool complete = m_window->CreateWnd() && *alive && PlaceContainer();
+    if (!*alive)
+        return false;
+    if (complete) {
+        if (m_window)
             m_window->OnAfterCreate();
-            return true;
-        }
+        return true;
     }
-    ReleaseWindow();
+    // What is half made goes straight back: none of its operations is called any more.
+    if (CTimelineContainer* const container = Container())
+        container->SetOwnerInterface(nullptr);
+    if (m_window)
+        m_factory->ReleaseTimelineWnd(&m_window);
     return false;
+}
+
+/// Puts the window's timeline widget under the window's own, where the window wants it.
+bool CTimelineManager::PlaceContainer()
+{
+    const QPointer<CTimelineContainer> container = Container();
+    if (!container)
+        return false;
+    container->SetOwnerInterface(m_containerInterface);
+    QRect geometry;
+    CTimelineWndBase* const window = m_window;
+    window->GetInitialGeometry(geometry);
+    return container && container->Create(window->GetWidget(), geometry) && container;
 }
 
 bool CTimelineManager::ShowTimelineWnd(bool show)
 {
     if (!m_window)
         return false;
-    CTimelineContainer* const container = Container();
-    if (container)
+    const auto alive = ManagerSideState::LifeOf(this);
+    if (CTimelineContainer* const container = Container())
         container->SetFrameCount(m_frameCount);
+    if (!*alive)
+        return false;
     m_currentFrame = ClampedFrame(m_currentFrame);
-    if (container)
+    if (CTimelineContainer* const container = Container())
         container->SetCurrentFrame(m_currentFrame);
-    m_window->OnCurrentFrameChanged(m_currentFrame);
+    if (*alive && m_window)
+        m_window->OnCurrentFrameChanged(m_currentFrame);
+    if (!*alive)
+        return false;
     m_timeMarkStart = ClampedFrame(m_timeMarkStart);
     m_timeMarkEnd = ClampedFrame(m_timeMarkEnd);
-    if (container)
+    if (CTimelineContainer* const container = Container())
         container->SetTimeMarkFrame(m_timeMarkStart, m_timeMarkEnd);
+    if (!*alive || !m_window)
+        return false;
     const bool result = m_window->ShowWnd(show);
-    SetTimelineWndFocus();
+    if (*alive)
+        SetTimelineWndFocus();
     return result;
 }
 
@@ -122,12 +149,15 @@ bool CTimelineManager::ReleaseTimelineWnd()
     return true;
 }
 
-bool CTimelineManager::ReleaseWindow()
+void CTimelineManager::ReleaseWindow()
 {
     if (!m_window || !m_factory)
-        return false;
+        return;
+    const auto alive = ManagerSideState::LifeOf(this);
     if (const QPointer<CTimelineContainer> container = Container()) {
         container->DeleteAllTrack(m_parent);
+        if (!*alive)
+            return;
         if (container) {
             ParkUnplacedTracks(container);
             // The factory may defer the window's end beyond the manager's.
@@ -142,7 +172,6 @@ bool CTimelineManager::ReleaseWindow()
     }
     if (m_window)
         m_factory->ReleaseTimelineWnd(&m_window);
-    return true;
 }
 
 /// Tracks that were made but not shown are the timeline widget's children and would go with it.
@@ -158,11 +187,23 @@ void CTimelineManager::ParkUnplacedTracks(CTimelineContainer* container)
 
 void CTimelineManager::InvalidateTimeline()
 {
+    // Hidden tracks as well: what the host changed in them is shown later, or by the tracks related
+    // to them.
+    for (CTimelineTrackBase* const track : m_tracks) {
+        if (CTimelineTrackBase::IsAlive(track))
+            track->InvalidateCaches();
+    }
+    LayoutAndRepaint();
+}
+
+void CTimelineManager::LayoutAndRepaint()
+{
     if (!m_window)
         return;
+    const auto alive = ManagerSideState::LifeOf(this);
     if (CTimelineContainer* const container = Container())
         container->InvalidateTimeline();
-    if (m_window)
+    if (*alive && m_window)
         m_window->RepaintWnd();
 }
 
@@ -170,8 +211,11 @@ void CTimelineManager::SetTimelineWndFocus()
 {
     if (!m_window)
         return;
+    const auto alive = ManagerSideState::LifeOf(this);
     if (QWidget* const widget = m_window->GetWidget())
         widget->setFocus(Qt::OtherFocusReason);
+    if (!*alive)
+        return;
     if (CTimelineContainer* const container = Container())
         container->setFocus(Qt::OtherFocusReason);
 }
@@ -201,43 +245,43 @@ int CTimelineManager::ReceiveMessage(unsigned int code, CTimelineTrackBase* trac
     const CallOut callOut;
     CTimelineManagerInterface* const host = m_hostInterface;
     switch (code) {
-    case 1301:
-    case 1302:
-        ReceiveCurrentFrame(value1.toInt(), code == 1302);
+    case kHostFrameMoved:
+    case kHostFrameSet:
+        ReceiveCurrentFrame(value1.toInt(), code == kHostFrameSet);
         return 0;
-    case 1303:
-    case 1304:
+    case kHostTimeMarkMoved:
+    case kHostTimeMarkSet:
         (value2.toInt() == 0 ? m_timeMarkStart : m_timeMarkEnd) = value3.toInt();
-        host->OnMoveTimeMark(value2.toInt(), value3.toInt(), code == 1304);
+        host->OnMoveTimeMark(value2.toInt(), value3.toInt(), code == kHostTimeMarkSet);
         return 0;
-    case 1305:
+    case kHostActiveTrackChanged:
         host->OnActiveTrackChanged(track, static_cast<CTimelineTrackBase*>(handle));
         return 0;
-    case 1306:
+    case kHostActiveTrackTheSame:
         host->OnActiveTrackTheSame(track, static_cast<CTimelineTrackBase*>(handle));
         return 0;
-    case 1307:
+    case kHostDoubleClicked:
         host->OnTrackLDbClick(track, value2.toInt());
         return 0;
-    case 1308:
+    case kHostSwitchToggled:
         host->OnSwitchBtnStateChanged(track, value2.toInt());
         return 0;
-    case 1309:
+    case kHostCaptionButton:
         host->OnCaptionBtnChanged(track, value2.toInt(), value3.toPoint());
         return 0;
-    case 1310:
+    case kHostMenuQuery:
         host->OnQueryTrackRightMenu(track, static_cast<std::vector<_tmpTLMenuMapData*>*>(handle));
         return 0;
-    case 1311:
+    case kHostMenuChosen:
         host->OnSelectedTrackRightMenu(track, value2.toInt());
         return 0;
-    case 1312:
+    case kHostSelectionCleared:
         host->OnSelectedDataCleared();
         return 0;
-    case 1313:
+    case kHostSelectionChanged:
         host->OnSelectedDataChanged();
         return 0;
-    case 1314:
+    case kHostDragCheck:
         host->OnCheckDragFile(track, value2.toString(), value3.toInt());
         return 0;
     default:
@@ -248,6 +292,7 @@ int CTimelineManager::ReceiveMessage(unsigned int code, CTimelineTrackBase* trac
 void CTimelineManager::ReceiveCurrentFrame(int frame, bool isFinal)
 {
     CTimelineManagerInterface* const host = m_hostInterface;
+    const auto alive = ManagerSideState::LifeOf(this);
     const bool changes = frame != m_currentFrame;
     // A gesture reports its last frame twice; the second report is the final notice that the host
     // is owed for the first, though the frame is the stored one by then.
@@ -259,7 +304,8 @@ void CTimelineManager::ReceiveCurrentFrame(int frame, bool isFinal)
         if (m_window)
             m_window->OnCurrentFrameChanged(frame);
     }
-    host->OnCurrentFrameChanged(frame, isFinal);
+    if (*alive)
+        host->OnCurrentFrameChanged(frame, isFinal);
 }
 
 int CTimelineManager::ReceiveTrackEdit(TLEditType type,

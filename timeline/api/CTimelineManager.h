@@ -213,7 +213,9 @@ public:
 private:
     CTimelineContainer* Container() const;
     int ClampedFrame(int frame) const;
-    bool ReleaseWindow();
+    bool PlaceContainer();
+    void ReleaseWindow();
+    void LayoutAndRepaint();
     void ReceiveCurrentFrame(int frame, bool isFinal);
     void ParkUnplacedTracks(CTimelineContainer* container);
 

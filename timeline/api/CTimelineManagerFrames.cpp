@@ -3,14 +3,18 @@
 #include "CTimelineManager.h"
 
 #include "CTimelineWndBase.h"
+#include "ManagerSideState.h"
 #include "container/CTimelineContainer.h"
 
 #include <algorithm>
+#include <limits>
 
 /// The lower bound before the upper one: without any frame every frame becomes -1.
 int CTimelineManager::ClampedFrame(int frame) const
 {
-    return std::min(std::max(frame, 0), m_frameCount - 1);
+    const long long last = m_frameCount - 1LL;
+    return static_cast<int>(std::max<long long>(std::min<long long>(std::max(frame, 0), last),
+                                                std::numeric_limits<int>::min()));
 }
 
 void CTimelineManager::SetFrameCount(int count)
@@ -29,9 +33,10 @@ void CTimelineManager::SetCurrentFrame(int frame)
 {
     m_currentFrame = ClampedFrame(frame);
     const int current = m_currentFrame;
+    const auto alive = ManagerSideState::LifeOf(this);
     if (CTimelineContainer* const container = Container())
         container->SetCurrentFrame(current);
-    if (m_window)
+    if (*alive && m_window)
         m_window->OnCurrentFrameChanged(current);
 }
 

@@ -15,6 +15,8 @@
 #include "tracks/CTimelineTrackTransKey.h"
 #include "tracks/CTimelineTrackVisemeKey.h"
 
+#include <QPointer>
+
 #include <algorithm>
 #include <memory>
 
@@ -75,14 +77,16 @@ bool CTimelineManager::DeleteTrack(CTimelineTrackBase* track)
         return false;
     // Out of the list first: while the window hears of the change, the track exists no more.
     m_tracks.erase(std::find(m_tracks.begin(), m_tracks.end(), track));
+    const QPointer<CTimelineTrackBase> guarded(track);
     if (CTimelineContainer* const container = Container()) {
         if (track->IsRootTrack())
             container->HideRootTrack(track, m_parent, true, true);
         else
             container->HideChildTrack(track, m_parent, true, true);
     }
-    track->hide();
-    CallOut::Delete(track);
+    if (guarded)
+        guarded->hide();
+    CallOut::Delete(guarded);
     return true;
 }
 
@@ -214,7 +218,7 @@ void CTimelineManager::SetTrackSelFrame(CTimelineTrackBase* track, int frameA, i
     if (!IsTrackExist(track) || !Container())
         return;
     track->SetRange(frameA, frameB);
-    InvalidateTimeline();
+    LayoutAndRepaint();
 }
 
 void CTimelineManager::GetTrackSelFrame(CTimelineTrackBase* track, int& first, int& last)
@@ -229,7 +233,7 @@ bool CTimelineManager::SetTrackEditMode(CTimelineTrackBase* track,
     if (!IsTrackExist(track) || !Container())
         return false;
     track->SetEditModes(modes);
-    InvalidateTimeline();
+    LayoutAndRepaint();
     return true;
 }
 

@@ -15,6 +15,7 @@ struct State
 {
     std::vector<std::unique_ptr<CMyContainerInterface>> interfaces;
     bool finalNoticeOwed = false;
+    std::shared_ptr<bool> isAlive = std::make_shared<bool>(true);
 };
 
 std::unordered_map<const CTimelineManager*, State>& States()
@@ -46,9 +47,18 @@ void SetFinalNoticeOwed(const CTimelineManager* manager, bool owed)
     States()[manager].finalNoticeOwed = owed;
 }
 
+std::shared_ptr<const bool> LifeOf(const CTimelineManager* manager)
+{
+    return States()[manager].isAlive;
+}
+
 void Forget(const CTimelineManager* manager)
 {
-    States().erase(manager);
+    const auto found = States().find(manager);
+    if (found == States().end())
+        return;
+    *found->second.isAlive = false;
+    States().erase(found);
 }
 
 } // namespace ManagerSideState

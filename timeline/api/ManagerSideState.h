@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 class CMyContainerInterface;
 class CTimelineManager;
 
@@ -12,6 +14,8 @@ namespace ManagerSideState {
 CMyContainerInterface* AddInterface(CTimelineManager* manager);
 bool IsFinalNoticeOwed(const CTimelineManager* manager);
 void SetFinalNoticeOwed(const CTimelineManager* manager, bool owed);
+/// True while the manager lives. Whoever goes on after host code has run keeps it and asks.
+std::shared_ptr<const bool> LifeOf(const CTimelineManager* manager);
 /// Deletes the manager's interfaces.
 void Forget(const CTimelineManager* manager);
 

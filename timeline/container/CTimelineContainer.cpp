@@ -9,6 +9,8 @@
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
 
+#include <QPointer>
+
 namespace {
 
 constexpr int kFixedTrackStyle = 1;
@@ -48,8 +50,7 @@ bool CTimelineContainer::Create(QWidget* parent, const QRect& geometry)
     show();
     if (!CreateFixedTrack(m_scrollTrack) || !CreateFixedTrack(m_tickTrack))
         return false;
-    Layout(false);
-    return true;
+    return Layout(false);
 }
 
 template <class Track>
@@ -64,24 +65,31 @@ bool CTimelineContainer::CreateFixedTrack(Track*& track)
     return true;
 }
 
-void CTimelineContainer::NotifyTrackListChanged()
+// The host may delete its dock, and with it the container, in any of these calls. Every operation
+// that goes on afterwards asks first.
+
+bool CTimelineContainer::NotifyTrackListChanged()
 {
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     if (m_window)
         m_window->OnTrackListChanged();
+    return !self.isNull();
 }
 
-void CTimelineContainer::NotifyTimelineRefreshed()
+bool CTimelineContainer::NotifyTimelineRefreshed()
 {
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     if (m_window)
         m_window->OnTimelineRefreshed();
+    return !self.isNull();
 }
 
-void CTimelineContainer::UpdateAndNotify()
+bool CTimelineContainer::UpdateAndNotify()
 {
     update();
-    NotifyTimelineRefreshed();
+    return NotifyTimelineRefreshed();
 }
 
 int CTimelineContainer::SendToHost(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
@@ -122,10 +130,13 @@ bool CTimelineContainer::OnTrackDragCheck(QDropEvent*, CTimelineTrackBase*, int)
     return false;
 }
 
-void CTimelineContainer::FocusContainer()
+bool CTimelineContainer::FocusContainer()
 {
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     if (QWidget* const widget = m_window ? m_window->GetWidget() : nullptr)
         widget->setFocus(Qt::OtherFocusReason);
-    setFocus(Qt::OtherFocusReason);
+    if (self)
+        setFocus(Qt::OtherFocusReason);
+    return !self.isNull();
 }

@@ -20,7 +20,6 @@ class CTimelineContainerInterface;
 class CTimelineTrackHScroll;
 class CTimelineTrackTick;
 class CTimelineWndBase;
-class FrameAxis;
 class QTimelineCaptionArea;
 
 /// The timeline widget: it holds the tree of rows between the ruler and the scroll bar, lays them
@@ -62,14 +61,18 @@ public:
     /// and the scroll bar are left alone. @return whether the host's side answered non-zero.
     bool ActivateTrack(CTimelineTrackBase* track);
     /// Clears the key selection of every track but @p except and tells the host.
-    void ClearKeySelectionExcept(const CTimelineTrackBase* except);
+    /// @return whether the container outlived it.
+    bool ClearKeySelectionExcept(const CTimelineTrackBase* except);
     void GetSelectedKeyTrack(VZ::CArrayList<CTimelineTrackBase*>& tracks) const;
 
     // ---- Layout ----
-    void Layout(bool fit);
+    /// Puts every row in its place and resizes the container; with @p fit it is cut to the height
+    /// that it has, else it becomes as high as its rows. Repaints and tells the window.
+    /// @return whether the container outlived the window's answer.
+    bool Layout(bool fit);
     void RefreshRows();             ///< re-places the rows inside the container's present size
     void Refresh(bool immediately); ///< repaints at once or from the event loop
-    void InvalidateTimeline();      ///< a new layout, and the painters look at everything afresh
+    void InvalidateTimeline();      ///< a new layout; a repaint from within one
     bool WndSizeChanged(int width, int height);
     int GetTrackHeight() const;
     int GetWndMinRestraint() const;
@@ -119,7 +122,8 @@ public:
                  const QVariant& value1, const QVariant& value2);
     int OnTrackMessage(int code, CTimelineTrackBase* track, int number, QVariant value1,
                        QVariant value2, QVariant value3) override;
-    void NotifyTimelineRefreshed();
+    /// @return whether the container outlived the call, as the next two do.
+    bool NotifyTimelineRefreshed();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -134,9 +138,9 @@ private:
     bool CreateFixedTrack(Track*& track);
     void Attach(CTimelineTrackBase* track);
     void Detach(CTimelineTrackBase* track, QWidget* parking);
-    void NotifyTrackListChanged();
-    void UpdateAndNotify();
-    void FocusContainer();
+    bool NotifyTrackListChanged();
+    bool UpdateAndNotify();
+    bool FocusContainer();
     void Paint(QPainter& painter, int width, int height);
     int PaintRow(QPainter& painter, CTimelineTrackBase& track, int y);
 

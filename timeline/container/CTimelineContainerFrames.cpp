@@ -5,8 +5,11 @@
 #include "container/TrackMessageDispatch.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
+
+#include <QPointer>
 
 #include <algorithm>
 
@@ -50,13 +53,18 @@ int CTimelineContainer::GetCurrentFrame() const
 
 void CTimelineContainer::GotoFrame(int frame)
 {
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     SetCurrentFrame(frame);
+    if (!self)
+        return;
     if (m_scrollTrack)
         m_scrollTrack->ScrollToFrame(GetCurrentFrame(), kCentred);
     const int current = GetCurrentFrame();
-    SendToHost(1301, nullptr, nullptr, QVariant(current));
-    SendToHost(1302, nullptr, nullptr, QVariant(current));
+    SendToHost(kHostFrameMoved, nullptr, nullptr, QVariant(current));
+    // Both notices name the frame that was gone to, whatever the host does in between.
+    if (self)
+        SendToHost(kHostFrameSet, nullptr, nullptr, QVariant(current));
 }
 
 void CTimelineContainer::SetTimeMarkFrame(int start, int end)

@@ -3,7 +3,6 @@
 
 #include "container/CTimelineContainer.h"
 
-#include "CTimelineWndBase.h"
 #include "container/QTimelineCaptionArea.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
@@ -14,6 +13,7 @@
 #include <QMutexLocker>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace {
 
@@ -23,10 +23,11 @@ constexpr int kDeepestLayout = 4;
 
 } // namespace
 
-void CTimelineContainer::Layout(bool fit)
+bool CTimelineContainer::Layout(bool fit)
 {
     if (!m_scrollTrack || !m_tickTrack || m_layoutDepth >= kDeepestLayout)
-        return;
+        return true;
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     ++m_layoutDepth;
     if (!m_captionArea) {
@@ -56,8 +57,10 @@ void CTimelineContainer::Layout(bool fit)
     }
     // One pixel more than the layout: the bottom line below the scroll bar.
     resize(width(), plan.height + 1);
-    UpdateAndNotify();
+    if (!self || !UpdateAndNotify())
+        return false;
     --m_layoutDepth;
+    return true;
 }
 
 void CTimelineContainer::RefreshRows()
@@ -89,11 +92,11 @@ void CTimelineContainer::Refresh(bool immediately)
 
 void CTimelineContainer::InvalidateTimeline()
 {
-    for (CTimelineTrackBase* const track : m_tree.AllTracks())
-        track->InvalidateCaches();
-    if (m_layoutDepth == 0)
+    // A host that asks for it from a layout's own notice gets a repaint: the layout is under way.
+    if (m_layoutDepth > 0)
+        update();
+    else
         Layout(false);
-    Refresh(false);
 }
 
 bool CTimelineContainer::WndSizeChanged(int width, int height)
@@ -108,6 +111,12 @@ bool CTimelineContainer::WndSizeChanged(int width, int height)
 void CTimelineContainer::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    // A back buffer of another size is never kept; showing the widget makes a new one.
+    {
+        const QMutexLocker locker(&m_paintMutex);
+        if (m_backBuffer && m_backBuffer->size() != size())
+            m_backBuffer.reset();
+    }
     m_layout.FitVariableRow(m_tree, event->size().height());
     Layout(true);
 }
@@ -158,7 +167,8 @@ void CTimelineContainer::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     painter.setBackground(QBrush(Qt::white));
     painter.setClipRegion(event->region());
-    // Held for the whole paint; nothing below may repaint or call the host.
+    // Held for the whole paint; nothing below may repaint or call the host. Rows go straight to the
+    // widget, which is a copy of the whole picture faster than through the back buffer.
     const QMutexLocker locker(&m_paintMutex);
     Paint(painter, width(), height());
 }

@@ -5,6 +5,7 @@
 
 #include "library/CallOut.h"
 #include "model/KeyMeanings.h"
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
@@ -15,6 +16,8 @@ void CTimelineContainer::Attach(CTimelineTrackBase* track)
 {
     track->show();
     track->SetAttached(true);
+    // The host may have changed its keys while nobody looked.
+    track->InvalidateCaches();
 }
 
 void CTimelineContainer::Detach(CTimelineTrackBase* track, QWidget* parking)
@@ -37,8 +40,7 @@ bool CTimelineContainer::ShowRootTrack(CTimelineTrackBase* root, unsigned int in
     root->SetOwner(this);
     Attach(root);
     m_tree.InsertRoot(root, index);
-    Layout(false);
-    if (notify)
+    if (Layout(false) && notify)
         NotifyTrackListChanged();
     return true;
 }
@@ -59,8 +61,7 @@ bool CTimelineContainer::ShowChildTrack(CTimelineTrackBase* root, CTimelineTrack
     // it never flashes at its old one.
     child->setParent(this);
     m_tree.InsertChild(*record, child, index);
-    Layout(false);
-    if (notify)
+    if (Layout(false) && notify)
         NotifyTrackListChanged();
     return true;
 }
@@ -79,9 +80,8 @@ bool CTimelineContainer::HideRootTrack(CTimelineTrackBase* root, QWidget* parkin
     m_tree.RemoveRoot(root);
     Detach(root, parking);
     if (relayout)
-        Layout(false);
-    if (notify)
-        NotifyTrackListChanged();
+        if (Layout(false) && notify)
+            NotifyTrackListChanged();
     return true;
 }
 
@@ -93,8 +93,8 @@ bool CTimelineContainer::HideChildTrack(CTimelineTrackBase* child, QWidget* park
     m_tree.RemoveChild(child);
     Detach(child, parking);
     // Here alone the window hears of the change before the rows have moved.
-    if (notify)
-        NotifyTrackListChanged();
+    if (notify && !NotifyTrackListChanged())
+        return true;
     if (relayout) {
         GetWndMinHeight();
         Layout(true);
@@ -106,8 +106,8 @@ bool CTimelineContainer::DeleteAllTrack(QWidget* parking)
 {
     while (!m_tree.Records().empty())
         HideRootTrack(m_tree.Records().back()->root, parking, false, false);
-    Layout(false);
-    NotifyTrackListChanged();
+    if (Layout(false))
+        NotifyTrackListChanged();
     return true;
 }
 
@@ -118,9 +118,8 @@ bool CTimelineContainer::SetRootTrackSortIndex(CTimelineTrackBase* root, unsigne
         return true;
     m_tree.MoveRoot(root, index);
     if (relayout)
-        Layout(false);
-    if (notify)
-        NotifyTrackListChanged();
+        if (Layout(false) && notify)
+            NotifyTrackListChanged();
     return true;
 }
 
@@ -131,9 +130,8 @@ bool CTimelineContainer::SetChildTrackSortIndex(CTimelineTrackBase* child, unsig
         return true;
     m_tree.MoveChild(child, index);
     if (relayout)
-        Layout(false);
-    if (notify)
-        NotifyTrackListChanged();
+        if (Layout(false) && notify)
+            NotifyTrackListChanged();
     return true;
 }
 
@@ -142,7 +140,7 @@ void CTimelineContainer::GetSelectedKeyTrack(VZ::CArrayList<CTimelineTrackBase*>
     m_tree.CollectSelectedKeyTracks(tracks);
 }
 
-void CTimelineContainer::ClearKeySelectionExcept(const CTimelineTrackBase* except)
+bool CTimelineContainer::ClearKeySelectionExcept(const CTimelineTrackBase* except)
 {
     VZ::CArrayList<CTimelineTrackBase*> tracks;
     GetSelectedKeyTrack(tracks);
@@ -150,9 +148,11 @@ void CTimelineContainer::ClearKeySelectionExcept(const CTimelineTrackBase* excep
         if (track->GetTrackId() != except)
             track->Keys().ClearAllSelection();
     }
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
-    UpdateAndNotify();
-    SendToHost(1312, nullptr, nullptr);
+    if (UpdateAndNotify())
+        SendToHost(kHostSelectionCleared, nullptr, nullptr);
+    return !self.isNull();
 }
 
 bool CTimelineContainer::SetActiveRootTrack(CTimelineTrackBase* root)
@@ -163,7 +163,8 @@ bool CTimelineContainer::SetActiveRootTrack(CTimelineTrackBase* root)
         UpdateAndNotify();
         return true;
     }
-    ClearKeySelectionExcept(nullptr);
+    if (!ClearKeySelectionExcept(nullptr))
+        return true;
     if (const CTimelineMapData* const record = m_tree.FindRoot(old)) {
         old->SetActive(false);
         for (CTimelineTrackBase* const child : record->children)
@@ -200,8 +201,8 @@ bool CTimelineContainer::SetActiveChildTrack(CTimelineTrackBase* child)
         oldChild->SetActive(false);
     }
     if (const CTimelineMapData* record = m_tree.FindChild(child).record) {
-        if (record->root != oldRoot)
-            ClearKeySelectionExcept(nullptr);
+        if (record->root != oldRoot && !ClearKeySelectionExcept(nullptr))
+            return true;
         // The host was called: it may have taken the track out.
         record = m_tree.FindChild(child).record;
         if (record) {
@@ -217,6 +218,7 @@ bool CTimelineContainer::ActivateTrack(CTimelineTrackBase* track)
 {
     if (track == m_scrollTrack || track == m_tickTrack)
         return true;
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     bool changed = false;
     if (track->GetParentTrack() != track->GetTrackId()) {
@@ -228,19 +230,19 @@ bool CTimelineContainer::ActivateTrack(CTimelineTrackBase* track)
         SetActiveRootTrack(track);
         changed = true;
     }
-    FocusContainer();
-    if (!HasOwner())
+    if (!self || !FocusContainer() || !HasOwner())
         return true;
-    return SendToHost(changed ? 1305u : 1306u, m_tree.ActiveRoot(), m_tree.ActiveChild()) != 0;
+    return SendToHost(changed ? kHostActiveTrackChanged : kHostActiveTrackTheSame,
+                      m_tree.ActiveRoot(), m_tree.ActiveChild()) != 0;
 }
 
 void CTimelineContainer::SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase* track)
 {
     const CallOut callOut;
+    const QPointer<CTimelineContainer> self(this);
     const QPointer<CTimelineTrackBase> alive(track);
     ActivateTrack(track);
-    ClearKeySelectionExcept(track);
-    if (!alive)
+    if (!self || !ClearKeySelectionExcept(track) || !alive)
         return;
     const int index = track->Keys().HitKey(GetCurrentFrame(), true);
     if (index < 0)

@@ -5,6 +5,7 @@
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
 #include "model/KeyMeanings.h"
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -129,9 +130,10 @@ bool DoTrackEdit(CTimelineContainer& container, TLEditType type, CTimelineTrackB
 void SelectAllKeys(CTimelineContainer& container, CTimelineTrackBase& track)
 {
     const CallOut callOut;
+    const QPointer<CTimelineContainer> there(&container);
     const QPointer<CTimelineTrackBase> alive(&track);
     track.ClearRangeOrSubSelection();
-    if (!alive)
+    if (!there || !alive)
         return;
     const int lastFrame = TimelineLibrary::Instance().axis.frameCount;
     CTimelineKeyArray& keys = track.Keys();
@@ -146,5 +148,6 @@ void SelectAllKeys(CTimelineContainer& container, CTimelineTrackBase& track)
     } else {
         keys.SetSelection(0, lastFrame, true, kAnyKind);
     }
-    container.OnTrackMessage(1102, &track, 0, QVariant(0), QVariant(0), QVariant(0));
+    container.OnTrackMessage(kTrackSelectionChanged, &track, 0, QVariant(0), QVariant(0),
+                             QVariant(0));
 }

@@ -3,6 +3,7 @@
 #include "container/CTimelineContainer.h"
 #include "library/CallOut.h"
 #include "model/KeyMeanings.h"
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -60,7 +61,7 @@ class Walk
 {
 public:
     Walk(CTimelineContainer& container, CTimelineTrackBase& track)
-        : m_container(container), m_track(&track)
+        : m_container(&container), m_track(&track)
     {
         if (!NavigatesSubKeys(track))
             return;
@@ -70,28 +71,29 @@ public:
 
     CTimelineKeyArray& Keys() const { return m_subKeys ? *m_subKeys : m_track->Keys(); }
     int Offset() const { return m_clip ? m_clip->frame : 0; }
-    int CurrentFrame() const { return m_container.GetCurrentFrame() - Offset(); }
-    bool IsTrackAlive() const { return !m_track.isNull(); }
+    int CurrentFrame() const { return m_container->GetCurrentFrame() - Offset(); }
+    /// Host code may have deleted or hidden what is walked.
+    bool IsThere() const { return m_container && m_track && m_track->GetOwner(); }
 
-    void Goto(const CTimelineKey& key) { m_container.GotoFrame(key.frame + Offset()); }
+    void Goto(const CTimelineKey& key) { m_container->GotoFrame(key.frame + Offset()); }
 
     /// Makes @p key the only selected one and reports it; the key may have moved or gone meanwhile.
     void Select(const CTimelineKey* key)
     {
         Keys().ClearAllSelection();
-        Report(m_container, 1103, m_track);
-        if (!m_track)
+        Report(*m_container, kTrackSelectionCleared, m_track);
+        if (!IsThere())
             return;
         const int index = IndexOf(Keys(), key);
         if (index < 0)
             return;
         Keys().SelAdd(index);
         Keys().GetAt(index)->selected = true;
-        Report(m_container, 1102, m_track);
+        Report(*m_container, kTrackSelectionChanged, m_track);
     }
 
 private:
-    CTimelineContainer& m_container;
+    QPointer<CTimelineContainer> m_container;
     QPointer<CTimelineTrackBase> m_track;
     KeyPointer m_clip;
     ArrayPointer m_subKeys;
@@ -149,7 +151,7 @@ void SelectNextKey(CTimelineContainer& container, CTimelineTrackBase* track)
     });
     const KeyPointer target = next == keys.end() ? keys.front() : *next;
     walk.Goto(*target);
-    if (walk.IsTrackAlive())
+    if (walk.IsThere())
         walk.Select(target.Get());
 }
 
@@ -165,5 +167,6 @@ void SelectPreviousKey(CTimelineContainer& container, CTimelineTrackBase* track)
         return;
     const KeyPointer target = walk.Keys().GetAt(index);
     walk.Select(target.Get());
-    walk.Goto(*target);
+    if (walk.IsThere())
+        walk.Goto(*target);
 }

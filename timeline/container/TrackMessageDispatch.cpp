@@ -3,11 +3,31 @@
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
 #include "model/KeyMeanings.h"
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
+
+#include <QPointer>
 
 #include <algorithm>
 
 namespace {
+
+/// Whether the container and the track that reported are still there: host code may have deleted or
+/// hidden either, and nothing follows from a track that is gone.
+class Sender
+{
+public:
+    Sender(CTimelineContainer& container, const TrackMessage& message)
+        : m_container(&container), m_track(message.track)
+    {
+    }
+
+    bool IsThere() const { return m_container && m_track && m_track->GetOwner(); }
+
+private:
+    QPointer<CTimelineContainer> m_container;
+    QPointer<CTimelineTrackBase> m_track;
+};
 
 int ForwardToHost(CTimelineContainer& container, const TrackMessage& message, unsigned int code)
 {
@@ -21,8 +41,8 @@ int ForwardToHost(CTimelineContainer& container, const TrackMessage& message, un
 /// on as the handle.
 int ForwardMenuQuery(CTimelineContainer& container, const TrackMessage& message)
 {
-    container.SendToHost(1310, message.track, message.value1.value<void*>(), message.value1,
-                         message.value2, message.value3);
+    container.SendToHost(kHostMenuQuery, message.track, message.value1.value<void*>(),
+                         message.value1, message.value2, message.value3);
     return 0;
 }
 
@@ -42,10 +62,13 @@ int Update(CTimelineContainer& container)
 
 int SelectionChanged(CTimelineContainer& container, const TrackMessage& message)
 {
+    const Sender sender(container, message);
     FollowSelection(container, *message.track);
     container.Refresh(false);
     container.NotifyTimelineRefreshed();
-    return ForwardToHost(container, message, 1313);
+    if (!sender.IsThere())
+        return 0;
+    return ForwardToHost(container, message, kHostSelectionChanged);
 }
 
 int CurrentFrameSet(CTimelineContainer& container, TrackMessage message, unsigned int code)
@@ -57,8 +80,9 @@ int CurrentFrameSet(CTimelineContainer& container, TrackMessage message, unsigne
 
 int TimeMarkMoved(CTimelineContainer& container, const TrackMessage& message, unsigned int code)
 {
+    const Sender sender(container, message);
     ForwardToHost(container, message, code);
-    return Update(container);
+    return sender.IsThere() ? Update(container) : 0;
 }
 
 int EditBegins(CTimelineContainer& container, const TrackMessage& message)
@@ -74,8 +98,10 @@ int EditStep(CTimelineContainer& container, const TrackMessage& message, TLEditT
 
 int EditEnds(CTimelineContainer& container, const TrackMessage& message, TLEditType type)
 {
+    const Sender sender(container, message);
     Edit(container, message, type, message.value2, message.value3);
-    Edit(container, message, TL_EDIT_END, QVariant(0), QVariant(0));
+    if (sender.IsThere())
+        Edit(container, message, TL_EDIT_END, QVariant(0), QVariant(0));
     return 0;
 }
 
@@ -95,31 +121,31 @@ struct Row
 
 // clang-format off
 constexpr Row kRows[] = {
-    {1101, [](Container& c, const Message&) { return Update(c); }},
-    {1102, [](Container& c, const Message& m) { return SelectionChanged(c, m); }},
-    {1103, [](Container& c, const Message& m) { c.ClearKeySelectionExcept(m.track); return 0; }},
-    {1104, [](Container& c, const Message& m) { return CurrentFrameSet(c, m, 1301); }},
-    {1105, [](Container& c, const Message& m) { return CurrentFrameSet(c, m, 1302); }},
-    {1106, [](Container& c, const Message& m) { return TimeMarkMoved(c, m, 1303); }},
-    {1107, [](Container& c, const Message& m) { return TimeMarkMoved(c, m, 1304); }},
-    {1108, [](Container& c, const Message& m) { c.ActivateTrack(m.track); return 0; }},
-    {1115, [](Container& c, const Message& m) { return ForwardToHost(c, m, 1307); }},
-    {1116, [](Container& c, const Message& m) { return ForwardMenuQuery(c, m); }},
-    {1117, [](Container& c, const Message& m) { return ForwardToHost(c, m, 1311); }},
-    {1201, [](Container& c, const Message&) { return Update(c); }},
-    {1202, [](Container& c, const Message&) { c.RefreshRows(); return Update(c); }},
-    {1203, [](Container& c, const Message& m) { return EditBegins(c, m); }},
-    {1204, [](Container& c, const Message& m) { return EditStep(c, m, TL_EDIT_CLIP_LOOP); }},
-    {1205, [](Container& c, const Message& m) { return EditEnds(c, m, TL_EDIT_CLIP_LOOP_END); }},
-    {1206, [](Container& c, const Message& m) { return EditBegins(c, m); }},
-    {1207, [](Container& c, const Message& m) { return EditStep(c, m, TL_EDIT_CLIP_SPEED); }},
-    {1208, [](Container& c, const Message& m) { return EditEnds(c, m, TL_EDIT_CLIP_SPEED_END); }},
-    {1209, [](Container& c, const Message& m) { return EditBegins(c, m); }},
-    {1210, [](Container& c, const Message& m) { return EditStep(c, m, TL_EDIT_CLIP_TRIM); }},
-    {1211, [](Container& c, const Message& m) { return EditEnds(c, m, TL_EDIT_CLIP_TRIM_END); }},
-    {1212, [](Container& c, const Message&) { return LoopOrSpeed(c); }},
-    {1213, [](Container& c, const Message& m) { return ForwardToHost(c, m, 1308); }},
-    {1214, [](Container& c, const Message&) { return Update(c); }},
+    {kTrackRepaint, [](Container& c, const Message&) { return Update(c); }},
+    {kTrackSelectionChanged, [](Container& c, const Message& m) { return SelectionChanged(c, m); }},
+    {kTrackSelectionCleared, [](Container& c, const Message& m) { c.ClearKeySelectionExcept(m.track); return 0; }},
+    {kTrackFrameMoved, [](Container& c, const Message& m) { return CurrentFrameSet(c, m, kHostFrameMoved); }},
+    {kTrackFrameSet, [](Container& c, const Message& m) { return CurrentFrameSet(c, m, kHostFrameSet); }},
+    {kTrackTimeMarkMoved, [](Container& c, const Message& m) { return TimeMarkMoved(c, m, kHostTimeMarkMoved); }},
+    {kTrackTimeMarkSet, [](Container& c, const Message& m) { return TimeMarkMoved(c, m, kHostTimeMarkSet); }},
+    {kTrackPressed, [](Container& c, const Message& m) { c.ActivateTrack(m.track); return 0; }},
+    {kTrackDoubleClicked, [](Container& c, const Message& m) { return ForwardToHost(c, m, kHostDoubleClicked); }},
+    {kTrackMenuQuery, [](Container& c, const Message& m) { return ForwardMenuQuery(c, m); }},
+    {kTrackMenuChosen, [](Container& c, const Message& m) { return ForwardToHost(c, m, kHostMenuChosen); }},
+    {kTrackViewChanged, [](Container& c, const Message&) { return Update(c); }},
+    {kTrackRowsMoved, [](Container& c, const Message&) { c.RefreshRows(); return Update(c); }},
+    {kTrackLoopBegins, [](Container& c, const Message& m) { return EditBegins(c, m); }},
+    {kTrackLoopStep, [](Container& c, const Message& m) { return EditStep(c, m, TL_EDIT_CLIP_LOOP); }},
+    {kTrackLoopEnds, [](Container& c, const Message& m) { return EditEnds(c, m, TL_EDIT_CLIP_LOOP_END); }},
+    {kTrackSpeedBegins, [](Container& c, const Message& m) { return EditBegins(c, m); }},
+    {kTrackSpeedStep, [](Container& c, const Message& m) { return EditStep(c, m, TL_EDIT_CLIP_SPEED); }},
+    {kTrackSpeedEnds, [](Container& c, const Message& m) { return EditEnds(c, m, TL_EDIT_CLIP_SPEED_END); }},
+    {kTrackTrimBegins, [](Container& c, const Message& m) { return EditBegins(c, m); }},
+    {kTrackTrimStep, [](Container& c, const Message& m) { return EditStep(c, m, TL_EDIT_CLIP_TRIM); }},
+    {kTrackTrimEnds, [](Container& c, const Message& m) { return EditEnds(c, m, TL_EDIT_CLIP_TRIM_END); }},
+    {kTrackLoopOrSpeed, [](Container& c, const Message&) { return LoopOrSpeed(c); }},
+    {kTrackSwitchToggled, [](Container& c, const Message& m) { return ForwardToHost(c, m, kHostSwitchToggled); }},
+    {kTrackButtonsScrolled, [](Container& c, const Message&) { return Update(c); }},
 };
 // clang-format on
 

@@ -2,6 +2,7 @@
 
 #include "library/TimelineLibrary.h"
 #include "model/KeyMeanings.h"
+#include "model/MessageCodes.h"
 #include "skin/TrackStyleReader.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 
@@ -102,7 +103,7 @@ void CTimelineTrackBase::ClearRangeOrSubSelection()
     if (!HasEditMode(TL_EDIT_SUB_KEYS) && m_editModes.GetSize() > 0) {
         m_rangeStart = -1;
         m_keys->SetSelection(0, lastFrame, false, kAnyKind);
-        Send(1102);
+        Send(kTrackSelectionChanged);
         return;
     }
     for (const int index : m_keys->SelectedIndexes()) {

@@ -1,6 +1,7 @@
 #include "tracks/CTimelineTrackClip.h"
 
 #include "axis/FrameAxis.h"
+#include "model/MessageCodes.h"
 #include "tracks/ClipPainter.h"
 
 #include <QPainter>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr int kInitialWidth = 20;
 constexpr int kWaveBarMargin = 2; ///< pixels of a wave row that its bars leave free
-constexpr int kAskLoopOrSpeed = 1212;
 
 QCursor CentredCursor(const QString& path)
 {
@@ -56,7 +56,7 @@ ClipEdgeHit CTimelineTrackClip::HitTestEdge(QPoint point)
 {
     const ClipEdgeModes modes{HasEditMode(TL_EDIT_CLIP_LOOP), HasEditMode(TL_EDIT_CLIP_SPEED),
                               HasEditMode(TL_EDIT_CLIP_TRIM)};
-    return Edges().HitTest(point, modes, [this] { return Send(kAskLoopOrSpeed); });
+    return Edges().HitTest(point, modes, [this] { return Send(kTrackLoopOrSpeed); });
 }
 
 const QCursor* CTimelineTrackClip::CursorFor(int kind) const

@@ -1,5 +1,6 @@
 #include "tracks/CTimelineTrackSwitch.h"
 
+#include "model/MessageCodes.h"
 #include "tracks/RowView.h"
 #include "tracks/SwitchPainter.h"
 
@@ -39,7 +40,7 @@ void CTimelineTrackSwitch::RefreshButtonState()
 void CTimelineTrackSwitch::RefreshArrows(int arrowUnderPointer, bool pressed)
 {
     m_arrows = Layout().Refresh(arrowUnderPointer, pressed, m_scrollOffset);
-    Send(1101);
+    Send(kTrackRepaint);
 }
 
 void CTimelineTrackSwitch::ScrollBy(int arrow)
