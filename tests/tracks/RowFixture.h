@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/TimelineKeyValues.h"
 #include "support/TimelineFixture.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 #include "tracks/CTimelineTrackClip.h"
@@ -7,7 +8,6 @@
 #include "tracks/CTimelineTrackLinkKey.h"
 #include "tracks/CTimelineTrackTransKey.h"
 #include "tracks/CTimelineTrackVisemeKey.h"
-#include "model/KeyMeanings.h"
 
 #include <functional>
 #include <memory>

@@ -4,7 +4,7 @@
 #include "container/KeyNavigation.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -141,10 +141,10 @@ void SelectAllKeys(CTimelineContainer& container, CTimelineTrackBase& track)
                 continue;
             const VZ::CPointer<CTimelineKey> clip = keys.GetAt(index);
             if (clip->subKeys)
-                clip->subKeys->SetSelection(0, lastFrame, true, kAnyKind);
+                clip->subKeys->SetSelection(0, lastFrame, true, TL_KEY_ANY_KIND);
         }
     } else {
-        keys.SetSelection(0, lastFrame, true, kAnyKind);
+        keys.SetSelection(0, lastFrame, true, TL_KEY_ANY_KIND);
     }
     container.OnTrackMessage(1102, &track, 0, QVariant(0), QVariant(0), QVariant(0));
 }

@@ -2,7 +2,7 @@
 
 #include "container/CTimelineContainer.h"
 #include "library/CallOut.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -115,7 +115,7 @@ int PreviousIndex(const CTimelineKeyArray& keys, int currentFrame)
     for (int step = 0; step < count; ++step, --index) {
         if (index < 0 || index >= count)
             index = count - 1;
-        if (keys.GetAt(index)->lockState != kLocked)
+        if (keys.GetAt(index)->lockState != TL_KEY_LOCKED)
             return index;
     }
     return -1;
