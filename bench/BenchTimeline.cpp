@@ -2,6 +2,7 @@
 
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QApplication>
@@ -37,9 +38,6 @@ const RowKind& KindOfRow(int row)
     return kKinds[0];
 }
 
-constexpr int kLinkStart = 2;
-constexpr int kTransitionInto = 16;
-constexpr int kTransitionOutOf = 32;
 constexpr int kMouthShapes = 17;
 
 VZ::CPointer<CTimelineKey> MakeKey(TL_TRACK_TYPE type, int number)
@@ -51,11 +49,12 @@ VZ::CPointer<CTimelineKey> MakeKey(TL_TRACK_TYPE type, int number)
         key->clipLength = kFramesBetweenKeys - 1;
         key->name = QStringLiteral("Step");
     } else if (type == TL_TRACK_LINK_KEY) {
-        key->keyType = number % 2 ? 1 : kLinkStart;
+        if (number % 2 == 0)
+            key->keyType = TL_KEY_LINK_START;
     } else if (type == TL_TRACK_VISEME_KEY) {
         key->hostValue6 = number % kMouthShapes;
     } else if (type == TL_TRACK_TRANSITION_KEY) {
-        key->kindMask = number % 2 ? kTransitionInto : kTransitionOutOf;
+        key->kindMask = number % 2 ? TL_KEY_TRANSITION_IN : TL_KEY_TRANSITION_OUT;
         key->transitionFrames = 3;
     }
     return key;

@@ -4,11 +4,6 @@ namespace host {
 
 namespace {
 
-// Bits of a timeline key's kind mask and key type that rows draw by.
-constexpr int kBlendInto = 16;
-constexpr int kBlendOutOf = 32;
-constexpr int kStartsLink = 2;
-
 /// Stands for a group; that keys share it is all there is to it.
 class GroupToken : public CReltedGroupBase
 {
@@ -27,7 +22,8 @@ void AddClip(CTimelineKey& made, const ClipSpan& clip)
 void AddTransition(CTimelineKey& made, const Transition& transition)
 {
     made.transitionFrames = transition.frames;
-    made.kindMask |= transition.direction == BlendDirection::Into ? kBlendInto : kBlendOutOf;
+    made.kindMask |=
+        transition.direction == BlendDirection::Into ? TL_KEY_TRANSITION_IN : TL_KEY_TRANSITION_OUT;
 }
 
 } // namespace
@@ -47,11 +43,11 @@ VZ::CPointer<CTimelineKey> TimelineKeys::Make(const SceneKey& key)
     made->name = key.name;
     made->frame = key.frame;
     made->priority = key.priority;
-    made->lockState = key.locked ? 1 : 0;
+    made->lockState = key.locked ? TL_KEY_LOCKED : TL_KEY_UNLOCKED;
     made->alternateStyle = key.alternate;
     made->hostValue6 = key.mouthShape;
     if (key.startsLink)
-        made->keyType |= kStartsLink;
+        made->keyType |= TL_KEY_LINK_START;
     if (key.clip)
         AddClip(*made, *key.clip);
     if (key.transition)

@@ -2,6 +2,7 @@
 
 #include "TestTracks.h"
 #include "container/CTimelineContainer.h"
+#include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 
 namespace KestovaTest {
@@ -38,7 +39,7 @@ private:
     }
     static void Select(CTimelineTrackBase* track, int index)
     {
-        track->Keys().SetSelectionByIndex(index, index, true, 0xFFFFFFFFu);
+        track->Keys().SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
     }
     void FillMotion();
     void FillJoints();
@@ -92,7 +93,7 @@ inline void FullScene::FillMotion()
     walk->loopCount = 2;
     const auto turn = Add(motion, 70, 25);
     turn->name = "Turn";
-    turn->lockState = 1;
+    turn->lockState = TL_KEY_LOCKED;
     const auto wave = Add(motion, 100, 60);
     wave->name = "Wave";
     wave->alternateStyle = true;
@@ -111,22 +112,23 @@ inline void FullScene::FillJoints()
 
 inline void FullScene::FillBlendAndPath()
 {
-    constexpr int kInto = 16;
-    constexpr int kOutOf = 32;
     const struct
     {
         int frame, frames, kind;
-    } transitions[] = {{12, 8, kInto}, {40, 12, kOutOf}, {80, 15, kInto}, {110, 6, kOutOf}};
+    } transitions[] = {{12, 8, TL_KEY_TRANSITION_IN},
+                       {40, 12, TL_KEY_TRANSITION_OUT},
+                       {80, 15, TL_KEY_TRANSITION_IN},
+                       {110, 6, TL_KEY_TRANSITION_OUT}};
     for (const auto& each : transitions) {
         const auto key = Add(blend, each.frame);
         key->transitionFrames = each.frames;
         key->kindMask = each.kind;
     }
 
-    constexpr int kLinkStart = 2;
     for (const int frame : {5, 30, 55, 85, 120}) {
         const auto key = Add(path, frame);
-        key->keyType = frame == 55 ? 1 : kLinkStart;
+        if (frame != 55)
+            key->keyType = TL_KEY_LINK_START;
         key->alternateStyle = frame == 85;
     }
 }

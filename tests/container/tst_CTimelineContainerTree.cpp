@@ -1,5 +1,6 @@
 #include "TestTracks.h"
 #include "container/CTimelineContainer.h"
+#include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
@@ -9,7 +10,6 @@ using namespace KestovaTest;
 namespace {
 
 constexpr unsigned int kLast = 0xFFFFu;
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
 
 } // namespace
 
@@ -45,7 +45,7 @@ class tst_CTimelineContainerTree : public QObject
     {
         if (track->Keys().GetSize() == 0)
             m_fixture->AddKeys(track, {3, 5});
-        track->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        track->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
     }
 
     static bool HasSelection(CTimelineTrackBase* track) { return track->Keys().SelGetSize() > 0; }

@@ -1,15 +1,10 @@
 #include "TestTracks.h"
 #include "container/CTimelineContainer.h"
 #include "container/EditCommands.h"
+#include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 
 using namespace KestovaTest;
-
-namespace {
-
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
-
-} // namespace
 
 class tst_EditCommands : public QObject
 {
@@ -32,7 +27,7 @@ class tst_EditCommands : public QObject
             track->Keys().Add(key, false);
         }
         if (selected > 0)
-            track->Keys().SetSelectionByIndex(0, selected - 1, true, kAnyKind);
+            track->Keys().SetSelectionByIndex(0, selected - 1, true, TL_KEY_ANY_KIND);
         VZ::CArrayList<TLEditType> modes;
         for (int mode = 0; mode <= 30; ++mode) {
             if (mode != TL_EDIT_SUB_KEYS)
@@ -151,7 +146,7 @@ private slots:
         CTimelineTrackBase* const without = Child(TL_TRACK_KEY, 0, "without");
         QVERIFY(!Can(TL_EDIT_CUT, withSelection)); // no active child at all
         Container().SetActiveChildTrack(without);
-        withSelection->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        withSelection->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
         QVERIFY(!Can(TL_EDIT_CUT, withSelection));
         Container().SetActiveChildTrack(withSelection);
         QVERIFY(Can(TL_EDIT_CUT, without));
@@ -194,7 +189,7 @@ private slots:
         SetModes(*track, {TL_EDIT_SUB_KEYS});
         AddSubKeys(*track, 0, {0, 2});
         AddSubKeys(*track, 1, {1});
-        track->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        track->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
         QVERIFY(DoTrackEdit(Container(), TL_EDIT_SELECT_ALL, track));
         QCOMPARE(track->Keys().SelGetSize(), std::size_t(1));
         QCOMPARE(track->Keys().GetAt(0)->subKeys->SelGetSize(), std::size_t(2));

@@ -1,13 +1,13 @@
 #include "TestTracks.h"
 #include "container/CTimelineContainer.h"
 #include "container/KeyNavigation.h"
+#include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 
 using namespace KestovaTest;
 
 namespace {
 
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
 constexpr int kNone = -1;
 
 } // namespace
@@ -31,7 +31,10 @@ class tst_KeyNavigation : public QObject
         return keys.GetAt(index)->selected ? index : kNone;
     }
 
-    void Select(int index) { m_track->Keys().SetSelectionByIndex(index, index, true, kAnyKind); }
+    void Select(int index)
+    {
+        m_track->Keys().SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
+    }
 
 private slots:
     void init()

@@ -3,13 +3,12 @@
 #include "container/CTimelineContainerInterface.h"
 #include "container/TrackMessageDispatch.h"
 #include "library/TimelineLibrary.h"
+#include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 
 using namespace KestovaTest;
 
 namespace {
-
-constexpr unsigned int kAnyKind = 0xFFFFFFFFu;
 
 QString Text(const QVariant& value)
 {
@@ -136,7 +135,7 @@ private slots:
     {
         Container().SetOwnerInterface(nullptr);
         m_track->Keys().Add(VZ::CPointer<CTimelineKey>(new CTimelineKey), false);
-        m_track->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        m_track->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
         for (const int code : {1101, 1102, 1103, 1104, 1108, 1202, 1203, 1205, 1212})
             QCOMPARE(Send(code, m_root), -1);
         QCOMPARE(m_track->Keys().SelGetSize(), std::size_t(1));
@@ -175,7 +174,7 @@ private slots:
         CTimelineTrackBase* const b = Child("b");
         for (CTimelineTrackBase* track : {m_track, b}) {
             AddKeysTo(*track, {4});
-            track->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+            track->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
         }
         Send(1103);
         QCOMPARE(m_track->Keys().SelGetSize(), std::size_t(1));
@@ -199,7 +198,7 @@ private slots:
             AddKeysTo(*track, {4, 8});
             track->Keys().GetAt(1)->group = group;
         }
-        m_track->Keys().SetSelectionByIndex(0, 1, true, kAnyKind);
+        m_track->Keys().SetSelectionByIndex(0, 1, true, TL_KEY_ANY_KIND);
         Send(1102);
         for (CTimelineTrackBase* track : {b, m_root}) {
             QVERIFY(!track->Keys().GetAt(0)->selected);
@@ -220,8 +219,8 @@ private slots:
         // Another kind has no part in it, nor has a row that does not list the sender.
         TimelineLibrary::Instance().relations.Set(
             {{1, {b, m_track}}, {0, {m_track, c}}, {1, {c, d}}});
-        m_track->Keys().SetSelectionByIndex(1, 1, true, kAnyKind);
-        b->Keys().SetSelectionByIndex(0, 0, true, kAnyKind);
+        m_track->Keys().SetSelectionByIndex(1, 1, true, TL_KEY_ANY_KIND);
+        b->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
         Send(1102);
         QVERIFY(!b->Keys().GetAt(0)->selected);
         QVERIFY(b->Keys().GetAt(1)->selected);

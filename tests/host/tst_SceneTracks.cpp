@@ -149,7 +149,7 @@ void tst_SceneTracks::carriesClipsAndTheirSubKeys()
     QCOMPARE(clip->transitionFrames, 4);
     QCOMPARE(clip->hostValue3, 5);
     QCOMPARE(clip->hostValue2, 60);
-    QCOMPARE(clip->lockState, 1);
+    QCOMPARE(clip->lockState, static_cast<int>(TL_KEY_LOCKED));
     QVERIFY(clip->alternateStyle);
     QCOMPARE(clip->priority, 7);
     QCOMPARE(clip->displayLength, 60);
@@ -170,9 +170,9 @@ void tst_SceneTracks::carriesTransitions()
     const Scene scene = SampleScene();
     QVERIFY(host.tracks.Show(scene));
     CTimelineKeyArray* const keys = KeysOf(host, scene, "MotionBlend");
-    constexpr int kBothDirections = 16 | 32;
-    QCOMPARE(keys->GetAt(0)->kindMask & kBothDirections, 32);
-    QCOMPARE(keys->GetAt(1)->kindMask & kBothDirections, 16);
+    constexpr int kBothDirections = TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT;
+    QCOMPARE(keys->GetAt(0)->kindMask & kBothDirections, static_cast<int>(TL_KEY_TRANSITION_OUT));
+    QCOMPARE(keys->GetAt(1)->kindMask & kBothDirections, static_cast<int>(TL_KEY_TRANSITION_IN));
     QCOMPARE(keys->GetAt(1)->transitionFrames, 12);
 }
 
@@ -184,7 +184,7 @@ void tst_SceneTracks::carriesLinks()
     CTimelineKeyArray* const keys = KeysOf(host, scene, "LeftFootContact");
     QVERIFY(keys->GetSize() >= 2);
     for (int i = 0; i < static_cast<int>(keys->GetSize()); ++i)
-        QCOMPARE((keys->GetAt(i)->keyType & 2) != 0, i % 2 == 0);
+        QCOMPARE((keys->GetAt(i)->keyType & TL_KEY_LINK_START) != 0, i % 2 == 0);
 }
 
 void tst_SceneTracks::letsKeysOfOneGroupShareTheirToken()

@@ -7,6 +7,7 @@
 #include "KeyMakers.h"
 #include "TimelineBoundaryRecords.h"
 #include "TimelineEnums.h"
+#include "TimelineKeyValues.h"
 
 #include <QtTest>
 
@@ -107,6 +108,7 @@ private slots:
     void trackTypesHaveTheirNumbers();
     void editTypesHaveTheirNumbers();
     void dropTypesHaveTheirNumbers();
+    void keyValuesHaveTheirNumbers();
     void aHandleIsAPlainPointer();
 };
 
@@ -376,6 +378,20 @@ void tst_BinaryLayout::dropTypesHaveTheirNumbers()
     QCOMPARE(int{TL_DROP_AUTO_MOTION}, 10);
     QCOMPARE(int{TL_DROP_SOUND_FIRST}, 12);
     QCOMPARE(int{TL_DROP_SOUND_SECOND}, 13);
+}
+
+void tst_BinaryLayout::keyValuesHaveTheirNumbers()
+{
+    QCOMPARE(int{TL_KEY_MARKED_LINK}, 4);
+    QCOMPARE(int{TL_KEY_TRIAL}, 8);
+    QCOMPARE(int{TL_KEY_TRANSITION_IN}, 16);
+    QCOMPARE(int{TL_KEY_TRANSITION_OUT}, 32);
+    QCOMPARE(int{TL_KEY_SEGMENTS}, 64);
+    QCOMPARE(int{TL_KEY_LINK_START}, 2);
+    QCOMPARE(int{TL_KEY_NEVER_THINS}, 4);
+    QCOMPARE(int{TL_KEY_UNLOCKED}, 0);
+    QCOMPARE(int{TL_KEY_LOCKED}, 1);
+    QCOMPARE(TL_KEY_ANY_KIND, 0xFFFFFFFFu);
 }
 
 void tst_BinaryLayout::aHandleIsAPlainPointer()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "support/TimelineFixture.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 #include "tracks/CTimelineTrackClip.h"

@@ -20,9 +20,9 @@ inline Change Typical(const CTimelineTrackBase& row, const Change& more = {})
     const int type = row.GetTrackType();
     return [type, more](CTimelineKey& key) {
         if (type == TL_TRACK_LINK_KEY)
-            key.keyType = kLinkStartBit;
+            key.keyType = TL_KEY_LINK_START;
         if (type == TL_TRACK_TRANSITION_KEY) {
-            key.kindMask = kTransitionOut;
+            key.kindMask = TL_KEY_TRANSITION_OUT;
             key.transitionFrames = 4;
         }
         if (type == TL_TRACK_VISEME_KEY)
@@ -50,7 +50,7 @@ inline void AddThree(CTimelineTrackBase& row, const Change& change = {})
 
 inline void AddSegments(CTimelineKey& key)
 {
-    key.kindMask |= kHasSegments;
+    key.kindMask |= TL_KEY_SEGMENTS;
     key.segments.push_back({1.0f, 0.2f, 0.2f, 1.0f, {{0, 0, 2, 2}, {6, 6, 8, 8}}});
     key.segments.push_back({0.2f, 1.0f, 0.2f, 0.5f, {{-6, 2, -2, 4}}});
 }
@@ -89,9 +89,9 @@ constexpr RowScene kKeyRowScenes[] = {
      }},
     {"marked",
      [](CTimelineTrackBase& row) {
-         AddThree(row, [](CTimelineKey& key) { key.kindMask |= kMarkedLink; });
+         AddThree(row, [](CTimelineKey& key) { key.kindMask |= TL_KEY_MARKED_LINK; });
          AddKey(row, 28, Typical(row, [](CTimelineKey& key) {
-                    key.kindMask |= kMarkedLink;
+                    key.kindMask |= TL_KEY_MARKED_LINK;
                     key.selected = true;
                 }));
      }},

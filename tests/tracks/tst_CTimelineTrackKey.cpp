@@ -172,7 +172,7 @@ private slots:
         // x = 2 + trunc(-scrollX + 2): the last scroll at which x + 6 reaches 0 is 10.
         const auto row = MakeTrack(TL_TRACK_KEY);
         AddKey(*row, 0, [](CTimelineKey& key) {
-            key.kindMask |= kHasSegments;
+            key.kindMask |= TL_KEY_SEGMENTS;
             key.segments.push_back({1, 0, 0, 1, {{20, 0, 20, 0}}});
         });
         SceneAxis().scrollX = 10;
@@ -195,7 +195,7 @@ private slots:
     {
         const auto row = MakeTrack(TL_TRACK_KEY);
         AddKey(*row, 10, [](CTimelineKey& key) {
-            key.kindMask = kHasSegments;
+            key.kindMask = TL_KEY_SEGMENTS;
             key.segments.push_back({0.5f, 0.0f, 1.0f, 1.0f, {{-4, -2, -3, 1}}});
         });
         QImage wanted = EmptyRowWith(TL_TRACK_KEY, Glyph(0, 0), QPoint(104, 8));
@@ -226,7 +226,7 @@ private slots:
         const auto row = MakeTrack(TL_TRACK_KEY);
         SceneAxis().frameCount = 400;
         AddKey(*row, 90, [](CTimelineKey& key) {
-            key.kindMask = kHasSegments;
+            key.kindMask = TL_KEY_SEGMENTS;
             key.segments.push_back({1, 0, 0, 1, {{-800, 0, -700, 5}}});
         });
         QCOMPARE(QColor(ShowRow(*row, kSize).pixel(904 - 700, 8)), QColor(Qt::red));

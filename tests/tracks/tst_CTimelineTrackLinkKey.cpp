@@ -25,7 +25,7 @@ const LineKeyTrackStyle::Line& LineOf(CTimelineTrackBase& row)
 
 void LinkStart(CTimelineKey& key)
 {
-    key.keyType = kLinkStartBit;
+    key.keyType = TL_KEY_LINK_START;
 }
 
 /// The row without keys.
@@ -259,7 +259,7 @@ private slots:
         QFETCH(bool, group);
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
         const Change change = [=](CTimelineKey& key) {
-            key.keyType = kLinkStartBit;
+            key.keyType = TL_KEY_LINK_START;
             key.selected = selected;
             key.alternateStyle = alternate;
             if (group)
@@ -366,9 +366,10 @@ private slots:
         SceneAxis().frameCount = 1000;
         SceneAxis().info = CFrameInfo(0.3);
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
-        AddKey(*row, 400);                                                        // x 97
-        AddKey(*row, 404, [](CTimelineKey& key) { key.kindMask = kMarkedLink; }); // x 98: with 400
-        AddKey(*row, 408);                                                        // x 99: not
+        AddKey(*row, 400); // x 97
+        AddKey(*row, 404,
+               [](CTimelineKey& key) { key.kindMask = TL_KEY_MARKED_LINK; }); // x 98: with 400
+        AddKey(*row, 408);                                                    // x 99: not
         QImage wanted = EmptyRow();
         QPainter painter(&wanted);
         const auto at = [](int frame) { return CentredOnFrame(SceneAxis(), frame, 5); };
@@ -409,7 +410,7 @@ private slots:
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
         for (const int frame : {404, 408, 416})
             AddKey(*row, frame);
-        AddKey(*row, 412, [](CTimelineKey& key) { key.kindMask = kMarkedLink; });
+        AddKey(*row, 412, [](CTimelineKey& key) { key.kindMask = TL_KEY_MARKED_LINK; });
         QCOMPARE(CentredOnFrame(SceneAxis(), 404, 5), -6);
         QCOMPARE(CentredOnFrame(SceneAxis(), 412, 5), -4);
         QImage wanted = EmptyRow();
@@ -507,7 +508,7 @@ private slots:
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
         AddRelated(*row, 5, [](CTimelineKey& key) {
             key.priority = 101;
-            key.keyType = kLinkStartBit;
+            key.keyType = TL_KEY_LINK_START;
         });
         AddKey(*row, 10);
         QImage wanted = EmptyRow();
@@ -522,7 +523,7 @@ private slots:
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
         AddRelated(*row, 1, [](CTimelineKey& key) {
             key.priority = 101;
-            key.keyType = kLinkStartBit;
+            key.keyType = TL_KEY_LINK_START;
         });
         CTimelineKeyArray::KeyVector keys;
         for (int frame = 2; frame < 90000; ++frame)

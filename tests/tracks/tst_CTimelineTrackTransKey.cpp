@@ -50,48 +50,49 @@ void PaintGlyph(QImage& image, int x, int index)
 constexpr RowScene kTransitionScenes[] = {
     {"into",
      [](CTimelineTrackBase& row) {
-         AddKey(row, 8, Transition(kTransitionIn, 5));
+         AddKey(row, 8, Transition(TL_KEY_TRANSITION_IN, 5));
          AddKey(row, 20, [](CTimelineKey& key) {
-             Transition(kTransitionIn, 5)(key);
+             Transition(TL_KEY_TRANSITION_IN, 5)(key);
              key.selected = true;
          });
      }},
     {"out-of",
      [](CTimelineTrackBase& row) {
-         AddKey(row, 8, Transition(kTransitionOut, 5));
+         AddKey(row, 8, Transition(TL_KEY_TRANSITION_OUT, 5));
          AddKey(row, 20, [](CTimelineKey& key) {
-             Transition(kTransitionOut, 5)(key);
+             Transition(TL_KEY_TRANSITION_OUT, 5)(key);
              key.selected = true;
          });
      }},
     {"both-bits",
      [](CTimelineTrackBase& row) {
-         AddKey(row, 20, Transition(kTransitionIn | kTransitionOut, 5));
+         AddKey(row, 20, Transition(TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT, 5));
      }},
     {"no-bits", [](CTimelineTrackBase& row) { AddKey(row, 20, Transition(1, 5)); }},
-    {"no-frames", [](CTimelineTrackBase& row) { AddKey(row, 20, Transition(kTransitionIn, 0)); }},
+    {"no-frames",
+     [](CTimelineTrackBase& row) { AddKey(row, 20, Transition(TL_KEY_TRANSITION_IN, 0)); }},
     {"from-left-of-the-row",
      [](CTimelineTrackBase& row) {
          SceneAxis().scrollX = 33;
-         AddKey(row, 8, Transition(kTransitionIn, 30));
+         AddKey(row, 8, Transition(TL_KEY_TRANSITION_IN, 30));
      }},
     {"beyond-the-row",
      [](CTimelineTrackBase& row) {
          SceneAxis().frameCount = 60;
-         AddKey(row, 32, Transition(kTransitionOut, 30));
+         AddKey(row, 32, Transition(TL_KEY_TRANSITION_OUT, 30));
      }},
     {"beyond-the-last-frame",
      [](CTimelineTrackBase& row) {
          SceneAxis().frameCount = 25;
-         AddKey(row, 20, Transition(kTransitionOut, 10));
+         AddKey(row, 20, Transition(TL_KEY_TRANSITION_OUT, 10));
      }},
     {"overlapping",
      [](CTimelineTrackBase& row) {
          AddKey(row, 8, [](CTimelineKey& key) {
-             Transition(kTransitionOut, 8)(key);
+             Transition(TL_KEY_TRANSITION_OUT, 8)(key);
              key.selected = true;
          });
-         AddKey(row, 18, Transition(kTransitionIn, 12));
+         AddKey(row, 18, Transition(TL_KEY_TRANSITION_IN, 12));
      }},
 };
 
@@ -175,7 +176,7 @@ private slots:
     void transitionIntoTheKeyEndsInItsCell()
     {
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 20, Transition(kTransitionIn, 5));
+        AddKey(*row, 20, Transition(TL_KEY_TRANSITION_IN, 5));
         QImage wanted = EmptyRow();
         PaintSpan(wanted, *row->StyleAs<LineKeyTrackStyle>(), 155, 205, false);
         PaintGlyph(wanted, 200 + 1 + 2, 0); // the glyph is 7 pixels wide: trunc(1.5) = 1
@@ -187,7 +188,7 @@ private slots:
     {
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
         AddKey(*row, 20, [](CTimelineKey& key) {
-            Transition(kTransitionOut, 5)(key);
+            Transition(TL_KEY_TRANSITION_OUT, 5)(key);
             key.selected = true;
         });
         QImage wanted = EmptyRow();
@@ -200,9 +201,9 @@ private slots:
     void bit32WinsWhenBothBitsAreSet()
     {
         const auto both = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*both, 20, Transition(kTransitionIn | kTransitionOut, 5));
+        AddKey(*both, 20, Transition(TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT, 5));
         const auto out = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*out, 20, Transition(kTransitionOut, 5));
+        AddKey(*out, 20, Transition(TL_KEY_TRANSITION_OUT, 5));
         QCOMPARE(ShowRow(*both, kSize), ShowRow(*out, kSize));
     }
 
@@ -232,7 +233,7 @@ private slots:
     {
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
         SceneAxis().scrollX = 100;
-        AddKey(*row, 20, Transition(kTransitionIn, 19));
+        AddKey(*row, 20, Transition(TL_KEY_TRANSITION_IN, 19));
         QImage wanted = EmptyRow();
         // The clamped end is moved to the centre of a cell like any other.
         PaintSpan(wanted, *row->StyleAs<LineKeyTrackStyle>(), 5, 105, false);
@@ -244,7 +245,7 @@ private slots:
     {
         SceneAxis().frameCount = 400;
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 20, Transition(kTransitionOut, 300));
+        AddKey(*row, 20, Transition(TL_KEY_TRANSITION_OUT, 300));
         QImage wanted = EmptyRow();
         PaintSpan(wanted, *row->StyleAs<LineKeyTrackStyle>(), 205, 400, false);
         PaintGlyph(wanted, 203, 4);
@@ -255,11 +256,11 @@ private slots:
     {
         SceneAxis().scrollX = 100;
         const auto into = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*into, 5, Transition(kTransitionIn, 3));
+        AddKey(*into, 5, Transition(TL_KEY_TRANSITION_IN, 3));
         QVERIFY(ShowRow(*into, kSize) == EmptyRow());
 
         const auto out = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*out, 5, Transition(kTransitionOut, 20));
+        AddKey(*out, 5, Transition(TL_KEY_TRANSITION_OUT, 20));
         QImage wanted = EmptyRow();
         PaintSpan(wanted, *out->StyleAs<LineKeyTrackStyle>(), -45, 155, false);
         PaintGlyph(wanted, 151, 6);
@@ -270,7 +271,7 @@ private slots:
     {
         SceneAxis().scrollX = 200;
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 5, Transition(kTransitionOut, 10));
+        AddKey(*row, 5, Transition(TL_KEY_TRANSITION_OUT, 10));
         QVERIFY(ShowRow(*row, kSize) == EmptyRow());
     }
 
@@ -278,8 +279,8 @@ private slots:
     {
         ResetAxis(1000000, 10.0, 5000000);
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 3, Transition(kTransitionOut, 500010));
-        AddKey(*row, 900000, Transition(kTransitionIn, 400005));
+        AddKey(*row, 3, Transition(TL_KEY_TRANSITION_OUT, 500010));
+        AddKey(*row, 900000, Transition(TL_KEY_TRANSITION_IN, 400005));
         const QImage image = ShowRow(*row, kSize);
         const QRgb fill = row->StyleAs<LineKeyTrackStyle>()->line.fill[0].color().rgb();
         QCOMPARE(image.pixel(50, kSpanTop + 2), fill);
@@ -290,7 +291,7 @@ private slots:
     {
         SceneAxis().frameCount = 20;
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 20, Transition(kTransitionIn, 5));
+        AddKey(*row, 20, Transition(TL_KEY_TRANSITION_IN, 5));
         QVERIFY(ShowRow(*row, kSize) == EmptyRow());
     }
 
@@ -298,7 +299,7 @@ private slots:
     {
         SceneAxis().frameCount = 25;
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 20, Transition(kTransitionOut, 5));
+        AddKey(*row, 20, Transition(TL_KEY_TRANSITION_OUT, 5));
         QImage wanted = EmptyRow();
         PaintSpan(wanted, *row->StyleAs<LineKeyTrackStyle>(), 205, 255, false);
         PaintGlyph(wanted, 203, 4);
@@ -319,7 +320,7 @@ private slots:
         QFETCH(int, top);
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
         SetAlign(*row, align);
-        AddKey(*row, 20, Transition(kTransitionIn, 10));
+        AddKey(*row, 20, Transition(TL_KEY_TRANSITION_IN, 10));
         const QImage image = ShowRow(*row, kSize);
         QImage wanted = EmptyRow();
         PaintSpan(wanted, *row->StyleAs<LineKeyTrackStyle>(), 105, 205, false, top);
@@ -331,7 +332,7 @@ private slots:
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
         row->StyleAs<LineKeyTrackStyle>()->relatedKeyBmpType = -1; // glyph group 2: 7 x 7
         AddKey(*row, 20, [](CTimelineKey& key) {
-            Transition(kTransitionIn, 5)(key);
+            Transition(TL_KEY_TRANSITION_IN, 5)(key);
             Join(key);
         });
         const ImageTables& images = TimelineLibrary::Instance().images;
@@ -348,10 +349,10 @@ private slots:
     {
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
         AddKey(*row, 10, [](CTimelineKey& key) {
-            Transition(kTransitionOut, 10)(key);
+            Transition(TL_KEY_TRANSITION_OUT, 10)(key);
             key.selected = true;
         });
-        AddKey(*row, 25, Transition(kTransitionIn, 10));
+        AddKey(*row, 25, Transition(TL_KEY_TRANSITION_IN, 10));
         const auto* style = row->StyleAs<LineKeyTrackStyle>();
         QImage wanted = EmptyRow();
         PaintSpan(wanted, *style, 155, 255, false);
@@ -367,7 +368,7 @@ private slots:
     {
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
         AddKey(*row, 20, [](CTimelineKey& key) {
-            Transition(kTransitionOut, 5)(key);
+            Transition(TL_KEY_TRANSITION_OUT, 5)(key);
             Bar(6)(key);
         });
         const QImage image = ShowRow(*row, kSize);
@@ -396,7 +397,7 @@ private slots:
         CTimelineTrackTransKey track;
         track.Init(nullptr);
         QVERIFY(track.LoadStyle(1));
-        AddKey(track, 20, Transition(kTransitionIn, 5));
+        AddKey(track, 20, Transition(TL_KEY_TRANSITION_IN, 5));
         QCOMPARE(track.HitTestHandle(point), hit ? 0 : -1);
     }
 
@@ -406,10 +407,10 @@ private slots:
         track.Init(nullptr);
         QVERIFY(track.LoadStyle(1));
         AddKey(track, 10, [](CTimelineKey& key) {
-            Transition(kTransitionOut, 5)(key);
+            Transition(TL_KEY_TRANSITION_OUT, 5)(key);
             key.selected = true;
         });
-        AddKey(track, 20, Transition(kTransitionIn, 5));
+        AddKey(track, 20, Transition(TL_KEY_TRANSITION_IN, 5));
         QCOMPARE(track.HitTestHandle(QPoint(154, 10)), 0);
         track.Keys().ClearAllSelection();
         QCOMPARE(track.HitTestHandle(QPoint(154, 10)), 1);
@@ -421,8 +422,8 @@ private slots:
         CTimelineTrackTransKey track;
         track.Init(nullptr);
         QVERIFY(track.LoadStyle(1));
-        AddKey(track, 3, Transition(kTransitionOut, 500010));
-        AddKey(track, 900000, Transition(kTransitionIn, 399980));
+        AddKey(track, 3, Transition(TL_KEY_TRANSITION_OUT, 500010));
+        AddKey(track, 900000, Transition(TL_KEY_TRANSITION_IN, 399980));
         QCOMPARE(track.HitTestHandle(QPoint(134, 10)), 0);
         QCOMPARE(track.HitTestHandle(QPoint(204, 10)), 1);
         QCOMPARE(track.HitTestHandle(QPoint(170, 10)), -1);
@@ -451,7 +452,7 @@ private slots:
     void drawKeysResizesAndPaintsNothingItself()
     {
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 20, Transition(kTransitionIn, 5));
+        AddKey(*row, 20, Transition(TL_KEY_TRANSITION_IN, 5));
         QImage image(kSize, QImage::Format_RGB32);
         image.fill(Qt::magenta);
         QPainter painter(&image);
@@ -479,7 +480,7 @@ private slots:
         CTimelineTrackTransKey track;
         track.Init(&host);
         QVERIFY(track.LoadStyle(1));
-        AddKey(track, 20, Transition(kTransitionIn, 5));
+        AddKey(track, 20, Transition(TL_KEY_TRANSITION_IN, 5));
         host.row = &track;
         host.rowRect = QRect(60, 20, 440, 27);
         host.setGeometry(hostRect);

@@ -48,7 +48,7 @@ void FillKey(Random& random, CTimelineKey& key)
     if (random.OneIn(5))
         key.group = new GroupToken;
     if (random.OneIn(12)) {
-        key.kindMask |= kHasSegments;
+        key.kindMask |= TL_KEY_SEGMENTS;
         const int left = random.From(-60, 60);
         key.segments.push_back(
             {0.9f, 0.1f, 0.4f, random.OneIn(2) ? 1.0f : 0.5f, {{left, 0, left + 9, 3}}});
@@ -267,7 +267,7 @@ private slots:
                     key.transitionFrames = any();
                     key.hostValue6 = any();
                     key.priority = any();
-                    key.kindMask |= kHasSegments;
+                    key.kindMask |= TL_KEY_SEGMENTS;
                     key.segments.push_back({1, 0, 0, 1, {{any(), any(), any(), any()}}});
                     if (random.OneIn(3)) {
                         key.subKeys = new CTimelineKeyArray;
@@ -296,8 +296,8 @@ private slots:
             QVERIFY(row->LoadStyle(1));
             ResetAxis(100, 10.0);
             AddKey(*row, 5, [](CTimelineKey& key) {
-                key.keyType = kLinkStartBit;
-                key.kindMask = kTransitionOut;
+                key.keyType = TL_KEY_LINK_START;
+                key.kindMask = TL_KEY_TRANSITION_OUT;
                 key.transitionFrames = 10;
                 Bar(5)(key);
             });

@@ -16,3 +16,4 @@
 #include "KestovaExport.h"
 #include "TimelineBoundaryRecords.h"
 #include "TimelineEnums.h"
+#include "TimelineKeyValues.h"

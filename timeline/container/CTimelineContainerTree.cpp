@@ -4,8 +4,8 @@
 #include "container/CTimelineContainer.h"
 
 #include "library/CallOut.h"
-#include "model/KeyMeanings.h"
 #include "model/MessageCodes.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
@@ -247,6 +247,6 @@ void CTimelineContainer::SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase
     const int index = track->Keys().HitKey(GetCurrentFrame(), true);
     if (index < 0)
         return;
-    track->Keys().SetSelectionByIndex(index, index, true, kAnyKind);
+    track->Keys().SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
     Layout(false);
 }

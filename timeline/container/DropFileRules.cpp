@@ -1,7 +1,7 @@
 #include "container/DropFileRules.h"
 
 #include "CTimelineKeyArray.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 
 #include <algorithm>
 
@@ -79,6 +79,6 @@ bool DropFileRules::CoversFrame(const CTimelineKeyArray& keys, int frame, bool l
         keys.Keys().begin(), keys.Keys().end(), [frame, lockedOnly](const auto& key) {
             const long long end = static_cast<long long>(key->frame) + key->displayLength;
             return key->frame <= frame && frame <= end &&
-                   (!lockedOnly || key->lockState == kLocked);
+                   (!lockedOnly || key->lockState == TL_KEY_LOCKED);
         });
 }

@@ -4,8 +4,8 @@
 #include "container/KeyNavigation.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
 #include "model/MessageCodes.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -143,10 +143,10 @@ void SelectAllKeys(CTimelineContainer& container, CTimelineTrackBase& track)
                 continue;
             const VZ::CPointer<CTimelineKey> clip = keys.GetAt(index);
             if (clip->subKeys)
-                clip->subKeys->SetSelection(0, lastFrame, true, kAnyKind);
+                clip->subKeys->SetSelection(0, lastFrame, true, TL_KEY_ANY_KIND);
         }
     } else {
-        keys.SetSelection(0, lastFrame, true, kAnyKind);
+        keys.SetSelection(0, lastFrame, true, TL_KEY_ANY_KIND);
     }
     container.OnTrackMessage(kTrackSelectionChanged, &track, 0, QVariant(0), QVariant(0),
                              QVariant(0));

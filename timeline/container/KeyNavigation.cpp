@@ -2,8 +2,8 @@
 
 #include "container/CTimelineContainer.h"
 #include "library/CallOut.h"
-#include "model/KeyMeanings.h"
 #include "model/MessageCodes.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -117,7 +117,7 @@ int PreviousIndex(const CTimelineKeyArray& keys, int currentFrame)
     for (int step = 0; step < count; ++step, --index) {
         if (index < 0 || index >= count)
             index = count - 1;
-        if (keys.GetAt(index)->lockState != kLocked)
+        if (keys.GetAt(index)->lockState != TL_KEY_LOCKED)
             return index;
     }
     return -1;

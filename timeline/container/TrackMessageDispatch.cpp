@@ -2,8 +2,8 @@
 
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
 #include "model/MessageCodes.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -170,7 +170,7 @@ void FollowGroup(const std::vector<CTimelineTrackBase*>& tracks, const CTimeline
         const int count = static_cast<int>(keys.GetSize());
         for (int i = 0; i < count; ++i) {
             if (keys.Keys()[static_cast<std::size_t>(i)]->group == key.group)
-                keys.SetSelectionByIndex(i, i, key.selected, kAnyKind);
+                keys.SetSelectionByIndex(i, i, key.selected, TL_KEY_ANY_KIND);
         }
     }
 }
@@ -193,7 +193,8 @@ void FollowSelection(const CTimelineContainer& container, CTimelineTrackBase& tr
         for (const auto& key : keys.Keys()) {
             for (CTimelineTrackBase* const other : row.tracks) {
                 if (other != &track && CTimelineTrackBase::IsAlive(other))
-                    other->Keys().SetSelection(key->frame, key->frame, key->selected, kAnyKind);
+                    other->Keys().SetSelection(key->frame, key->frame, key->selected,
+                                               TL_KEY_ANY_KIND);
             }
         }
     }

@@ -5,6 +5,7 @@
 
 #include "AscendingSearch.h"
 #include "CTimelineKeyArray.h"
+#include "TimelineKeyValues.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -13,8 +14,6 @@
 #include <utility>
 
 namespace {
-constexpr unsigned int kEveryKind = 0xFFFFFFFFu;
-constexpr int kLocked = 1;
 
 int ShiftedFrame(int frame, int delta)
 {
@@ -25,8 +24,9 @@ int ShiftedFrame(int frame, int delta)
 
 bool PassesMask(const CTimelineKey& key, unsigned int mask)
 {
-    return mask == kEveryKind || (static_cast<unsigned int>(key.kindMask) & mask) != 0;
+    return mask == TL_KEY_ANY_KIND || (static_cast<unsigned int>(key.kindMask) & mask) != 0;
 }
+
 } // namespace
 
 // --- Selecting
@@ -58,7 +58,7 @@ bool CTimelineKeyArray::SetSelectionByIndex(int first, int last, bool select, un
 {
     if (!IsKeyIndex(first) || !IsKeyIndex(last))
         return false;
-    SelectIndexes(first, last, select, kEveryKind);
+    SelectIndexes(first, last, select, TL_KEY_ANY_KIND);
     return true;
 }
 
@@ -70,7 +70,7 @@ void CTimelineKeyArray::SelectIndexes(int first, int last, bool select, unsigned
     std::vector<int> changed;
     for (int index = first; index <= last; ++index) {
         CTimelineKey& key = *KeyAt(index);
-        if (!PassesMask(key, mask) || key.selected == select || key.lockState == kLocked)
+        if (!PassesMask(key, mask) || key.selected == select || key.lockState == TL_KEY_LOCKED)
             continue;
         key.selected = select;
         changed.push_back(index);

@@ -1,8 +1,8 @@
 #include "tracks/CTimelineTrackBase.h"
 
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
 #include "model/MessageCodes.h"
+#include "model/TimelineKeyValues.h"
 #include "skin/TrackStyleReader.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 
@@ -102,7 +102,7 @@ void CTimelineTrackBase::ClearRangeOrSubSelection()
     const int lastFrame = Axis().frameCount;
     if (!HasEditMode(TL_EDIT_SUB_KEYS) && m_editModes.GetSize() > 0) {
         m_rangeStart = -1;
-        m_keys->SetSelection(0, lastFrame, false, kAnyKind);
+        m_keys->SetSelection(0, lastFrame, false, TL_KEY_ANY_KIND);
         Send(kTrackSelectionChanged);
         return;
     }
@@ -112,7 +112,7 @@ void CTimelineTrackBase::ClearRangeOrSubSelection()
             continue;
         const CTimelineKey* key = m_keys->Keys()[static_cast<std::size_t>(index)].Get();
         if (key->subKeys)
-            key->subKeys->SetSelection(0, lastFrame, false, kAnyKind);
+            key->subKeys->SetSelection(0, lastFrame, false, TL_KEY_ANY_KIND);
     }
 }
 

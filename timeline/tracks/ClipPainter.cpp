@@ -1,7 +1,7 @@
 #include "tracks/ClipPainter.h"
 
 #include "axis/FrameAxis.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/ClipEdges.h"
 
 #include <QLinearGradient>
@@ -170,7 +170,7 @@ void ClipPainter::DrawName(const CTimelineKey& clip, const Bar& bar)
     const int baseline =
         m_view.row.top() +
         static_cast<int>((m_view.row.bottom() - m_view.row.top() - pointSize) * 0.5) + pointSize;
-    const bool trial = (clip.kindMask & kTrialClip) != 0;
+    const bool trial = (clip.kindMask & TL_KEY_TRIAL) != 0;
     const auto& colours = trial ? m_style.normal.textColourTrial : m_style.normal.textColour;
     m_painter.setPen(colours[clip.selected].ToColor());
     m_texts.Draw(m_painter, QPoint(static_cast<int>(m_view.row.left() + left), baseline), text);
@@ -193,7 +193,7 @@ void ClipPainter::DrawHorizontalLine(int fromX, int toX, int y)
 
 const ClipTrackStyle::Look& ClipPainter::LookOf(const CTimelineKey& clip) const
 {
-    if (clip.lockState == kLocked)
+    if (clip.lockState == TL_KEY_LOCKED)
         return m_style.locked;
     return clip.alternateStyle ? m_style.alternate : m_style.normal;
 }
@@ -201,7 +201,7 @@ const ClipTrackStyle::Look& ClipPainter::LookOf(const CTimelineKey& clip) const
 const QBrush& ClipPainter::GradientOf(const CTimelineKey& clip)
 {
     // A selected clip that is locked is filled as if it were not locked, inside the locked border.
-    const bool locked = clip.lockState == kLocked && !clip.selected;
+    const bool locked = clip.lockState == TL_KEY_LOCKED && !clip.selected;
     const ClipTrackStyle::Look* const looks[] = {&m_style.normal, &m_style.locked,
                                                  &m_style.alternate};
     const std::size_t look = locked ? 1 : clip.alternateStyle ? 2 : 0;

@@ -2,7 +2,7 @@
 
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "skin/TrackStyles.h"
 #include "tracks/CellGeometry.h"
 
@@ -46,7 +46,7 @@ int GlyphIndex(int trackType, const DisplayKey& key)
     const int selected = key.selected ? 1 : 0;
     switch (trackType) {
     case TL_TRACK_TRANSITION_KEY:
-        return selected + (key.HasMask(kTransitionOut) ? 4 : 0);
+        return selected + (key.HasMask(TL_KEY_TRANSITION_OUT) ? 4 : 0);
     case TL_TRACK_VISEME_KEY:
         return TableNumber(selected + 2LL * key.key->hostValue6);
     default:
@@ -133,7 +133,7 @@ void GlyphPainter::Draw(const DisplayKey& key)
     const QPixmap& glyph = KeyGlyph(m_style, key);
     const long long x = 1LL * kGlyphShift + KeyGlyphX(m_view.axis, key.frame, glyph.width());
     const bool inRow = x + glyph.width() >= 0 && x < m_view.endX;
-    const bool segments = key.HasMask(kHasSegments) && !key.key->segments.empty();
+    const bool segments = key.HasMask(TL_KEY_SEGMENTS) && !key.key->segments.empty();
     if (!inRow || (!segments && !m_view.Shows(x, x + glyph.width())))
         return;
     const QPoint corner(static_cast<int>(x),
@@ -151,7 +151,7 @@ void GlyphPainter::DrawPicture(QPoint corner, const QPixmap& picture)
 
 void GlyphPainter::DrawSegments(const DisplayKey& key, QPoint corner)
 {
-    if (key.clip || !key.HasMask(kHasSegments))
+    if (key.clip || !key.HasMask(TL_KEY_SEGMENTS))
         return;
     for (const TimelineKeySegment& segment : key.key->segments) {
         const QColor colour = SegmentColour(segment);

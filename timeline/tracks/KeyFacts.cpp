@@ -1,7 +1,7 @@
 #include "tracks/KeyFacts.h"
 
 #include "TimelineEnums.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/LinkThinning.h"
 
@@ -32,11 +32,11 @@ bool AreSubKeysSearchable(const CTimelineKey& clip)
 
 void GatherReach(const CTimelineKey& key, KeyFacts& facts)
 {
-    if (key.kindMask & (kTransitionIn | kTransitionOut)) {
+    if (key.kindMask & (TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT)) {
         const long long reach = std::abs(static_cast<long long>(key.transitionFrames));
         facts.longestTransition = std::max(facts.longestTransition, reach);
     }
-    if (!(key.kindMask & kHasSegments))
+    if (!(key.kindMask & TL_KEY_SEGMENTS))
         return;
     for (const TimelineKeySegment& segment : key.segments) {
         for (const TimelineKeyRect& rect : segment.rects) {
@@ -107,7 +107,8 @@ void GatherLastWithoutTransition(const CTimelineKeyArray& array, KeyFacts& facts
     const DrawnKeys drawn(array, facts);
     for (int place = 0; place < drawn.Size(); ++place) {
         const CTimelineKey& key = *drawn.At(place);
-        if (key.frame >= facts.frameCount || key.kindMask & (kTransitionIn | kTransitionOut))
+        if (key.frame >= facts.frameCount ||
+            key.kindMask & (TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT))
             continue;
         const std::size_t kind = (key.selected ? 1u : 0u) + (key.group ? 2u : 0u);
         facts.lastWithoutTransition[kind] = place;

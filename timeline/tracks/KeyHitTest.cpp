@@ -1,7 +1,7 @@
 #include "tracks/KeyHitTest.h"
 
 #include "TimelineEnums.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CellGeometry.h"
 
 #include <algorithm>
@@ -64,7 +64,7 @@ int KeyHitTest::FindKey(const CTimelineKeyArray& keys, const KeyFacts& facts, QP
                                : KeysReaching(keys.Keys(), facts, column.Frames(reach, reach));
     for (std::size_t i = range.end; i-- > range.begin;) {
         const CTimelineKey& key = *keys.Keys()[i];
-        if (key.lockState != kLocked && Hits(key, key.frame, point, kMargin))
+        if (key.lockState != TL_KEY_LOCKED && Hits(key, key.frame, point, kMargin))
             return static_cast<int>(i);
     }
     return -1;

@@ -2,7 +2,7 @@
 
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CellGeometry.h"
 #include "tracks/LinkThinning.h"
 #include "tracks/SpanPainter.h"
@@ -30,7 +30,7 @@ QSize LinkGlyphSize(const GlyphStyle& style)
 int LinkGlyphIndex(const DisplayKey& key)
 {
     const int selected = key.selected ? 1 : 0;
-    if (key.HasMask(kMarkedLink))
+    if (key.HasMask(TL_KEY_MARKED_LINK))
         return 2 + selected;
     return (key.key->alternateStyle ? 4 : 0) + selected;
 }
@@ -56,7 +56,8 @@ void LinkPainter::DrawBars(const DisplayKeyList& list)
     for (std::size_t i = 0; i < list.size(); ++i) {
         const DisplayKey& key = list[i];
         const int x = axis.FrameToPixel(key.frame);
-        if (key.frame >= m_view.LastFrame() || !(key.KeyType() & kLinkStartBit) || x > m_view.endX)
+        if (key.frame >= m_view.LastFrame() || !(key.KeyType() & TL_KEY_LINK_START) ||
+            x > m_view.endX)
             continue;
         const bool isLast = i + 1 == list.size();
         const int right = isLast ? std::min(m_view.row.width() - 1, m_view.endX)

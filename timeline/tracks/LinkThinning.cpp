@@ -1,6 +1,6 @@
 #include "tracks/LinkThinning.h"
 
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 
 void ThinLinkKeys(DisplayKeyList& list)
 {
@@ -12,7 +12,7 @@ void ThinLinkKeys(DisplayKeyList& list)
     for (const DisplayKey& each : list) {
         if (previous && previous->key->relatedCopy != each.key->relatedCopy)
             otherOrigin = previous;
-        const bool outranked = otherOrigin && otherOrigin->KeyType() != kNeverThins &&
+        const bool outranked = otherOrigin && otherOrigin->KeyType() != TL_KEY_NEVER_THINS &&
                                otherOrigin->key->priority > each.key->priority;
         if (!outranked)
             kept.push_back(each);

@@ -1,6 +1,6 @@
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/BarPainter.h"
 #include "tracks/CellGeometry.h"
 #include "tracks/TransitionPainter.h"
@@ -15,9 +15,9 @@ TransitionHandles::TransitionHandles(const FrameAxis& axis, const GlyphStyle& st
 int TransitionHandles::EndX(const DisplayKey& key) const
 {
     const long long frames = key.key->transitionFrames;
-    if (key.HasMask(kTransitionOut))
+    if (key.HasMask(TL_KEY_TRANSITION_OUT))
         return m_axis.FrameToPixel(key.frame + frames);
-    if (key.HasMask(kTransitionIn))
+    if (key.HasMask(TL_KEY_TRANSITION_IN))
         return m_axis.FrameToPixel(key.frame - frames);
     return 0;
 }

@@ -2,7 +2,7 @@
 
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
-#include "model/KeyMeanings.h"
+#include "model/TimelineKeyValues.h"
 #include "tracks/CellGeometry.h"
 #include "tracks/SpanPainter.h"
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kTransitionBits = kTransitionIn | kTransitionOut;
+constexpr int kTransitionBits = TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT;
 
 GlyphStyle TransitionGlyphStyle(const LineKeyTrackStyle& style)
 {
@@ -73,11 +73,11 @@ void TransitionPainter::DrawTransition(const DisplayKey& key)
     const int width = m_view.row.width();
     const int x = axis.FrameToPixel(key.frame);
     int farX = m_handles.EndX(key);
-    if (key.HasMask(kTransitionOut)) {
+    if (key.HasMask(TL_KEY_TRANSITION_OUT)) {
         if (x > m_view.endX)
             return;
         farX = std::min(farX, width);
-    } else if (key.HasMask(kTransitionIn)) {
+    } else if (key.HasMask(TL_KEY_TRANSITION_IN)) {
         if (x < 0)
             return;
         farX = std::max(farX, 0);
@@ -103,7 +103,7 @@ void TransitionPainter::DrawHandle(const DisplayKey& key)
     const QRect box = m_handles.Box(key);
     if (box.x() + box.width() < 0 || box.x() >= m_view.endX)
         return;
-    const int index = (key.selected ? 3 : 2) + (key.HasMask(kTransitionOut) ? 4 : 0);
+    const int index = (key.selected ? 3 : 2) + (key.HasMask(TL_KEY_TRANSITION_OUT) ? 4 : 0);
     const int group = GlyphGroupOf(m_glyphs, key.IsGrouped());
     GlyphPainter(m_painter, m_view, m_glyphs)
         .DrawPicture(box.topLeft(), TimelineLibrary::Instance().images.Glyph(group, index));
