@@ -56,6 +56,35 @@ int PixelsToldApartInGrey(const QImage& one, const QImage& other, const QColor& 
     return count;
 }
 
+constexpr int kSheetZoom = 4;
+
+/// The gallery with the right-most column of each picture in a colour that no other picture has.
+Artwork::Gallery MarkedAtTheRight()
+{
+    Artwork::Gallery gallery = Artwork::DrawAll();
+    int place = 0;
+    for (auto& [name, image] : gallery) {
+        const QColor mark(255, place++, 255);
+        for (int y = 0; y < image.height(); ++y)
+            image.setPixelColor(image.width() - 1, y, mark);
+    }
+    return gallery;
+}
+
+QRgb MarkOf(const QImage& image)
+{
+    return image.pixel(image.width() - 1, 0);
+}
+
+QHash<QRgb, int> CountColours(const QImage& image)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    return counts;
+}
+
 } // namespace
 
 /// The committed pictures: their sizes, their number, and that the program draws them.
@@ -185,18 +214,49 @@ private slots:
         QVERIFY2(failure.contains(blocker.fileName()), qPrintable(failure));
     }
 
+    void showsEveryPictureWholeOnTheContactSheet()
+    {
+        const Artwork::Gallery marked = MarkedAtTheRight();
+        const QHash<QRgb, int> counts = CountColours(Artwork::DrawContactSheet(marked));
+        for (const auto& [name, image] : marked) {
+            const int count = counts.value(MarkOf(image));
+            const int shown = image.height() * (1 + kSheetZoom * kSheetZoom);
+            QVERIFY2(count >= shown, qPrintable(name));
+        }
+    }
+
+    void showsKeyGlyphsOnPlainAndSelectedGroundOfTheContactSheet()
+    {
+        const Artwork::Gallery marked = MarkedAtTheRight();
+        const QHash<QRgb, int> counts = CountColours(Artwork::DrawContactSheet(marked));
+        QVector<int> glyphs = {148, 149};
+        for (int number = 72; number <= 93; ++number)
+            glyphs << number;
+        for (const int number : glyphs) {
+            const QImage& image = marked.at(QString::number(number));
+            const int shown = image.height() * (1 + kSheetZoom * kSheetZoom);
+            QCOMPARE(counts.value(MarkOf(image)), 2 * shown);
+        }
+    }
+
+    void paintsGroundsWithoutHoles_data()
+    {
+        QTest::addColumn<int>("first");
+        QTest::addColumn<int>("last");
+        QTest::newRow("grids") << 42 << 48;
+        QTest::newRow("bands") << 49 << 57;
+        QTest::newRow("thumb, ruler and its shaded cell") << 59 << 62;
+    }
     void paintsGroundsWithoutHoles()
     {
-        for (const int first : {42, 49, 59})
-            for (int number = first; number <= (first == 42   ? 48
-                                                : first == 49 ? 57
-                                                              : 62);
-                 ++number) {
-                const QImage strip = Committed(number);
-                for (int y = 0; y < strip.height(); ++y)
-                    QVERIFY2(strip.pixelColor(0, y).alpha() == 255,
-                             qPrintable(QString::number(number)));
-            }
+        QFETCH(int, first);
+        QFETCH(int, last);
+        for (int number = first; number <= last; ++number) {
+            const QImage strip = Committed(number);
+            for (int y = 0; y < strip.height(); ++y)
+                QVERIFY2(strip.pixelColor(0, y).alpha() == 255,
+                         qPrintable(QString::number(number)));
+        }
     }
 
     void servesTheRowsThatItsStripsLieIn()

@@ -2,6 +2,8 @@
 
 #include "skin/SkinValues.h"
 
+#include <utility>
+
 bool SkinSection::Read(const std::wstring& key, int& number) const
 {
     return m_source.ReadInt(m_name, key, number);

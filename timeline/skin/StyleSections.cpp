@@ -1,5 +1,8 @@
 #include "skin/StyleSections.h"
 
+#include <string>
+#include <vector>
+
 namespace {
 
 /// The pixel size that stands for "use the point size".

@@ -4,6 +4,10 @@
 
 #include "TimelineEnums.h"
 
+#include <memory>
+#include <string>
+#include <utility>
+
 namespace {
 
 /// Makes the record of a kind, hands it out, and fills it as far as the section goes.
