@@ -375,6 +375,19 @@ private slots:
         QCOMPARE(PaintedColumns(Draw()), Range(10, 12));
     }
 
+    void aClipWithANegativeDisplayLengthIsDrawnFromItsEndToItsStart()
+    {
+        auto clip = MakeClip(20, 5);
+        Add(clip);
+        clip->displayLength = -10; // ends at frame 11
+        m_track->InvalidateCaches();
+        // The outline of a rectangle from 100 back to 55 runs one pixel right of its end.
+        QCOMPARE(PaintedColumns(Draw()), Range(56, 100));
+        clip->displayLength = -30; // ends left of the view
+        m_track->InvalidateCaches();
+        QVERIFY(PaintedColumns(Draw()).isEmpty());
+    }
+
     void aClipIsCutAtTheLastFrame()
     {
         ResetAxis(15, 5.0);
@@ -928,6 +941,9 @@ private:
         const int count = static_cast<int>(m_track->Keys().GetSize());
         for (int i = Below(random, 4) == 0 ? count / 4 : 0; i > 0; --i)
             m_track->Keys().GetAt(Below(random, count))->frame = Below(random, 500);
+        // Nor need it leave the lengths that are drawn alone.
+        for (int i = Below(random, 3) == 0 ? count / 3 : 0; i > 0; --i)
+            m_track->Keys().GetAt(Below(random, count))->displayLength = -5 - Below(random, 26);
         m_track->InvalidateCaches();
     }
 

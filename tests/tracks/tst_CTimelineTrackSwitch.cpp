@@ -4,6 +4,8 @@
 #include "support/TimelineFixture.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 
+#include <QDir>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <random>
@@ -28,6 +30,42 @@ public:
     bool OnTrackDragCheck(QDropEvent*, CTimelineTrackBase*, int) override { return false; }
 
     QVector<int> codes;
+};
+
+/// The library's pictures with another image in the place of one, for as long as it lives.
+class OtherPictures
+{
+public:
+    OtherPictures(int number, const QImage& image)
+    {
+        const QDir pictures(":/");
+        const QStringList names = pictures.entryList(QDir::Files);
+        for (const QString& name : names)
+            QFile::copy(pictures.filePath(name), m_directory.filePath(name));
+        const QString path = m_directory.filePath(QString::number(number));
+        QFile::remove(path);
+        const bool saved = image.save(path, "PNG");
+        m_loaded = saved && Reload(m_directory.path() + '/');
+    }
+    ~OtherPictures()
+    {
+        if (!Reload(":/"))
+            qFatal("the library's own pictures are gone");
+    }
+    OtherPictures(const OtherPictures&) = delete;
+    OtherPictures& operator=(const OtherPictures&) = delete;
+
+    bool AreLoaded() const { return m_loaded; }
+
+private:
+    static bool Reload(const QString& prefix)
+    {
+        TimelineLibrary::Instance().images.Free();
+        return TimelineLibrary::Instance().images.Load(prefix);
+    }
+
+    QTemporaryDir m_directory;
+    bool m_loaded = false;
 };
 
 } // namespace
@@ -200,9 +238,8 @@ private slots:
         QCOMPARE(Draw(*m_track, 400), expected);
     }
 
-    void aPictureOfAnotherSizeIsScaledToTheFirstOnes()
+    void theStylesRowOfPicturesDecidesTheButtonsSize()
     {
-        // The narrow buttons' pictures and the wide ones' differ: the style's row decides.
         QVERIFY(m_track->LoadStyle(2));
         const QSize narrow = Button(0).size();
         QVERIFY(narrow != m_button);
@@ -212,6 +249,27 @@ private slots:
         QVERIFY(image.pixelColor(left + narrow.width() / 2, kRowHeight / 2) != kGround);
         for (int x = left + narrow.width(); x < image.width(); ++x)
             QCOMPARE(image.pixelColor(x, kRowHeight / 2), kGround);
+    }
+
+    void aPictureOfAnotherSizeIsScaledToTheFirstOnes()
+    {
+        QVERIFY(m_track->LoadStyle(2));
+        QCOMPARE(Style().buttonBmpType, 0);
+        const QSize first = Button(kSwitchOff).size();
+        const int numberOfOn = 24 + kSwitchOn;
+        QImage green(first.width() / 2, first.height() * 2, QImage::Format_RGB32);
+        green.fill(Qt::green);
+        const OtherPictures pictures(numberOfOn, green);
+        QVERIFY(pictures.AreLoaded());
+        QCOMPARE(Button(kSwitchOn).size(), green.size());
+
+        m_track->SetButtons({{"", kSwitchOn}});
+        QImage expected = Blank(400);
+        const int top = (kRowHeight - first.height()) / 2;
+        QPainter painter(&expected);
+        painter.fillRect(QRect(QPoint(kMargin + m_arrow.width(), top), first), Qt::green);
+        painter.end();
+        QCOMPARE(Draw(*m_track, 400), expected);
     }
 
     void anUnknownStateHasNoPicture_data()

@@ -318,6 +318,25 @@ private slots:
         QCOMPARE(LoopDragAmount(axis, *clip, 5).value(), 6);
     }
 
+    void aLoopDragOfExtremeNumbersEndsAtTheLargestAmount()
+    {
+        constexpr int kMost = std::numeric_limits<int>::max();
+        constexpr int kLeast = std::numeric_limits<int>::min();
+        FrameAxis axis = MakeAxis(kMost, 0.5, kMost);
+        axis.info.framesPerPixel = kMost;
+        QCOMPARE(LoopDragAmount(axis, *MakeClip(0, 1, 1), kMost).value(), kMost);
+        QCOMPARE(LoopDragAmount(axis, *MakeClip(0, 1, kMost), kMost).value(), kMost);
+        QCOMPARE(LoopDragAmount(axis, *MakeClip(kLeast, 1, kLeast), kMost).value(), kMost);
+        // A pass of exactly one pixel: as many passes as pixels, 2^32 - 2 of them.
+        QCOMPARE(LoopDragAmount(axis, *MakeClip(0, kMost, 1), kMost).value(), kMost);
+        // And with one pixel scrolled out, 11 of them.
+        axis.scrollX = 1;
+        QCOMPARE(LoopDragAmount(axis, *MakeClip(0, kMost, 1), 10).value(), 10);
+        QCOMPARE(LoopDragAmount(axis, *MakeClip(0, kMost - 1, 1), 10).value(), 11 - 1);
+        axis = MakeAxis(kMost, 10.0, kMost);
+        QCOMPARE(LoopDragAmount(axis, *MakeClip(0, 1, 1), kMost).value(), 429496730 - 1);
+    }
+
     void aLoopDragAtOrLeftOfTheClipsStartChangesNothing()
     {
         const FrameAxis axis = MakeAxis(100, 5);

@@ -79,9 +79,10 @@ bool CTimelineContainer::HideRootTrack(CTimelineTrackBase* root, QWidget* parkin
     }
     m_tree.RemoveRoot(root);
     Detach(root, parking);
-    if (relayout)
-        if (Layout(false) && notify)
-            NotifyTrackListChanged();
+    if (relayout && !Layout(false))
+        return true;
+    if (notify)
+        NotifyTrackListChanged();
     return true;
 }
 
@@ -117,9 +118,10 @@ bool CTimelineContainer::SetRootTrackSortIndex(CTimelineTrackBase* root, unsigne
     if (!m_tree.FindRoot(root))
         return true;
     m_tree.MoveRoot(root, index);
-    if (relayout)
-        if (Layout(false) && notify)
-            NotifyTrackListChanged();
+    if (relayout && !Layout(false))
+        return true;
+    if (notify)
+        NotifyTrackListChanged();
     return true;
 }
 
@@ -129,9 +131,10 @@ bool CTimelineContainer::SetChildTrackSortIndex(CTimelineTrackBase* child, unsig
     if (!m_tree.FindChild(child).record)
         return true;
     m_tree.MoveChild(child, index);
-    if (relayout)
-        if (Layout(false) && notify)
-            NotifyTrackListChanged();
+    if (relayout && !Layout(false))
+        return true;
+    if (notify)
+        NotifyTrackListChanged();
     return true;
 }
 

@@ -13,6 +13,8 @@ namespace {
 constexpr int kGrabLeft = 2;
 constexpr int kGrabRight = 1;
 constexpr int kNearEdge = 2;
+// More passes than any two ints are apart.
+constexpr long long kMostPasses = 1LL << 33;
 
 bool IsGrabbed(long long edge, long long x)
 {
@@ -160,9 +162,13 @@ std::optional<int> LoopDragAmount(const FrameAxis& axis, const CTimelineKey& cli
     const long long k = framesPerPixel ? std::max(axis.info.framesPerPixel, 1) : 1;
     const long long pass =
         static_cast<long long>(clip.clipLength) * (framesPerPixel ? 1 : axis.info.pixelsPerFrame);
-    long long passes = distance * k / pass;
+    // Quotient and remainder are multiplied apart, and passes that no int can tell are cut off: the
+    // product itself would leave the range of a long long.
+    const long long wholePasses = std::min(distance / pass, kMostPasses / k) * k;
+    const long long rest = distance % pass * k;
+    long long passes = wholePasses + rest / pass;
     // A pass that is narrower than a pixel counts only once it is covered whole.
-    if (pass >= k && distance * k % pass != 0)
+    if (pass >= k && rest % pass != 0)
         ++passes;
     return Amount(std::max(passes, 1LL) - clip.loopCount);
 }

@@ -100,12 +100,13 @@ ClipPainter::Bar ClipPainter::BarOf(const CTimelineKey& clip) const
 void ClipPainter::DrawClip(const CTimelineKey& clip)
 {
     const Bar bar = BarOf(clip);
-    if (bar.right < std::max(0, bar.left) || bar.left > m_view.endX)
+    if (bar.right < 0 || bar.left > m_view.endX)
         return;
 
     const int leadInX = ClipTrimPixel(m_view.axis, clip);
-    const int left = clip.selected ? std::min(bar.left, leadInX) : bar.left;
-    const int right = clip.selected ? std::max(bar.right, leadInX) : bar.right;
+    const auto [barLow, barHigh] = std::minmax(bar.left, bar.right);
+    const int left = clip.selected ? std::min(barLow, leadInX) : barLow;
+    const int right = clip.selected ? std::max(barHigh, leadInX) : barHigh;
     // Letters may overhang the place they are measured for.
     if (!m_view.Shows(left - 1LL * m_fontHeight, right + 1LL + m_fontHeight))
         return;
@@ -120,11 +121,15 @@ void ClipPainter::DrawClip(const CTimelineKey& clip)
 
 void ClipPainter::DrawBar(const CTimelineKey& clip, const Bar& bar)
 {
-    // Qt's outline runs one pixel right of and below the rectangle.
-    if (!m_view.Shows(bar.left, bar.right + 1LL))
+    // Qt's outline runs one pixel right of and below the rectangle. A host that writes a display
+    // length far below zero turns the bar round: it then runs from its end to its start.
+    const auto [low, high] = std::minmax(bar.left, bar.right);
+    if (!m_view.Shows(low, high + 1LL))
         return;
-    const int left = std::max(bar.left, m_view.firstColumn - kOutlineReach);
-    const int right = std::min(bar.right, m_view.lastColumn + kOutlineReach);
+    const int lowest = m_view.firstColumn - kOutlineReach;
+    const int highest = m_view.lastColumn + kOutlineReach;
+    const int left = std::clamp(bar.left, lowest, highest);
+    const int right = std::clamp(bar.right, lowest, highest);
     m_painter.setBrush(GradientOf(clip));
     m_painter.drawRect(QRect(QPoint(m_view.row.left() + left, bar.top),
                              QPoint(m_view.row.left() + right, bar.bottom)));

@@ -26,7 +26,8 @@ public:
     void Draw(const KeyVector& keys, bool searchable);
 
 private:
-    /// A clip's bar; left and right are pixels of the row, top and bottom the painter's.
+    /// A clip's bar; left and right are pixels of the row, top and bottom the painter's. Right lies
+    /// left of left where the clip's display length is negative.
     struct Bar
     {
         int left, right, top, bottom;

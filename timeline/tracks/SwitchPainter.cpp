@@ -85,6 +85,7 @@ void DrawSwitchRow(QPainter& painter, const RowView& view, const SwitchTrackStyl
     const QPixmap& right = pictures.Arrow(row.arrows.right);
     const int y = rect.top() + layout.ArrowTop();
     painter.drawPixmap(rect.left(), y, left);
-    // The right arrow stands left of the row, over the end of the caption column.
+    // The right arrow stands left of the row, where the caption that is painted after the row
+    // covers it.
     painter.drawPixmap(rect.left() - pictures.Arrow(SwitchArrowImages::kNormal).width(), y, right);
 }
