@@ -166,6 +166,7 @@ private:
     void Detach(CTimelineTrackBase* track, QWidget* parking);
     bool NotifyTrackListChanged();
     bool UpdateAndNotify();
+    bool ResizeAndNotify(int layoutHeight);
     bool FocusContainer();
     void Paint(QPainter& painter, int width, int height);
     int PaintRow(QPainter& painter, CTimelineTrackBase& track, int y);
@@ -183,4 +184,6 @@ private:
     QTimelineCaptionArea* m_captionArea = nullptr;
     bool m_loopSpeedState = false;
     int m_layoutDepth = 0;
+    bool m_isResizing = false; ///< a layout is resizing the container
+    int m_owedRefreshes = 0;   ///< notices of layouts that ran inside that resize
 };

@@ -13,7 +13,8 @@
 #include <QMutexLocker>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPointer>
+
+#include <utility>
 
 namespace {
 
@@ -27,7 +28,6 @@ bool CTimelineContainer::Layout(bool fit)
 {
     if (!m_scrollTrack || !m_tickTrack || m_layoutDepth >= kDeepestLayout)
         return true;
-    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     ++m_layoutDepth;
     if (!m_captionArea) {
@@ -55,12 +55,30 @@ bool CTimelineContainer::Layout(bool fit)
         row.track->setGeometry(row.rect);
         row.track->setVisible(row.shown);
     }
-    // One pixel more than the layout: the bottom line below the scroll bar.
-    resize(width(), plan.height + 1);
-    if (!self || !UpdateAndNotify())
+    if (m_isResizing) {
+        // Another layout resizes the container and is waiting for Qt to come back. The window hears
+        // of this one after that: it may delete the container, which Qt's resizing does not
+        // survive.
+        ++m_owedRefreshes;
+        update();
+    } else if (!ResizeAndNotify(plan.height)) {
         return false;
+    }
     --m_layoutDepth;
     return true;
+}
+
+bool CTimelineContainer::ResizeAndNotify(int layoutHeight)
+{
+    m_isResizing = true;
+    // One pixel more than the layout: the bottom line below the scroll bar.
+    resize(width(), layoutHeight + 1);
+    m_isResizing = false;
+    for (int owed = std::exchange(m_owedRefreshes, 0); owed > 0; --owed) {
+        if (!NotifyTimelineRefreshed())
+            return false;
+    }
+    return UpdateAndNotify();
 }
 
 void CTimelineContainer::RefreshRows()
