@@ -1,4 +1,5 @@
 #include "Contrast.h"
+#include "PictureSizes.h"
 
 #include "artwork/Artwork.h"
 
@@ -92,61 +93,10 @@ class tst_Artwork : public QObject
 {
     Q_OBJECT
 private slots:
-    void hasEverySize_data()
-    {
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("last");
-        QTest::addColumn<QSize>("smallest");
-        QTest::addColumn<QSize>("largest");
-        const auto row = [](int first, int last, QSize smallest, QSize largest) {
-            QTest::addRow("%d to %d", first, last) << first << last << smallest << largest;
-        };
-        const auto fixed = [&](int first, int last, QSize size) { row(first, last, size, size); };
-        fixed(0, 0, {15, 25});
-        row(1, 1, {171, 17}, {171, 27});
-        row(2, 2, {155, 17}, {155, 27});
-        row(3, 7, {171, 17}, {171, 27});
-        row(8, 13, {10, 11}, {11, 11});
-        fixed(14, 17, {12, 12});
-        fixed(18, 21, {17, 15});
-        fixed(22, 23, {15, 15});
-        row(24, 31, {84, 18}, {110, 18});
-        fixed(32, 39, {7, 24});
-        fixed(40, 41, {7, 26});
-        row(42, 57, {1, 17}, {1, 54});
-        fixed(58, 58, {15, 1});
-        row(59, 65, {1, 17}, {1, 54});
-        fixed(66, 66, {13, 1});
-        row(67, 71, {1, 17}, {1, 54});
-        fixed(72, 73, {6, 10});
-        fixed(74, 85, {7, 7});
-        fixed(86, 87, {5, 24});
-        fixed(88, 89, {9, 9});
-        fixed(90, 91, {5, 24});
-        fixed(92, 93, {7, 11});
-        fixed(94, 127, {25, 15});
-        fixed(128, 129, {11, 25});
-        fixed(130, 131, {14, 14});
-        fixed(148, 148, {5, 24});
-        fixed(149, 149, {9, 9});
-        fixed(150, 150, {155, 27});
-    }
+    void hasEverySize_data() { KestovaTest::AddPictureSizeRows(); }
     void hasEverySize()
     {
-        QFETCH(int, first);
-        QFETCH(int, last);
-        QFETCH(QSize, smallest);
-        QFETCH(QSize, largest);
-        for (int number = first; number <= last; ++number) {
-            const QSize size = Committed(number).size();
-            const bool fits = size.width() >= smallest.width() &&
-                              size.height() >= smallest.height() &&
-                              size.width() <= largest.width() && size.height() <= largest.height();
-            QVERIFY2(fits, qPrintable(QStringLiteral("%1 is %2 x %3")
-                                          .arg(number)
-                                          .arg(size.width())
-                                          .arg(size.height())));
-        }
+        KestovaTest::CheckPictureSizes([](int number) { return Committed(number); });
     }
 
     void hasCursorsOf24Pixels()

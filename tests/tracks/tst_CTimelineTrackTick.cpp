@@ -2,7 +2,11 @@
 #include "support/TimelineFixture.h"
 #include "tracks/CTimelineTrackTick.h"
 
+#include <QScopedValueRollback>
+#include <QTemporaryFile>
 #include <QtTest>
+
+#include <climits>
 
 #include <limits>
 #include <memory>
@@ -203,6 +207,9 @@ private slots:
     void marksFrames0And1WhenItIsNew();
     void keepsTimeMarksInAnyOrder();
     void coloursTheCurrentFrameLineWhenItsStyleIsLoaded();
+    void leavesTheCurrentFrameLineAloneWhenItsStyleIsIncomplete();
+    void paintsWithoutAWordWhateverTheLabelSize_data();
+    void paintsWithoutAWordWhateverTheLabelSize();
 
     void paintsEveryStateOfTheAxis_data();
     void paintsEveryStateOfTheAxis();
@@ -287,6 +294,41 @@ void tst_CTimelineTrackTick::coloursTheCurrentFrameLineWhenItsStyleIsLoaded()
     QVERIFY(m_track->LoadStyle(1));
     QCOMPARE(library.currentFrameLine, m_track->StyleAs<TickTrackStyle>()->markLine.ToColor());
     QVERIFY(library.currentFrameLine != QColor(Qt::black));
+}
+
+void tst_CTimelineTrackTick::leavesTheCurrentFrameLineAloneWhenItsStyleIsIncomplete()
+{
+    TimelineLibrary& library = TimelineLibrary::Instance();
+    QTemporaryFile skin;
+    QVERIFY(skin.open());
+    skin.write("[TickTrack]\nMarkLine=(1,2,3)\nTxtOffset=8\nTxtSizeRatio=1\nTxtMinSize=10\n"
+               "TxtFace=Some Face\n"); // and no TxtColor
+    skin.close();
+    const QScopedValueRollback<std::wstring> path(library.skinPath, skin.fileName().toStdWString());
+    const QScopedValueRollback<QColor> line(library.currentFrameLine, QColor(4, 5, 6));
+    QVERIFY(!m_track->LoadStyle(1));
+    QCOMPARE(m_track->StyleAs<TickTrackStyle>()->markLine.ToColor(), QColor(1, 2, 3));
+    QCOMPARE(library.currentFrameLine, QColor(4, 5, 6));
+}
+
+void tst_CTimelineTrackTick::paintsWithoutAWordWhateverTheLabelSize_data()
+{
+    QTest::addColumn<int>("size");
+    for (const int size : {INT_MIN, -1, 0, 1})
+        QTest::addRow("%d", size) << size;
+}
+
+void tst_CTimelineTrackTick::paintsWithoutAWordWhateverTheLabelSize()
+{
+    QFETCH(int, size);
+    static QStringList printed;
+    printed.clear();
+    m_track->StyleAs<TickTrackStyle>()->textMinSize = size;
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { printed << text; });
+    KestovaTest::DrawRow(*m_track, QSize(300, 26));
+    qInstallMessageHandler(before);
+    QCOMPARE(printed, QStringList());
 }
 
 void tst_CTimelineTrackTick::paintsEveryStateOfTheAxis_data()

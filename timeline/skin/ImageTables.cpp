@@ -1,6 +1,5 @@
 #include "skin/ImageTables.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -198,14 +197,4 @@ int ImageTables::GlyphCount(int group) const
 int ImageTables::BrushCount(int group) const
 {
     return CountIn(m_brushes, group);
-}
-
-QString ReadTextResource(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray bytes = file.readAll();
-    const int zero = bytes.indexOf('\0');
-    return QString::fromUtf8(zero < 0 ? bytes : bytes.left(zero));
 }

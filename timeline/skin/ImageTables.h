@@ -108,6 +108,3 @@ private:
     std::vector<std::vector<QBrush>> m_brushes;
     std::vector<std::vector<QPixmap>> m_wideStrips;
 };
-
-/// The UTF-8 text of a resource or file up to its first zero byte; empty when it cannot be opened.
-QString ReadTextResource(const QString& path);

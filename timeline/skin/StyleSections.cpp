@@ -1,5 +1,7 @@
 #include "skin/StyleSections.h"
 
+#include "skin/SkinFont.h"
+
 #include <string>
 #include <vector>
 

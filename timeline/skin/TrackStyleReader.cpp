@@ -66,13 +66,9 @@ bool LoadTrackStyle(const std::wstring& skinPath, int styleNumber, int trackType
     return LoadTrackStyle(SkinFile(skinPath), styleNumber, trackType, record);
 }
 
-bool ReadContextMenuFont(const SkinSource& skin, QString& face, int& pointSize)
-{
-    const SkinSection menu(skin, L"TrackRightMenu");
-    return menu.Read(L"TxtFace", face) && menu.Read(L"TxtSize", pointSize);
-}
-
 bool ReadContextMenuFont(const std::wstring& skinPath, QString& face, int& pointSize)
 {
-    return ReadContextMenuFont(SkinFile(skinPath), face, pointSize);
+    const SkinFile skin(skinPath);
+    const SkinSection menu(skin, L"TrackRightMenu");
+    return menu.Read(L"TxtFace", face) && menu.Read(L"TxtSize", pointSize);
 }

@@ -77,11 +77,11 @@ void LinkPainter::DrawBar(const DisplayKey& key, int left, int right)
     if (right < left || line.lineHeight < 1)
         return;
     // Keys of a group look like the others: the skin has no entries of their own for them.
-    const int state = key.selected ? 1 : 0;
     const int height = std::min(line.lineHeight, kHighestSpan);
     const int top = AlignedTop(m_style.keyAlign, m_view.row.height(), height);
     // The outline of a rectangle runs one pixel to the right of it and below it.
-    DrawSpan(m_painter, m_view, left, right + 1LL, top, top + height, border[state], fill[state]);
+    DrawSpan(m_painter, m_view, left, right + 1LL, top, top + height, border[key.selected],
+             fill[key.selected]);
 }
 
 int LinkPainter::GlyphX(const DisplayKey& key) const

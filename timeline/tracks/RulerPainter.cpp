@@ -1,6 +1,7 @@
 #include "tracks/RulerPainter.h"
 
 #include "skin/ImageTables.h"
+#include "skin/SkinFont.h"
 #include "skin/TrackStyles.h"
 #include "tracks/RangeMarkers.h"
 #include "tracks/ShapedTexts.h"
@@ -83,8 +84,7 @@ void RulerPainter::PaintGround()
 void RulerPainter::PrepareNumbers()
 {
     QFont font(m_style.textFace);
-    if (m_style.textMinSize > 0)
-        font.setPixelSize(m_style.textMinSize);
+    SetPixelSize(font, m_style.textMinSize);
     m_painter.setFont(font);
     m_painter.setPen(m_style.textColour.ToColor());
     m_numbers = &ShapedTexts::For(m_painter);

@@ -93,9 +93,8 @@ void TransitionPainter::DrawTransition(const DisplayKey& key)
     const int height = std::min(m_style.line.lineHeight, kHighestSpan);
     const int top = SpanTop(m_style.keyAlign, m_view.row.height(), height);
     // Keys of a group look like the others: the skin has no entries of their own for them.
-    const int state = key.selected ? 1 : 0;
     DrawSpan(m_painter, m_view, std::min(from, to), std::max(from, to), top, top + height,
-             m_style.line.border[state], m_style.line.fill[state]);
+             m_style.line.border[key.selected], m_style.line.fill[key.selected]);
 }
 
 void TransitionPainter::DrawHandle(const DisplayKey& key)
