@@ -45,6 +45,12 @@ bool IsWholeRow(const RowView& view)
 
 } // namespace
 
+BackgroundCache& BackgroundCache::Shared()
+{
+    static BackgroundCache cache;
+    return cache;
+}
+
 void BackgroundCache::Draw(QPainter& painter, const RowView& view, const TrackStyle& style,
                            const TimeRange& range)
 {
