@@ -1,6 +1,7 @@
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
 #include "support/HostFixture.h"
+#include "support/PaintCounter.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
 
@@ -16,21 +17,6 @@ FrameAxis& Axis()
 {
     return TimelineLibrary::Instance().axis;
 }
-
-/// Counts the paints of a widget.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    int paints = 0;
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
-};
 
 } // namespace
 
