@@ -192,7 +192,7 @@ bool CTimelineContainer::SetActiveChildTrack(CTimelineTrackBase* child)
         return true;
     }
     // Coming from a clip row the lips row starts without any selection, and nobody is told.
-    if (child->GetTrackType() == TL_TRACK_VISEME_KEY && oldChild &&
+    if (child && child->GetTrackType() == TL_TRACK_VISEME_KEY && oldChild &&
         oldChild->GetTrackType() == TL_TRACK_CLIP) {
         VZ::CArrayList<CTimelineTrackBase*> tracks;
         GetSelectedKeyTrack(tracks);
