@@ -114,6 +114,10 @@ public:
     CTimelineTrackTick* TickTrack() const { return m_tickTrack; }
     CTimelineTrackHScroll* ScrollTrack() const { return m_scrollTrack; }
     const RowLayout& Rows() const { return m_layout; }
+    const CaptionColumn& Captions() const { return m_captions; }
+    /// As large as the widget was when it was last shown, and white; null before that and after a
+    /// resize.
+    const QPixmap* BackBuffer() const { return m_backBuffer.get(); }
     bool HasOwner() const { return m_owner != nullptr; }
     int SendToHost(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
                    const QVariant& value1 = QVariant(0), const QVariant& value2 = QVariant(0),
