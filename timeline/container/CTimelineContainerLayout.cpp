@@ -21,6 +21,28 @@ namespace {
 // notification would start over without end.
 constexpr int kDeepestLayout = 4;
 
+/// Counts a layout for as long as it lasts, unless the container goes away in it.
+class DepthGuard
+{
+public:
+    DepthGuard(const CTimelineContainer* container, int& depth)
+        : m_container(container), m_depth(depth)
+    {
+        ++m_depth;
+    }
+    ~DepthGuard()
+    {
+        if (m_container)
+            --m_depth;
+    }
+    DepthGuard(const DepthGuard&) = delete;
+    DepthGuard& operator=(const DepthGuard&) = delete;
+
+private:
+    QPointer<const CTimelineContainer> m_container;
+    int& m_depth;
+};
+
 } // namespace
 
 bool CTimelineContainer::Layout(bool fit)
@@ -29,7 +51,7 @@ bool CTimelineContainer::Layout(bool fit)
         return true;
     const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
-    ++m_layoutDepth;
+    const DepthGuard guard(this, m_layoutDepth);
     if (!m_captionArea) {
         m_captionArea = new QTimelineCaptionArea(this);
         m_captionArea->show();
@@ -57,10 +79,7 @@ bool CTimelineContainer::Layout(bool fit)
     }
     // One pixel more than the layout: the bottom line below the scroll bar.
     resize(width(), plan.height + 1);
-    if (!self || !UpdateAndNotify())
-        return false;
-    --m_layoutDepth;
-    return true;
+    return self && UpdateAndNotify();
 }
 
 void CTimelineContainer::RefreshRows()
@@ -170,10 +189,10 @@ void CTimelineContainer::paintEvent(QPaintEvent* event)
     // Held for the whole paint; nothing below may repaint or call the host. Rows go straight to the
     // widget, which is a copy of the whole picture faster than through the back buffer.
     const QMutexLocker locker(&m_paintMutex);
-    Paint(painter, width(), height());
+    Paint(painter);
 }
 
-void CTimelineContainer::Paint(QPainter& painter, int width, int height)
+void CTimelineContainer::Paint(QPainter& painter)
 {
     m_captions.BeginPaint();
     if (!m_scrollTrack || !m_tickTrack)
@@ -194,10 +213,10 @@ void CTimelineContainer::Paint(QPainter& painter, int width, int height)
 
     const QSize scrollCaption = m_layout.ScrollCaptionSize();
     m_tickTrack->DrawTrack(&painter, QRect(QPoint(tickCaption.width(), 0),
-                                           QPoint(width - 1, tickCaption.height() - 1)));
+                                           QPoint(width() - 1, tickCaption.height() - 1)));
     m_scrollTrack->DrawTrack(
-        &painter, QRect(QPoint(scrollCaption.width(), height - 1 - scrollCaption.height()),
-                        QPoint(width - 1, height - 2)));
+        &painter, QRect(QPoint(scrollCaption.width(), height() - 1 - scrollCaption.height()),
+                        QPoint(width() - 1, height() - 2)));
     painter.drawPixmap(0, 0,
                        TimelineLibrary::Instance().images.Picture(kCaptionPictures, kTickCaption));
 }
