@@ -3,6 +3,7 @@
 #include "container/QTimelineCaptionArea.h"
 #include "library/TimelineLibrary.h"
 #include "support/HostFixture.h"
+#include "support/PaintCounter.h"
 #include "support/TimelineFixture.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
@@ -19,21 +20,6 @@ namespace {
 constexpr int kCaptionWidth = 171;
 constexpr int kTickHeight = 27;
 constexpr int kLowRow = 20;
-
-/// Counts the paints of a widget, and can tell whether one is under way.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    int paints = 0;
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
-};
 
 const QPixmap& Caption(int number)
 {
@@ -167,6 +153,19 @@ private slots:
         QVERIFY(m_fixture->manager->IsTrackExist(a));
     }
 
+    void theEndTakesScrollBarThenRulerThenCaptionArea()
+    {
+        QStringList gone;
+        const auto watch = [&gone](QObject* object, const char* name) {
+            connect(object, &QObject::destroyed, [&gone, name] { gone << name; });
+        };
+        watch(Container().ScrollTrack(), "scroll bar");
+        watch(Container().TickTrack(), "ruler");
+        watch(Container().findChild<QTimelineCaptionArea*>(), "caption area");
+        m_fixture->manager->ReleaseTimelineWnd();
+        QCOMPARE(gone, (QStringList{"scroll bar", "ruler", "caption area"}));
+    }
+
     void theWindowForgetsAContainerThatGoesWithItsParentWidget()
     {
         delete m_fixture->Container();
@@ -207,6 +206,35 @@ private slots:
         QCOMPARE(a->height(), 26);
         m_fixture->Settle();
         QVERIFY(counter.paints > 0);
+    }
+
+    // ---- The back buffer ----
+
+    void showingMakesAWhiteBackBufferOfTheWidgetsSize()
+    {
+        CTimelineContainer container(nullptr);
+        container.resize(30, 20);
+        QVERIFY(!container.BackBuffer());
+        container.show();
+        QVERIFY(container.BackBuffer());
+        QCOMPARE(container.BackBuffer()->size(), QSize(30, 20));
+        QImage white(30, 20, QImage::Format_RGB32);
+        white.fill(Qt::white);
+        QCOMPARE(container.BackBuffer()->toImage().convertToFormat(QImage::Format_RGB32), white);
+    }
+
+    void aBackBufferOfAnotherSizeIsMadeAnew()
+    {
+        CTimelineContainer container(nullptr);
+        container.resize(30, 20);
+        container.show();
+        container.hide();
+        const qint64 before = container.BackBuffer()->cacheKey();
+        container.resize(50, 40);
+        container.show();
+        QVERIFY(container.BackBuffer());
+        QCOMPARE(container.BackBuffer()->size(), QSize(50, 40));
+        QVERIFY(container.BackBuffer()->cacheKey() != before);
     }
 
     // ---- Painting ----
@@ -267,6 +295,62 @@ private slots:
         const QImage second = GrabRow(kTickHeight + 20).copy(0, 0, kCaptionWidth, kLowRow);
         Container().SetActiveRootTrack(a);
         QCOMPARE(GrabRow(kTickHeight + 26).copy(0, 0, kCaptionWidth, kLowRow), second);
+    }
+
+    void aRowBeginsBesideItsFocusedPictureWhileItIsActive()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        m_fixture->AddKeys(a, {5, 20});
+        a->StyleAs<TrackStyle>()->caption.bitmapFocusId = 4;
+        const QPixmap& focused = Caption(8);
+        QCOMPARE(focused.size(), QSize(155, 27)); // narrower than the inactive row's
+        Container().SetActiveRootTrack(a);
+        // The container was laid out for the inactive picture: the scroll bar covers the rest.
+        const QImage row = GrabRow(kTickHeight, kLowRow);
+        QImage wanted(8, kLowRow, QImage::Format_RGB32);
+        wanted.fill(Container().palette().color(QPalette::Window));
+        QPainter(&wanted).drawPixmap(0, 0, focused);
+        QCOMPARE(row.copy(0, 0, 8, kLowRow), wanted);
+        // A caption button lies over the row's first columns.
+        const int begin = kCaptionWidth - focused.width();
+        const int width = Container().width() - focused.width();
+        QCOMPARE(
+            row.copy(kCaptionWidth, 0, width - begin, kLowRow),
+            DrawRow(*a, QSize(width, focused.height())).copy(begin, 0, width - begin, kLowRow));
+    }
+
+    void anInactiveCaptionIsNotBoldThoughTheSkinsFontIs()
+    {
+        QFont& font = Root("Hips")->StyleAs<TrackStyle>()->caption.font;
+        font.setWeight(QFont::Normal);
+        const QImage normal = GrabRow(kTickHeight);
+        font.setWeight(QFont::Bold);
+        QCOMPARE(GrabRow(kTickHeight), normal);
+    }
+
+    void everyPaintForgetsTheTooltipsOfTheOneBefore()
+    {
+        CTimelineTrackBase* const a = Root("Hips");
+        Root("Spine");
+        Grab();
+        QCOMPARE(Container().Captions().TooltipAreas().size(), std::size_t(2));
+        a->hide();
+        Grab();
+        QCOMPARE(Container().Captions().TooltipAreas().size(), std::size_t(1));
+        QCOMPARE(Container().Captions().TooltipAreas().front().text, QString("Spine"));
+    }
+
+    void aTrackWhoseKeysWereChangedWhileItWasHiddenIsPaintedRightWhenShown()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        m_fixture->AddKeys(a, {5, 20, 30});
+        Grab(); // with keys in order, which a row remembers
+        Container().HideRootTrack(a, m_fixture->manager->GetParentWidget(), true, true);
+        a->Keys().GetAt(1)->frame = 5000; // out of order, and out of sight
+        Container().ShowRootTrack(a, 0, true);
+        const QImage shown = GrabRow(kTickHeight);
+        a->InvalidateCaches();
+        QCOMPARE(shown, GrabRow(kTickHeight));
     }
 
     void aWaveRowIsPaintedInTheVariableHeight()

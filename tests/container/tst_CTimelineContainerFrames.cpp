@@ -2,6 +2,7 @@
 #include "container/CTimelineContainerInterface.h"
 #include "library/TimelineLibrary.h"
 #include "support/HostFixture.h"
+#include "support/PaintCounter.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
 
@@ -19,21 +20,6 @@ FrameAxis& Axis()
 {
     return TimelineLibrary::Instance().axis;
 }
-
-/// Counts the paints of a widget.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    int paints = 0;
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
-};
 
 /// Stands in for a container as the owner of its scroll bar and counts what the bar sends.
 class ScrollSpy : public CTimelineTrackBaseInterface

@@ -1,7 +1,9 @@
 #include "TestTracks.h"
 #include "container/CTimelineContainer.h"
+#include "container/CTimelineContainerInterface.h"
 #include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
+#include "support/PaintCounter.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
 
@@ -10,6 +12,68 @@ using namespace KestovaTest;
 namespace {
 
 constexpr unsigned int kLast = 0xFFFFu;
+constexpr int kFixedHeight = 44; // ruler and scroll bar
+constexpr int kRowHeight = 20;
+
+/// An owner that gives every message the same answer.
+class AnsweringOwner : public CTimelineContainerInterface
+{
+public:
+    explicit AnsweringOwner(int answer) : m_answer(answer) {}
+
+    int OnContainerMessage(unsigned int, CTimelineTrackBase*, HANDLE, QVariant, QVariant,
+                           QVariant) override
+    {
+        return m_answer;
+    }
+    int OnContainerTrackEdit(TLEditType, const VZ::CArrayList<CTimelineTrackBase*>&, QVariant,
+                             QVariant) override
+    {
+        return -1;
+    }
+    bool OnContainerDrop(TLDropFileType, QString) override { return false; }
+
+private:
+    int m_answer;
+};
+
+/// Writes down which tracks get another parent, in order.
+class ParentWatch : public QObject
+{
+public:
+    explicit ParentWatch(std::initializer_list<CTimelineTrackBase*> tracks)
+    {
+        for (CTimelineTrackBase* const track : tracks)
+            track->installEventFilter(this);
+    }
+
+    QStringList moved;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::ParentChange)
+            moved << static_cast<CTimelineTrackBase*>(watched)->GetCaption();
+        return false;
+    }
+};
+
+/// Writes down which widgets get the keyboard focus for no reason of the user's.
+class FocusWatch : public QObject
+{
+public:
+    FocusWatch() { qApp->installEventFilter(this); }
+
+    QVector<QObject*> focused;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn &&
+            static_cast<QFocusEvent*>(event)->reason() == Qt::OtherFocusReason &&
+            watched->isWidgetType())
+            focused << watched;
+        return false;
+    }
+};
 
 } // namespace
 
@@ -315,6 +379,72 @@ private slots:
         QCOMPARE(Container().minimumHeight(), 44 + 26);
         // One row of 20 is gone; the layout is cut to the rows, which need less.
         QCOMPARE(Container().height(), height - 20);
+    }
+
+    void hidingAChildKeepsTheHeightOfAContainerThatIsLowerThanItsRows()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        CTimelineTrackBase* const children[] = {Child(a, "a1"), Child(a, "a2"), Child(a, "a3")};
+        const int lowHeight = 27 + kRowHeight; // the ruler and one row
+        Container().resize(Container().width(), lowHeight);
+        QVERIFY(!children[1]->isVisible());
+        Container().HideChildTrack(children[0], m_fixture->manager->GetParentWidget(), true, true);
+        QCOMPARE(Container().height(), lowHeight);
+        QVERIFY(children[1]->isVisible());
+        QVERIFY(!children[2]->isVisible());
+    }
+
+    void otherChangesGrowAContainerThatIsLowerThanItsRows_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("hiding a root") << "hide" << 3;
+        QTest::newRow("moving a root") << "root" << 4;
+        QTest::newRow("moving a child") << "child" << 4;
+        QTest::newRow("hiding all") << "all" << 0;
+    }
+    void otherChangesGrowAContainerThatIsLowerThanItsRows()
+    {
+        QFETCH(QString, change);
+        QFETCH(int, rows);
+        QWidget* const parking = m_fixture->manager->GetParentWidget();
+        CTimelineTrackBase* const a = Root("a");
+        CTimelineTrackBase* const b = Root("b");
+        CTimelineTrackBase* const b1 = Child(b, "b1");
+        Child(b, "b2");
+        Root("c");
+        Container().resize(Container().width(), 40);
+        QCOMPARE(Container().height(), 40);
+        if (change == "hide")
+            Container().HideRootTrack(a, parking, true, false);
+        else if (change == "root")
+            Container().SetRootTrackSortIndex(a, 1, true, false);
+        else if (change == "child")
+            Container().SetChildTrackSortIndex(b1, 1, true, false);
+        else
+            Container().DeleteAllTrack(parking);
+        QCOMPARE(Container().height(), kFixedHeight + rows * kRowHeight + 1);
+    }
+
+    void hidingARootDetachesItsChildrenFromLastToFirstAndThenTheRoot()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        CTimelineTrackBase* const a1 = Child(a, "a1");
+        CTimelineTrackBase* const a2 = Child(a, "a2");
+        const ParentWatch watch({a, a1, a2});
+        Container().HideRootTrack(a, m_fixture->manager->GetParentWidget(), true, true);
+        QCOMPARE(watch.moved, (QStringList{"a2", "a1", "a"}));
+    }
+
+    void hidingAllDetachesTheRootsFromLastToFirst()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        CTimelineTrackBase* const a1 = Child(a, "a1");
+        CTimelineTrackBase* const b = Root("b");
+        CTimelineTrackBase* const c = Root("c");
+        const ParentWatch watch({a, a1, b, c});
+        Container().DeleteAllTrack(m_fixture->manager->GetParentWidget());
+        QCOMPARE(watch.moved, (QStringList{"c", "b", "a1", "a"}));
     }
 
     void hidingAChildWithoutLayoutMovesNothing()
@@ -662,6 +792,58 @@ private slots:
         QVERIFY(HasSelection(first));
     }
 
+    void activatingNoChildDeactivatesTheOldOneAndItsRoot()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        CTimelineTrackBase* const a1 = Child(a, "a1");
+        Container().SetActiveChildTrack(a1);
+        Select(a1);
+        m_fixture->ForgetCalls();
+        QVERIFY(Container().SetActiveChildTrack(nullptr));
+        QVERIFY(!a->IsActive());
+        QVERIFY(!a1->IsActive());
+        QVERIFY(HasSelection(a1));
+        QCOMPARE(HostCalls(), QStringList());
+        QCOMPARE(WindowCalls(), QStringList{"refreshed"});
+        // And once more: no child is the one that is active.
+        QVERIFY(Container().SetActiveChildTrack(nullptr));
+        QCOMPARE(HostCalls(), QStringList());
+    }
+
+    // ---- Repaints ----
+
+    void everyChangeOfWhatIsActiveOrSelectedRepaintsLater_data()
+    {
+        QTest::addColumn<QString>("change");
+        for (const char* change : {"the root that is active", "another root",
+                                   "the child that is active", "a sibling", "the selections"})
+            QTest::newRow(change) << change;
+    }
+    void everyChangeOfWhatIsActiveOrSelectedRepaintsLater()
+    {
+        QFETCH(QString, change);
+        CTimelineTrackBase* const a = Root("a");
+        CTimelineTrackBase* const a1 = Child(a, "a1");
+        CTimelineTrackBase* const a2 = Child(a, "a2");
+        CTimelineTrackBase* const b = Root("b");
+        Container().SetActiveChildTrack(a1);
+        m_fixture->Settle();
+        PaintCounter counter(Container());
+        if (change == "the root that is active")
+            Container().SetActiveRootTrack(a);
+        else if (change == "another root")
+            Container().SetActiveRootTrack(b);
+        else if (change == "the child that is active")
+            Container().SetActiveChildTrack(a1);
+        else if (change == "a sibling")
+            Container().SetActiveChildTrack(a2);
+        else
+            Container().ClearKeySelectionExcept(nullptr);
+        QCOMPARE(counter.paints, 0);
+        m_fixture->Settle();
+        QCOMPARE(counter.paints, 1);
+    }
+
     // ---- Activation by the user ----
 
     void activatingAnotherTrackTellsTheHostOfTheChange()
@@ -699,6 +881,30 @@ private slots:
         m_fixture->ForgetCalls();
         QVERIFY(Container().ActivateTrack(a));
         QCOMPARE(HostCalls(), QStringList());
+    }
+
+    void activationAnswersTrueWhenTheOwnerAnswersAnythingButZero()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        const auto answer = [&](int ofTheOwner) {
+            AnsweringOwner owner(ofTheOwner);
+            Container().SetOwnerInterface(&owner);
+            const bool result = Container().ActivateTrack(a);
+            Container().SetOwnerInterface(nullptr);
+            return result;
+        };
+        QVERIFY(answer(1));
+        QVERIFY(answer(-1));
+        QVERIFY(!answer(0));
+    }
+
+    void activationFocusesTheWindowsWidgetAndThenTheContainer()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        m_fixture->mainWindow.setFocus(Qt::MouseFocusReason);
+        const FocusWatch watch;
+        Container().ActivateTrack(a);
+        QCOMPARE(watch.focused, (QVector<QObject*>{m_fixture->Window().GetWidget(), &Container()}));
     }
 
     void activationGivesTheContainerTheKeyboardFocus()

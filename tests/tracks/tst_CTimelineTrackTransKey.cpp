@@ -1,8 +1,8 @@
+#include "support/PaintCounter.h"
 #include "support/PictureCheck.h"
 #include "tracks/RowScenes.h"
 #include "tracks/TransitionPainter.h"
 
-#include <QEvent>
 #include <QtTest>
 
 using namespace KestovaTest;
@@ -94,19 +94,6 @@ constexpr RowScene kTransitionScenes[] = {
          });
          AddKey(row, 18, Transition(TL_KEY_TRANSITION_IN, 12));
      }},
-};
-
-/// Counts the paint events of a widget.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        paints += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int paints = 0;
 };
 
 /// A widget that paints one row as a container does.
@@ -489,7 +476,7 @@ private slots:
         track.show();
         QVERIFY(QTest::qWaitForWindowExposed(&host));
         QTest::qWait(100);
-        PaintCounter counter(&track);
+        PaintCounter counter(track);
         host.paints = 0;
         host.update(dirty);
         QTest::qWait(200);

@@ -13,6 +13,7 @@
 #include "library/TimelineLibrary.h"
 #include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/PaintCaches.h"
 
 #include <QDockWidget>
 #include <QPoint>
@@ -35,6 +36,7 @@ CTimelineManager::~CTimelineManager()
         container->SetOwnerInterface(nullptr);
     ManagerSideState::Forget(this);
     TimelineLibrary::Instance().images.Free();
+    ClearPaintCaches();
 }
 
 CTimelineContainer* CTimelineManager::Container() const

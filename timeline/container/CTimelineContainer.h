@@ -42,27 +42,54 @@ public:
     void Disconnect();
 
     // ---- The tree ----
+    // A track that is shown becomes a child widget of the container, inactive; one that is hidden
+    // becomes a hidden child of the parking widget and stays the caller's. Afterwards the rows are
+    // laid out (always, or with relayout) and then the window is told (always, or with notify).
+
+    /// Inserts a root at @p index among the roots; an index beyond their count appends. A track
+    /// that is shown already stays where it is, untold. @return true.
     bool ShowRootTrack(CTimelineTrackBase* root, unsigned int index, bool notify);
+    /// The same for a child among the children of @p root. @return false when @p root is no shown
+    /// root, else true.
     bool ShowChildTrack(CTimelineTrackBase* root, CTimelineTrackBase* child, unsigned int index,
                         bool notify);
+    /// Hides a root with all its children. @return true, for an unknown track as well.
     bool HideRootTrack(CTimelineTrackBase* root, QWidget* parking, bool relayout, bool notify);
+    /// Hides a child. It tells the window before it lays out, and the layout is cut to the
+    /// container's present height. @return true, for an unknown track as well.
     bool HideChildTrack(CTimelineTrackBase* child, QWidget* parking, bool relayout, bool notify);
-    bool DeleteAllTrack(QWidget* parking); ///< hides all; deletes none
+    /// Hides every root, the last one first; deletes none. Always lays out and notifies.
+    /// @return true.
+    bool DeleteAllTrack(QWidget* parking);
+    /// Takes a root out and inserts it at @p index among the others; an index beyond their count
+    /// appends. @return true, for an unknown track as well, which changes nothing.
     bool SetRootTrackSortIndex(CTimelineTrackBase* root, unsigned int index, bool relayout,
                                bool notify);
+    /// The same for a child, among the children of its root.
     bool SetChildTrackSortIndex(CTimelineTrackBase* child, unsigned int index, bool relayout,
                                 bool notify);
     const TrackTree& Tree() const { return m_tree; }
 
     // ---- Activation and selection across tracks ----
+    // Making active what is active already changes nothing and sends nothing; null, or a track
+    // that is not shown as what it is asked to be, only makes the active one inactive.
+
+    /// Makes a root and its first child active instead of the active root and its children, and
+    /// clears all key selections. @return true.
     bool SetActiveRootTrack(CTimelineTrackBase* root);
+    /// Makes a child and its root active instead of the active child and its root. Clears all key
+    /// selections when that is another root; from a clip row to the lips row too, but without
+    /// telling the host. @return true.
     bool SetActiveChildTrack(CTimelineTrackBase* child);
     /// What a click on a row does: makes it active, takes the focus and tells the host. The ruler
     /// and the scroll bar are left alone. @return whether the host's side answered non-zero.
     bool ActivateTrack(CTimelineTrackBase* track);
-    /// Clears the key selection of every track but @p except and tells the host.
+    /// Clears the key selection of every child track but @p except (null for none) and tells the
+    /// window and the host, even when nothing was selected.
     /// @return whether the container outlived it.
     bool ClearKeySelectionExcept(const CTimelineTrackBase* except);
+    /// Appends the children that hold selected keys. An active child in sub-key editing empties
+    /// the list, what the caller had in it included, and stands in it alone or not at all.
     void GetSelectedKeyTrack(VZ::CArrayList<CTimelineTrackBase*>& tracks) const;
 
     // ---- Layout ----
@@ -73,12 +100,17 @@ public:
     void RefreshRows();             ///< re-places the rows inside the container's present size
     void Refresh(bool immediately); ///< repaints at once or from the event loop
     void InvalidateTimeline();      ///< a new layout; a repaint from within one
+    /// Fits the wave rows into a window of @p height pixels and lays out; the width is not used.
+    /// @return false, and nothing is done, when one of them is negative.
     bool WndSizeChanged(int width, int height);
-    int GetTrackHeight() const;
-    int GetWndMinRestraint() const;
-    int GetWndMinHeight();
+    // All heights are pixels.
+    int GetTrackHeight() const;     ///< of an ordinary row
+    int GetWndMinRestraint() const; ///< the ruler and the scroll bar
+    int GetWndMinHeight(); ///< with the visible root switch rows; binds the container to it
+    /// All rows. With @p withWave wave rows count three times their picture, which becomes the most
+    /// that they grow to.
     int GetWndMaxHeight(bool withWave);
-    int GetWndNeedHeight() const;
+    int GetWndNeedHeight() const; ///< all rows, wave rows in their present height at least
     void GetWndCurrSize(int& width, int& height) const;
 
     // ---- Frames and view ----
@@ -140,12 +172,21 @@ public:
     CTimelineTrackTick* TickTrack() const { return m_tickTrack; }
     CTimelineTrackHScroll* ScrollTrack() const { return m_scrollTrack; }
     const RowLayout& Rows() const { return m_layout; }
+    const CaptionColumn& Captions() const { return m_captions; }
+    /// As large as the widget was when it was last shown, and white; null before that and after a
+    /// resize.
+    const QPixmap* BackBuffer() const { return m_backBuffer.get(); }
     bool HasOwner() const { return m_owner != nullptr; }
+    /// Sends a message to the owner. @p handle is the second track of the messages that name two,
+    /// and a plain number or address in others. @return the owner's answer; -1 without an owner.
     int SendToHost(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
                    const QVariant& value1 = QVariant(0), const QVariant& value2 = QVariant(0),
                    const QVariant& value3 = QVariant(0));
+    /// Reports an edit of @p tracks to the owner. @return its answer; -1 without an owner.
     int SendEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
                  const QVariant& value1, const QVariant& value2);
+    /// What a track reports, see DispatchTrackMessage. @return -1 for an unknown code and without
+    /// an owner, else what the code answers, which is 0 for most.
     int OnTrackMessage(int code, CTimelineTrackBase* track, int number, QVariant value1,
                        QVariant value2, QVariant value3) override;
     /// @return whether the container outlived the call, as the next two do.
@@ -168,7 +209,7 @@ private:
     bool UpdateAndNotify();
     bool ResizeAndNotify(int layoutHeight);
     bool FocusContainer();
-    void Paint(QPainter& painter, int width, int height);
+    void Paint(QPainter& painter);
     int PaintRow(QPainter& painter, CTimelineTrackBase& track, int y);
 
     CTimelineWndBase* m_window;

@@ -22,6 +22,28 @@ namespace {
 // notification would start over without end.
 constexpr int kDeepestLayout = 4;
 
+/// Counts a layout for as long as it lasts, unless the container goes away in it.
+class DepthGuard
+{
+public:
+    DepthGuard(const CTimelineContainer* container, int& depth)
+        : m_container(container), m_depth(depth)
+    {
+        ++m_depth;
+    }
+    ~DepthGuard()
+    {
+        if (m_container)
+            --m_depth;
+    }
+    DepthGuard(const DepthGuard&) = delete;
+    DepthGuard& operator=(const DepthGuard&) = delete;
+
+private:
+    QPointer<const CTimelineContainer> m_container;
+    int& m_depth;
+};
+
 } // namespace
 
 bool CTimelineContainer::Layout(bool fit)
@@ -29,7 +51,7 @@ bool CTimelineContainer::Layout(bool fit)
     if (!m_scrollTrack || !m_tickTrack || m_layoutDepth >= kDeepestLayout)
         return true;
     const CallOut callOut;
-    ++m_layoutDepth;
+    const DepthGuard guard(this, m_layoutDepth);
     if (!m_captionArea) {
         m_captionArea = new QTimelineCaptionArea(this);
         m_captionArea->show();
@@ -55,16 +77,12 @@ bool CTimelineContainer::Layout(bool fit)
         row.track->setGeometry(row.rect);
         row.track->setVisible(row.shown);
     }
-    if (m_isResizing) {
-        // Another layout resizes the container and is waiting for Qt to come back. The window hears
-        // of this one after that: it may delete the container, which Qt's resizing does not
-        // survive.
-        ++m_owedRefreshes;
-        update();
-    } else if (!ResizeAndNotify(plan.height)) {
-        return false;
-    }
-    --m_layoutDepth;
+    if (!m_isResizing)
+        return ResizeAndNotify(plan.height);
+    // Another layout resizes the container and is waiting for Qt to come back. The window hears of
+    // this one after that: it may delete the container, which Qt's resizing does not survive.
+    ++m_owedRefreshes;
+    update();
     return true;
 }
 
@@ -188,10 +206,10 @@ void CTimelineContainer::paintEvent(QPaintEvent* event)
     // Held for the whole paint; nothing below may repaint or call the host. Rows go straight to the
     // widget, which is a copy of the whole picture faster than through the back buffer.
     const QMutexLocker locker(&m_paintMutex);
-    Paint(painter, width(), height());
+    Paint(painter);
 }
 
-void CTimelineContainer::Paint(QPainter& painter, int width, int height)
+void CTimelineContainer::Paint(QPainter& painter)
 {
     m_captions.BeginPaint();
     if (!m_scrollTrack || !m_tickTrack)
@@ -212,10 +230,10 @@ void CTimelineContainer::Paint(QPainter& painter, int width, int height)
 
     const QSize scrollCaption = m_layout.ScrollCaptionSize();
     m_tickTrack->DrawTrack(&painter, QRect(QPoint(tickCaption.width(), 0),
-                                           QPoint(width - 1, tickCaption.height() - 1)));
+                                           QPoint(width() - 1, tickCaption.height() - 1)));
     m_scrollTrack->DrawTrack(
-        &painter, QRect(QPoint(scrollCaption.width(), height - 1 - scrollCaption.height()),
-                        QPoint(width - 1, height - 2)));
+        &painter, QRect(QPoint(scrollCaption.width(), height() - 1 - scrollCaption.height()),
+                        QPoint(width() - 1, height() - 2)));
     painter.drawPixmap(0, 0,
                        TimelineLibrary::Instance().images.Picture(kCaptionPictures, kTickCaption));
 }

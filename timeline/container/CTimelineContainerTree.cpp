@@ -12,6 +12,8 @@
 
 #include <QPointer>
 
+/// Shows a track that the caller has given an owner and a parent track. A root is the container's
+/// child widget before it is shown; a child only becomes one afterwards, see ShowChildTrack.
 void CTimelineContainer::Attach(CTimelineTrackBase* track)
 {
     track->show();
@@ -20,6 +22,8 @@ void CTimelineContainer::Attach(CTimelineTrackBase* track)
     track->InvalidateCaches();
 }
 
+/// Takes back all that showing gave a track, which the caller has taken out of the tree. The
+/// parking widget keeps it alive for the next time.
 void CTimelineContainer::Detach(CTimelineTrackBase* track, QWidget* parking)
 {
     track->hide();
@@ -192,7 +196,7 @@ bool CTimelineContainer::SetActiveChildTrack(CTimelineTrackBase* child)
         return true;
     }
     // Coming from a clip row the lips row starts without any selection, and nobody is told.
-    if (child->GetTrackType() == TL_TRACK_VISEME_KEY && oldChild &&
+    if (child && child->GetTrackType() == TL_TRACK_VISEME_KEY && oldChild &&
         oldChild->GetTrackType() == TL_TRACK_CLIP) {
         VZ::CArrayList<CTimelineTrackBase*> tracks;
         GetSelectedKeyTrack(tracks);

@@ -18,7 +18,7 @@ public:
     {
         CTimelineTrackBase* track;
         QRect rect;
-        bool shown; ///< its top lies above the layout's bottom
+        bool shown; ///< its top does not lie below the layout's bottom
     };
     struct Plan
     {

@@ -39,8 +39,8 @@ public:
     /// At @p index when that is at most the count, else at the end.
     void InsertRoot(CTimelineTrackBase* root, std::size_t index);
     void InsertChild(CTimelineMapData& record, CTimelineTrackBase* child, std::size_t index);
-    void
-    RemoveRoot(const CTimelineTrackBase* root); ///< with its record; its children become nobody's
+    /// With its record; its children become nobody's.
+    void RemoveRoot(const CTimelineTrackBase* root);
     void RemoveChild(const CTimelineTrackBase* child);
     void MoveRoot(CTimelineTrackBase* root, std::size_t index);
     void MoveChild(CTimelineTrackBase* child, std::size_t index);
@@ -64,7 +64,7 @@ public:
     void CollectSelectedKeyTracks(VZ::CArrayList<CTimelineTrackBase*>& tracks) const;
 
 private:
-    // When set, a root with children is a row of its own above them. Nothing sets it.
-    bool m_showRoots = false;
+    // Whether a root with children is a row of its own above them.
+    const bool m_showRoots = false;
     std::vector<std::unique_ptr<CTimelineMapData>> m_records;
 };
