@@ -13,6 +13,7 @@
 #include <QMutexLocker>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include <utility>
 
