@@ -75,6 +75,8 @@ private slots:
 
     void numbersBeyondThePicturesShowARowWithoutThem_data();
     void numbersBeyondThePicturesShowARowWithoutThem();
+    void placesBeyondTheColumnAreAllTheSame_data();
+    void placesBeyondTheColumnAreAllTheSame();
     void rowsAreAsHighAsTheirCaptionPictureOrHaveNoHeight_data();
     void rowsAreAsHighAsTheirCaptionPictureOrHaveNoHeight();
 
@@ -183,6 +185,30 @@ void tst_BadSkinsInTheManager::numbersBeyondThePicturesShowARowWithoutThem()
     // The number before the first is the end of what lies before, for captions and glyphs.
     if (number != -1)
         QCOMPARE(shown, Shown(WithValue(m_skin, key, QByteArray::number(kBeyondEveryTable))));
+}
+
+void tst_BadSkinsInTheManager::placesBeyondTheColumnAreAllTheSame_data()
+{
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QByteArray>("wild");
+    QTest::addColumn<QByteArray>("beyond");
+    const auto row = [](const char* name, QByteArray key, QByteArray wild, QByteArray beyond) {
+        QTest::newRow(name) << key << wild << beyond;
+    };
+    row("button at the left", "BtnPos", "-2147483648", "-9999");
+    row("button at the right", "BtnPos", "2147483647", "9999");
+    row("text at the left", "TxtPos", "(-2147483648,-2147483648)", "(-9999,-9999)");
+    row("text at the right", "TxtPos", "(2147483647,2147483647)", "(9999,9999)");
+    row("text from far to far", "TxtPos", "(-2147483648,2147483647)", "(-9999,9999)");
+    row("text from right to left", "TxtPos", "(2147483647,-2147483648)", "(9999,-9999)");
+}
+
+void tst_BadSkinsInTheManager::placesBeyondTheColumnAreAllTheSame()
+{
+    QFETCH(QByteArray, key);
+    QFETCH(QByteArray, wild);
+    QFETCH(QByteArray, beyond);
+    QCOMPARE(Shown(WithValue(m_skin, key, wild)), Shown(WithValue(m_skin, key, beyond)));
 }
 
 void tst_BadSkinsInTheManager::rowsAreAsHighAsTheirCaptionPictureOrHaveNoHeight_data()

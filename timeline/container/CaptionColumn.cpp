@@ -35,6 +35,13 @@ QString Abbreviated(QString text)
     return text;
 }
 
+/// A place that the skin made up, kept within arithmetic and far beyond any column.
+int WithinReach(int x)
+{
+    constexpr int kReach = 1 << 20;
+    return std::clamp(x, -kReach, kReach);
+}
+
 int SingleLineWidth(const QFontMetrics& metrics, const QString& text)
 {
     return metrics.size(Qt::TextSingleLine, text).width();
@@ -141,7 +148,8 @@ void CaptionColumn::PaintText(QPainter& painter, const CTimelineTrackBase& track
     painter.setPen((focused ? caption.textColourFocus : caption.textColour).ToColor());
 
     // The second component of the text position is the box's right edge, not a vertical place.
-    const QRect box(QPoint(caption.textPos.x(), y), QPoint(caption.textPos.y() - 1, y + h - 1));
+    const QRect box(QPoint(WithinReach(caption.textPos.x()), y),
+                    QPoint(WithinReach(caption.textPos.y()) - 1, y + h - 1));
     m_tooltipAreas.push_back({box, track.GetCaption()});
     m_tooltipRegion |= box;
 
@@ -169,6 +177,7 @@ void CaptionColumn::PaintRow(QPainter& painter, const CTimelineTrackBase& track,
 
     for (const CaptionButtonStyle& button : style->captionButtons) {
         const QPixmap& buttonPicture = ButtonPicture(button);
-        painter.drawPixmap(button.position, y + (h - buttonPicture.height()) / 2, buttonPicture);
+        painter.drawPixmap(WithinReach(button.position), y + (h - buttonPicture.height()) / 2,
+                           buttonPicture);
     }
 }
