@@ -264,19 +264,6 @@ private slots:
         QVERIFY(image.pixel(120, top + 1) != border);
     }
 
-    void barsLieOverTheGlyphs()
-    {
-        const auto row = MakeTrack(TL_TRACK_KEY);
-        AddKey(*row, 10, Bar(6));
-        AddKey(*row, 12, [](CTimelineKey& key) {
-            Bar(1)(key);
-            key.displayLength = 0;
-        });
-        const QImage image = ShowRow(*row, kSize);
-        // The second bar is one frame wide; its left line crosses nothing, its outline is whole.
-        QCOMPARE(image.pixel(120, (kHeight - 14) / 2 + 7), BarBorder(*row));
-    }
-
     void selectedBarHasTheSelectedBorder()
     {
         const auto row = MakeTrack(TL_TRACK_KEY);

@@ -421,19 +421,6 @@ private slots:
         QCOMPARE(ShowRow(*row, kSize), wanted);
     }
 
-    void keyBarsLieOnTop()
-    {
-        const auto row = MakeTrack(TL_TRACK_LINK_KEY);
-        AddKey(*row, 5, [](CTimelineKey& key) {
-            LinkStart(key);
-            Bar(10)(key);
-        });
-        const QImage image = ShowRow(*row, kSize);
-        const int top = (kHeight - 18) / 2;
-        QCOMPARE(image.pixel(100, top), LineOf(*row).clipBorder[0].color().rgb());
-        QCOMPARE(image.pixel(50, top + 5), LineOf(*row).clipBorder[0].color().rgb());
-    }
-
     void keyBarTakesHeightAndBorderOfTheLinePart()
     {
         const auto row = MakeTrack(TL_TRACK_LINK_KEY);
