@@ -62,13 +62,7 @@ private slots:
     }
 
     void looksLikeItsPicture_data() { AddScenes(); }
-    void looksLikeItsPicture()
-    {
-        QFETCH(int, scene);
-        const RowScene& shown = kKeyRowScenes[scene];
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_KEY, shown),
-                                QStringLiteral("tracks/key/%1").arg(shown.name));
-    }
+    void looksLikeItsPicture() { CompareScene(TL_TRACK_KEY, "key"); }
 
     void looksLikeItsPictureOnBands()
     {

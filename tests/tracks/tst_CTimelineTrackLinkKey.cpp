@@ -79,13 +79,7 @@ private slots:
     }
 
     void looksLikeItsPicture_data() { AddScenes(); }
-    void looksLikeItsPicture()
-    {
-        QFETCH(int, scene);
-        const RowScene& shown = kKeyRowScenes[scene];
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_LINK_KEY, shown),
-                                QStringLiteral("tracks/link/%1").arg(shown.name));
-    }
+    void looksLikeItsPicture() { CompareScene(TL_TRACK_LINK_KEY, "link"); }
 
     void looksLikeItsPictureWithASlimLine()
     {

@@ -139,13 +139,7 @@ private slots:
     }
 
     void looksLikeItsPicture_data() { AddScenes(); }
-    void looksLikeItsPicture()
-    {
-        QFETCH(int, scene);
-        const RowScene& shown = kKeyRowScenes[scene];
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_TRANSITION_KEY, shown),
-                                QStringLiteral("tracks/transition/%1").arg(shown.name));
-    }
+    void looksLikeItsPicture() { CompareScene(TL_TRACK_TRANSITION_KEY, "transition"); }
 
     void showsItsTransitions_data()
     {
