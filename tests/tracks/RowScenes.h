@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/PictureCheck.h"
 #include "tracks/RowFixture.h"
 
 #include <QtTest>
@@ -216,6 +217,16 @@ inline void AddScenes()
     int index = 0;
     for (const RowScene& scene : kKeyRowScenes)
         QTest::newRow(scene.name) << index++;
+}
+
+/// Compares the scene of the test's data row with its picture in tests/pictures/tracks/<folder>.
+inline void CompareScene(int type, const char* folder)
+{
+    QFETCH(int, scene);
+    const RowScene& shown = kKeyRowScenes[scene];
+    KESTOVA_COMPARE_PICTURE(
+        PaintScene(type, shown),
+        QStringLiteral("tracks/%1/%2").arg(QLatin1String(folder), QLatin1String(shown.name)));
 }
 
 } // namespace KestovaTest

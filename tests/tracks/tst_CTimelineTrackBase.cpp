@@ -351,10 +351,14 @@ private slots:
     {
         CTimelineTrackKey track;
         AddKey(track, 3);
-        AddKey(track, 5, Select);
+        CTimelineKey& clip = AddClip(track, 5, 10, 1, {2}, Select);
+        AddKey(track, 30, Select);
+        clip.subKeys->SetSelection(0, 10, true, TL_KEY_ANY_KIND);
         track.Keys().RemoveAt(0); // leaves the selection pointing one key further on
-        QCOMPARE(track.Keys().SelectedIndexes(), (std::vector<int>{1}));
+        QCOMPARE(track.Keys().SelectedIndexes(), (std::vector<int>{1, 2}));
         track.ClearRangeOrSubSelection();
+        QCOMPARE(track.Keys().SelectedIndexes(), (std::vector<int>{1, 2}));
+        QCOMPARE(clip.subKeys->SelGetSize(), std::size_t(1));
     }
 
     void sendWithoutAnOwnerAnswersMinusOne()
@@ -724,6 +728,53 @@ private slots:
         QCOMPARE(row.HitTestKey(QPoint(94, 10)), 0);
         QCOMPARE(row.HitTestKey(QPoint(105, 10)), 0);
         QCOMPARE(row.HitTestKey(QPoint(106, 10)), -1);
+    }
+
+    void keysWithoutALengthOnClipAndWaveRowsAreHitAsBars_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::newRow("clip") << int(TL_TRACK_CLIP);
+        QTest::newRow("wave") << int(TL_TRACK_WAVE);
+    }
+    void keysWithoutALengthOnClipAndWaveRowsAreHitAsBars()
+    {
+        QFETCH(int, type);
+        CTimelineTrackBase& row = Row(type);
+        AddKey(row, 10);
+        QCOMPARE(row.HitTestKey(QPoint(93, 10)), -1);
+        QCOMPARE(row.HitTestKey(QPoint(94, 10)), 0);
+        QCOMPARE(row.HitTestKey(QPoint(105, 10)), 0);
+        QCOMPARE(row.HitTestKey(QPoint(106, 10)), -1);
+    }
+
+    void keysOnATransitionRowAreHitOnTheirOwnGlyph()
+    {
+        CTimelineTrackBase& row = Row(TL_TRACK_TRANSITION_KEY);
+        AddKey(row, 10);
+        const int group = row.StyleAs<KeyTrackStyle>()->keyBmpType + kTransitionGlyphs;
+        const QSize size = TimelineLibrary::Instance().images.Glyph(group, 0).size();
+        const int left = 100 + (10 - size.width()) / 2;
+        const int top = (row.GetRowHeight() - size.height()) / 2;
+        QCOMPARE(row.HitTestKey(QPoint(left, top)), 0);
+        QCOMPARE(row.HitTestKey(QPoint(left, top - 1)), -1);
+        QCOMPARE(row.HitTestKey(QPoint(left + size.width(), top + size.height())), 0);
+        QCOMPARE(row.HitTestKey(QPoint(left + size.width() + 1, top)), -1);
+    }
+
+    void keyInAGroupIsHitOnTheGroupsGlyph()
+    {
+        CTimelineTrackBase& row = Row(TL_TRACK_KEY);
+        // The glyphs of the transition row are wider and lower than those of the key row.
+        auto* style = row.StyleAs<KeyTrackStyle>();
+        const int related = style->relatedKeyBmpType;
+        style->relatedKeyBmpType = style->keyBmpType + kTransitionGlyphs;
+        CTimelineKey& key = AddKey(row, 10);
+        const QPoint aboveTheGroupsGlyph(104, 5);
+        QCOMPARE(row.HitTestKey(aboveTheGroupsGlyph), 0);
+        Join(key);
+        QCOMPARE(row.HitTestKey(aboveTheGroupsGlyph), -1);
+        QCOMPARE(row.HitTestKey(QPoint(104, 10)), 0);
+        style->relatedKeyBmpType = related;
     }
 
     void barHigherThanItsRowIsNotHit()

@@ -62,13 +62,7 @@ private slots:
     }
 
     void looksLikeItsPicture_data() { AddScenes(); }
-    void looksLikeItsPicture()
-    {
-        QFETCH(int, scene);
-        const RowScene& shown = kKeyRowScenes[scene];
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_KEY, shown),
-                                QStringLiteral("tracks/key/%1").arg(shown.name));
-    }
+    void looksLikeItsPicture() { CompareScene(TL_TRACK_KEY, "key"); }
 
     void looksLikeItsPictureOnBands()
     {
@@ -262,19 +256,6 @@ private slots:
         QVERIFY(image.pixel(120, top - 1) != border);
         QVERIFY(image.pixel(120, top + 14) != border);
         QVERIFY(image.pixel(120, top + 1) != border);
-    }
-
-    void barsLieOverTheGlyphs()
-    {
-        const auto row = MakeTrack(TL_TRACK_KEY);
-        AddKey(*row, 10, Bar(6));
-        AddKey(*row, 12, [](CTimelineKey& key) {
-            Bar(1)(key);
-            key.displayLength = 0;
-        });
-        const QImage image = ShowRow(*row, kSize);
-        // The second bar is one frame wide; its left line crosses nothing, its outline is whole.
-        QCOMPARE(image.pixel(120, (kHeight - 14) / 2 + 7), BarBorder(*row));
     }
 
     void selectedBarHasTheSelectedBorder()

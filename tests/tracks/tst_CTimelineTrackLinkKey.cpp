@@ -79,13 +79,7 @@ private slots:
     }
 
     void looksLikeItsPicture_data() { AddScenes(); }
-    void looksLikeItsPicture()
-    {
-        QFETCH(int, scene);
-        const RowScene& shown = kKeyRowScenes[scene];
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_LINK_KEY, shown),
-                                QStringLiteral("tracks/link/%1").arg(shown.name));
-    }
+    void looksLikeItsPicture() { CompareScene(TL_TRACK_LINK_KEY, "link"); }
 
     void looksLikeItsPictureWithASlimLine()
     {
@@ -419,19 +413,6 @@ private slots:
         painter.drawPixmap(-3, (kHeight - 24) / 2, Glyph(4, 0));
         painter.end();
         QCOMPARE(ShowRow(*row, kSize), wanted);
-    }
-
-    void keyBarsLieOnTop()
-    {
-        const auto row = MakeTrack(TL_TRACK_LINK_KEY);
-        AddKey(*row, 5, [](CTimelineKey& key) {
-            LinkStart(key);
-            Bar(10)(key);
-        });
-        const QImage image = ShowRow(*row, kSize);
-        const int top = (kHeight - 18) / 2;
-        QCOMPARE(image.pixel(100, top), LineOf(*row).clipBorder[0].color().rgb());
-        QCOMPARE(image.pixel(50, top + 5), LineOf(*row).clipBorder[0].color().rgb());
     }
 
     void keyBarTakesHeightAndBorderOfTheLinePart()

@@ -126,13 +126,7 @@ private slots:
     }
 
     void looksLikeItsPicture_data() { AddScenes(); }
-    void looksLikeItsPicture()
-    {
-        QFETCH(int, scene);
-        const RowScene& shown = kKeyRowScenes[scene];
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_TRANSITION_KEY, shown),
-                                QStringLiteral("tracks/transition/%1").arg(shown.name));
-    }
+    void looksLikeItsPicture() { CompareScene(TL_TRACK_TRANSITION_KEY, "transition"); }
 
     void showsItsTransitions_data()
     {
@@ -351,17 +345,6 @@ private slots:
         QCOMPARE(ShowRow(*row, kSize), wanted);
     }
 
-    void keyBarsLieOnTop()
-    {
-        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
-        AddKey(*row, 20, [](CTimelineKey& key) {
-            Transition(TL_KEY_TRANSITION_OUT, 5)(key);
-            Bar(6)(key);
-        });
-        const QImage image = ShowRow(*row, kSize);
-        QCOMPARE(image.pixel(200, 13), BarBorder(*row));
-    }
-
     // --- Handle hit test
 
     void handleIsHitWithItsRightAndBottomEdge_data()
@@ -431,7 +414,52 @@ private slots:
         track.Init(nullptr);
         AddKey(track, 30, Transition(1, 5));
         QCOMPARE(track.HitTestHandle(QPoint(3, 10)), -1);
-        ShowRow(track, kSize);
+        const QImage image = ShowRow(track, kSize);
+        QImage untouched(kSize, QImage::Format_RGB32);
+        untouched.fill(Qt::magenta);
+        QCOMPARE(image, untouched);
+    }
+
+    void handleIsHitWhereTheAlignmentPutsIt_data()
+    {
+        QTest::addColumn<int>("align");
+        QTest::addColumn<int>("top");
+        QTest::newRow("centred") << 0 << (20 - 7) / 2;
+        QTest::newRow("top") << 1 << 0;
+        QTest::newRow("bottom") << 2 << 20 - 7;
+    }
+    void handleIsHitWhereTheAlignmentPutsIt()
+    {
+        QFETCH(int, align);
+        QFETCH(int, top);
+        CTimelineTrackTransKey track;
+        track.Init(nullptr);
+        QVERIFY(track.LoadStyle(1));
+        track.StyleAs<LineKeyTrackStyle>()->keyAlign = align;
+        AddKey(track, 20, Transition(TL_KEY_TRANSITION_IN, 5));
+        for (int y = 0; y < 30; ++y)
+            QCOMPARE(track.HitTestHandle(QPoint(154, y)), top <= y && y <= top + 7 ? 0 : -1);
+    }
+
+    void handleOfAKeyInAGroupHasTheSizeOfTheGroupsGlyph()
+    {
+        CTimelineTrackTransKey track;
+        track.Init(nullptr);
+        QVERIFY(track.LoadStyle(1));
+        // The glyphs of the key row, which have another size than those of the transition row.
+        auto* style = track.StyleAs<LineKeyTrackStyle>();
+        style->relatedKeyBmpType = style->keyBmpType - kTransitionGlyphs + kKeyGlyphs;
+        const QSize grouped =
+            TimelineLibrary::Instance().images.Glyph(style->keyBmpType + kKeyGlyphs, 0).size();
+        const QSize single = TimelineLibrary::Instance()
+                                 .images.Glyph(style->keyBmpType + kTransitionGlyphs, 0)
+                                 .size();
+        QVERIFY(grouped.height() > single.height());
+        CTimelineKey& key = AddKey(track, 20, Transition(TL_KEY_TRANSITION_IN, 5));
+        const QPoint above(154, (20 - grouped.height()) / 2);
+        QCOMPARE(track.HitTestHandle(above), -1);
+        Join(key);
+        QCOMPARE(track.HitTestHandle(above), 0);
     }
 
     // --- Repaints

@@ -35,13 +35,7 @@ private slots:
     }
 
     void looksLikeItsPicture_data() { AddScenes(); }
-    void looksLikeItsPicture()
-    {
-        QFETCH(int, scene);
-        const RowScene& shown = kKeyRowScenes[scene];
-        KESTOVA_COMPARE_PICTURE(PaintScene(TL_TRACK_VISEME_KEY, shown),
-                                QStringLiteral("tracks/viseme/%1").arg(shown.name));
-    }
+    void looksLikeItsPicture() { CompareScene(TL_TRACK_VISEME_KEY, "viseme"); }
 
     void looksLikeItsPictureWithAllShapes()
     {

@@ -136,19 +136,6 @@ std::optional<BarStyle> BarStyleOf(int trackType, const StyleRecord* style, int 
     return std::nullopt;
 }
 
-KeyRange KeysReaching(const CTimelineKeyArray::KeyVector& keys, const KeyFacts& facts,
-                      const FrameWindow& window)
-{
-    if (!facts.searchable)
-        return {0, keys.size()};
-    const auto begin = std::partition_point(
-        keys.begin(), keys.end(), [&](const auto& key) { return key->frame < window.first; });
-    const auto end = std::partition_point(
-        begin, keys.end(), [&](const auto& key) { return key->frame <= window.last; });
-    const auto first = static_cast<std::size_t>(begin - keys.begin());
-    return {first > 0 ? first - 1 : 0, static_cast<std::size_t>(end - keys.begin())};
-}
-
 void DrawKeyBars(QPainter& painter, const RowView& view, const BarStyle& style,
                  const CTimelineKeyArray& keys, const KeyFacts& facts)
 {

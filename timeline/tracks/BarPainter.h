@@ -20,27 +20,20 @@ struct BarStyle
 /// high; none for other kinds and without their style.
 std::optional<BarStyle> BarStyleOf(int trackType, const StyleRecord* style, int rowHeight);
 
-/// Outlines of the keys that have a length, with a divider after each pass of a loop but the last.
+/// Outlines of the keys that have a length, are switched on by the host and start before the last
+/// frame. A loop's passes after the first have a divider each, one frame after their start, as far
+/// as the bar reaches.
 void DrawKeyBars(QPainter& painter, const RowView& view, const BarStyle& style,
                  const CTimelineKeyArray& keys, const KeyFacts& facts);
 
-/// Filled bars for the clips of another row, as this row shows them.
 struct RelatedBarColours
 {
     QColor normal;
     QColor selected;
 };
+
+/// Filled bars, @p height pixels high, for the clips of another row, as this row shows them; keys
+/// in the alternate style have none.
 void DrawRelatedBars(QPainter& painter, const RowView& view, int height,
                      const RelatedBarColours& colours, const CTimelineKeyArray& sourceKeys,
                      const KeyFacts& sourceFacts);
-
-/// Indexes of the keys that start in @p window and, before them, of the one clip that may reach
-/// into it; all indexes when the facts say that the keys cannot be searched. The end is not
-/// included.
-struct KeyRange
-{
-    std::size_t begin = 0;
-    std::size_t end = 0;
-};
-KeyRange KeysReaching(const CTimelineKeyArray::KeyVector& keys, const KeyFacts& facts,
-                      const FrameWindow& window);

@@ -55,6 +55,8 @@ public:
     virtual int HitTestRangeMarker(QPoint point);
     /// Paints the kind's keys and gives the widget the size of @p rect.
     virtual void DrawKeys(QPainter* painter, QRect rect);
+    /// To open the menu of the right button at @p globalPoint (screen coordinates); the base does
+    /// nothing.
     virtual void BuildContextMenu(QPoint globalPoint);
 
     /// Fetches the style of the track's kind and @p styleIndex from the skin; false when a key is
@@ -73,17 +75,28 @@ public:
         return dynamic_cast<S*>(m_style.get());
     }
 
+    /// The column, counted from the row's left edge, where @p frame begins on the shared axis; may
+    /// lie outside of the row.
     int FrameToPixel(long long frame) const;
+    /// The frame at column @p x; may be negative or beyond the last frame.
     int PixelToFrame(int x) const;
 
     /// The time range with the smaller end first; -1 stands for an end that is not set.
     void GetRangeFrames(int& lo, int& hi) const;
     int RangeStart() const { return m_rangeStart; }
     int RangeEnd() const { return m_rangeEnd; }
+    /// Sets the time range, in frames, both ends included and in either order; -1 for no end.
+    /// Nobody is told and nothing repainted.
     void SetRange(int start, int end);
 
+    /// Makes the track one of the active tracks, or no longer one. A change clears all key
+    /// selection where sub-keys are edited; an inactive track loses its time range where that can
+    /// be edited.
     void SetActive(bool active);
     bool IsActive() const { return m_active; }
+    /// Where there are edit modes and sub-keys are not edited: clears the time range, deselects the
+    /// keys of the timeline and reports that to the owner. Otherwise deselects the sub-keys of the
+    /// selected clips, and reports nothing.
     void ClearRangeOrSubSelection();
     /// The keys to draw, in frame order: clips with sub-keys expanded, related keys merged in. What
     /// @p out held before is let go. Painting itself collects only what is in view.
@@ -105,6 +118,7 @@ public:
 
     int GetTrackType() const { return m_trackType; }
     int GetRowHeight() const { return m_rowHeight; }
+    /// Pixels; the widget keeps its size until it is laid out or painted.
     void SetRowHeight(int height) { m_rowHeight = height; }
 
     /// The track's own pointer once it was made for a container; null before.
@@ -115,16 +129,19 @@ public:
     void SetParentTrack(CTimelineTrackBase* parent) { m_parentTrack = parent; }
     bool IsRootTrack() const { return m_parentTrack && m_parentTrack == m_trackId; }
     bool IsAttached() const { return m_attached; }
+    /// Whether a container shows the track.
     void SetAttached(bool attached) { m_attached = attached; }
 
     const QString& GetCaption() const { return m_caption; }
     void SetCaption(const QString& caption) { m_caption = caption; }
 
     const EditModes& GetEditModes() const { return m_editModes; }
+    /// What the user may do in the row; replaces what was allowed before.
     void SetEditModes(const EditModes& modes) { m_editModes = modes; }
     bool HasEditMode(TLEditType mode) const { return m_editModes.Contains(mode); }
 
     CTimelineTrackBaseInterface* GetOwner() const { return m_owner; }
+    /// Who gets the track's messages; not owned, null for nobody.
     void SetOwner(CTimelineTrackBaseInterface* owner) { m_owner = owner; }
 
 protected:

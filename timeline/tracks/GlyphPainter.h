@@ -45,6 +45,8 @@ public:
 
     /// The unselected keys of a list first, the selected ones over them.
     void DrawList(const DisplayKeyList& list);
+    /// The key's glyph, two pixels right of the middle of its frame, and its segments; nothing for
+    /// a key at or beyond the last frame or wholly left of the row.
     void Draw(const DisplayKey& key);
     /// The rectangles of a key's segments, around a glyph whose corner is @p corner (row
     /// coordinates). Expanded sub-keys have none.

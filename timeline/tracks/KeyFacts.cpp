@@ -189,3 +189,16 @@ int DrawnKeys::FirstFrom(long long frame) const
     }
     return low;
 }
+
+KeyRange KeysReaching(const CTimelineKeyArray::KeyVector& keys, const KeyFacts& facts,
+                      const FrameWindow& window)
+{
+    if (!facts.searchable)
+        return {0, keys.size()};
+    const auto begin = std::partition_point(
+        keys.begin(), keys.end(), [&](const auto& key) { return key->frame < window.first; });
+    const auto end = std::partition_point(
+        begin, keys.end(), [&](const auto& key) { return key->frame <= window.last; });
+    const auto first = static_cast<std::size_t>(begin - keys.begin());
+    return {first > 0 ? first - 1 : 0, static_cast<std::size_t>(end - keys.begin())};
+}

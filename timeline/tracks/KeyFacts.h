@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CTimelineKeyArray.h"
+#include "tracks/RowView.h"
 
 #include <array>
 #include <vector>
@@ -73,3 +74,14 @@ private:
     const CTimelineKeyArray::KeyVector& m_related;
     const std::vector<int>& m_order;
 };
+
+/// Indexes of the keys that start in @p window and, before them, of the one clip that may reach
+/// into it; all indexes when the facts say that the keys cannot be searched. The end is not
+/// included.
+struct KeyRange
+{
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+KeyRange KeysReaching(const CTimelineKeyArray::KeyVector& keys, const KeyFacts& facts,
+                      const FrameWindow& window);

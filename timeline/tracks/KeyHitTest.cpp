@@ -57,11 +57,10 @@ int KeyHitTest::FindKey(const CTimelineKeyArray& keys, const KeyFacts& facts, QP
 {
     const int reach = kMargin + (m_glyphs ? WidestGlyph(*m_glyphs) : 0) +
                       std::max(m_axis.info.pixelsPerFrame, 0) + 1;
-    // A row of one column, the pointer's, seen from the pointer's reach around it.
-    const RowView column(QRect(0, 0, point.x() + 1, 1), m_axis, point.x(), point.x());
-    const KeyRange range = point.x() < 0
-                               ? KeyRange{0, keys.GetSize()}
-                               : KeysReaching(keys.Keys(), facts, column.Frames(reach, reach));
+    const FrameWindow around =
+        FramesAround(m_axis, 1LL * point.x() - reach, 1LL * point.x() + reach);
+    const KeyRange range =
+        point.x() < 0 ? KeyRange{0, keys.GetSize()} : KeysReaching(keys.Keys(), facts, around);
     for (std::size_t i = range.end; i-- > range.begin;) {
         const CTimelineKey& key = *keys.Keys()[i];
         if (key.lockState != TL_KEY_LOCKED && Hits(key, key.frame, point, kMargin))

@@ -41,11 +41,16 @@ QRect RowView::Part(long long from, long long to, int top, int height) const
 
 FrameWindow RowView::Frames(long long before, long long after) const
 {
+    return FramesAround(axis, firstColumn - before, lastColumn + after);
+}
+
+FrameWindow FramesAround(const FrameAxis& axis, long long firstX, long long lastX)
+{
     // A column holds several frames when zoomed out, and truncation is toward zero: one column more
     // on each side covers both.
     const long long slack = std::max(axis.info.framesPerPixel, 0) + 1LL;
-    return ClampedWindow(axis.PixelToFrame(firstColumn - before - 1) - slack,
-                         axis.PixelToFrame(lastColumn + after + 1) + slack);
+    return ClampedWindow(axis.PixelToFrame(firstX - 1) - slack,
+                         axis.PixelToFrame(lastX + 1) + slack);
 }
 
 FrameWindow Widened(const FrameWindow& window, long long frames)

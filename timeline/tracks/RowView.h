@@ -47,5 +47,9 @@ struct RowView
     FrameWindow Frames(long long before, long long after) const;
 };
 
+/// The frames that stand in the columns @p firstX to @p lastX of a row, or a few more. The columns
+/// may lie outside of the row.
+FrameWindow FramesAround(const FrameAxis& axis, long long firstX, long long lastX);
+
 /// @p window grown by @p frames at both ends.
 FrameWindow Widened(const FrameWindow& window, long long frames);

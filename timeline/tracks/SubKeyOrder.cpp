@@ -1,13 +1,16 @@
 #include "tracks/SubKeyOrder.h"
 
+#include "model/TimelineKeyValues.h"
+
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 constexpr int kMostPassesWithoutLength = 1000;
 
 /// The types of keys whose sub-keys show wherever they stand.
-constexpr int kTypesDrawnOutOfView[] = {2, 4};
+constexpr int kTypesDrawnOutOfView[] = {TL_KEY_LINK_START, TL_KEY_NEVER_THINS};
 
 bool IsEarlier(const VZ::CPointer<CTimelineKey>& a, const VZ::CPointer<CTimelineKey>& b)
 {

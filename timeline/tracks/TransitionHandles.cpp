@@ -1,9 +1,9 @@
+#include "tracks/TransitionHandles.h"
+
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
 #include "model/TimelineKeyValues.h"
-#include "tracks/BarPainter.h"
 #include "tracks/CellGeometry.h"
-#include "tracks/TransitionPainter.h"
 
 #include <algorithm>
 
@@ -45,9 +45,9 @@ int TransitionHandles::Find(const CTimelineKeyArray& keys, const KeyFacts& facts
     // The handles of keys without a transition stand at the row's left edge, wherever the keys are.
     const int reach = WidestGlyph(m_style) + std::max(m_axis.info.pixelsPerFrame, 0) + 1;
     if (point.x() > reach) {
-        const RowView column(QRect(0, 0, point.x() + 1, 1), m_axis, point.x(), point.x());
-        range = KeysReaching(list, facts,
-                             Widened(column.Frames(reach, reach), facts.longestTransition));
+        const FrameWindow around =
+            FramesAround(m_axis, 1LL * point.x() - reach, 1LL * point.x() + reach);
+        range = KeysReaching(list, facts, Widened(around, facts.longestTransition));
     }
     for (const bool selected : {true, false}) {
         for (std::size_t i = range.end; i-- > range.begin;) {
