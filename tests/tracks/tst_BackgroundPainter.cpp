@@ -64,7 +64,7 @@ QImage Grid(const TimeRange& range = {}, const QRect& clip = QRect())
                    clip);
 }
 
-/// The grid painted frame by frame, without leaving anything out.
+/// The grid painted the plain way, frame by frame, without leaving anything out.
 QImage GridStepByStep(const TimeRange& range)
 {
     const FrameAxis& axis = SceneAxis();
