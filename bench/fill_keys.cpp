@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kTracks = 40;
 constexpr int kFramesBetweenKeys = 3;
-constexpr unsigned int kShuffleSeed = 20240501;
+constexpr unsigned int kFirstShuffleSeed = 20240501; ///< of the first track; the next adds 1
 
 enum class Order
 {
@@ -22,14 +22,14 @@ enum class Order
     Shuffled
 };
 
-std::vector<int> FramesOfOneTrack(int count, Order order)
+std::vector<int> FramesOfTrack(unsigned int track, int count, Order order)
 {
     std::vector<int> frames(static_cast<std::size_t>(count));
     std::iota(frames.begin(), frames.end(), 0);
     for (int& frame : frames)
         frame *= kFramesBetweenKeys;
     if (order == Order::Shuffled)
-        std::shuffle(frames.begin(), frames.end(), std::mt19937(kShuffleSeed));
+        std::shuffle(frames.begin(), frames.end(), std::mt19937(kFirstShuffleSeed + track));
     return frames;
 }
 
@@ -38,24 +38,35 @@ void Fill(CTimelineKeyArray& array, const std::vector<int>& frames)
     CTimelineKeyArray::KeyVector keys;
     keys.reserve(frames.size());
     for (int frame : frames) {
-        keys.emplace_back(new CTimelineKey);
+        keys.push_back(new CTimelineKey);
         keys.back()->frame = frame;
     }
     array.AddKeys(keys, false);
 }
 
+bool HoldsInOrder(const CTimelineKeyArray& array, std::size_t count)
+{
+    const auto isBefore = [](const auto& a, const auto& b) { return a->frame < b->frame; };
+    const CTimelineKeyArray::KeyVector& keys = array.Keys();
+    return keys.size() == count && std::is_sorted(keys.begin(), keys.end(), isBefore);
+}
+
 void FillKeys(benchmark::State& state, Order order)
 {
-    const std::vector<int> frames =
-        FramesOfOneTrack(static_cast<int>(state.range(0)) / kTracks, order);
+    const int keysPerTrack = static_cast<int>(state.range(0)) / kTracks;
+    std::vector<std::vector<int>> frames;
+    for (unsigned int track = 0; track < kTracks; ++track)
+        frames.push_back(FramesOfTrack(track, keysPerTrack, order));
     for (auto _ : state) {
         std::vector<CTimelineKeyArray> arrays(kTracks);
-        for (CTimelineKeyArray& array : arrays)
-            Fill(array, frames);
+        for (std::size_t track = 0; track < arrays.size(); ++track)
+            Fill(arrays[track], frames[track]);
 
         state.PauseTiming();
-        if (arrays.back().GetSize() != frames.size())
-            state.SkipWithError("keys are missing");
+        for (std::size_t track = 0; track < arrays.size(); ++track) {
+            if (!HoldsInOrder(arrays[track], frames[track].size()))
+                state.SkipWithError("keys are missing or out of order");
+        }
         arrays.clear();
         state.ResumeTiming();
     }

@@ -159,6 +159,7 @@ private slots:
     void clipboardKeepsWhatItHasWhenNothingIsSelected();
     void resettingAnEmptyClipboardSucceeds();
     void aResetClipboardMakesPastingImpossible();
+    void theClipboardWorksWithoutAWindow();
 
     void frameStateIsClampedAndStored();
     void currentFrameIsPushedToTheContainerAndTheWindow();
@@ -615,6 +616,25 @@ void tst_CTimelineManagerTracks::aResetClipboardMakesPastingImpossible()
     QVERIFY(fixture.manager->CanDoTrackEdit(arm, TL_EDIT_PASTE));
     QVERIFY(fixture.manager->ResetClipboard(arm));
     QVERIFY(!fixture.manager->CanDoTrackEdit(arm, TL_EDIT_PASTE));
+}
+
+void tst_CTimelineManagerTracks::theClipboardWorksWithoutAWindow()
+{
+    HostFixture fixture;
+    Track* const arm = fixture.Root(TL_TRACK_KEY, "Arm");
+    fixture.AddKeys(arm, {10, 20});
+    fixture.manager->GetKeyDataArray(arm)->SetSelectionByIndex(1, 1, true, 0);
+    fixture.manager->ReleaseTimelineWnd();
+    QVERIFY(!fixture.manager->GetTimelineWnd());
+
+    QVERIFY(fixture.manager->CopySelectionToClipboard(arm));
+    std::vector<VZ::CPointer<CTimelineKey>> copied;
+    int source = 0;
+    QVERIFY(fixture.manager->GetClipboardKeys(arm, copied, source));
+    QCOMPARE(copied.size(), std::size_t(1));
+    QCOMPARE(source, 20);
+    QVERIFY(fixture.manager->ResetClipboard(arm));
+    QVERIFY(!fixture.manager->GetClipboardKeys(arm, copied, source));
 }
 
 void tst_CTimelineManagerTracks::frameStateIsClampedAndStored()

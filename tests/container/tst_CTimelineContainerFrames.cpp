@@ -1,4 +1,5 @@
 #include "container/CTimelineContainer.h"
+#include "container/CTimelineContainerInterface.h"
 #include "library/TimelineLibrary.h"
 #include "support/HostFixture.h"
 #include "support/PaintCounter.h"
@@ -8,6 +9,8 @@
 #include <QtTest>
 
 #include <climits>
+#include <functional>
+#include <vector>
 
 using namespace KestovaTest;
 
@@ -18,7 +21,71 @@ FrameAxis& Axis()
     return TimelineLibrary::Instance().axis;
 }
 
+/// Stands in for a container as the owner of its scroll bar and counts what the bar sends.
+class ScrollSpy : public CTimelineTrackBaseInterface
+{
+public:
+    explicit ScrollSpy(CTimelineContainer& container) : m_container(container)
+    {
+        container.ScrollTrack()->SetOwner(this);
+    }
+    ~ScrollSpy() { m_container.ScrollTrack()->SetOwner(nullptr); }
+    std::vector<int> codes;
+
+    int OnTrackMessage(int code, CTimelineTrackBase*, int, QVariant, QVariant, QVariant) override
+    {
+        codes.push_back(code);
+        return 0;
+    }
+    bool OnTrackDrop(QDropEvent*, CTimelineTrackBase*) override { return false; }
+    bool OnTrackDragCheck(QDropEvent*, CTimelineTrackBase*, int) override { return false; }
+
+private:
+    CTimelineContainer& m_container;
+};
+
+struct ContainerMessage
+{
+    unsigned int code;
+    CTimelineTrackBase* track;
+    HANDLE handle;
+    QVariant values[3];
+    int scrollX; ///< when it was sent
+};
+
+/// Stands in for the manager as a container's owner and writes down its messages.
+class RecordingOwner : public CTimelineContainerInterface
+{
+public:
+    explicit RecordingOwner(CTimelineContainer& container) : m_container(container)
+    {
+        container.SetOwnerInterface(this);
+    }
+    ~RecordingOwner() override { m_container.SetOwnerInterface(nullptr); }
+    std::vector<ContainerMessage> messages;
+
+    int OnContainerMessage(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
+                           QVariant value1, QVariant value2, QVariant value3) override
+    {
+        messages.push_back({code, track, handle, {value1, value2, value3}, Axis().scrollX});
+        return 0;
+    }
+    int OnContainerTrackEdit(TLEditType, const VZ::CArrayList<CTimelineTrackBase*>&, QVariant,
+                             QVariant) override
+    {
+        return -1;
+    }
+    bool OnContainerDrop(TLDropFileType, QString) override { return false; }
+
+private:
+    CTimelineContainer& m_container;
+};
+
+using ContainerCommand = std::function<void(CTimelineContainer&)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(ContainerCommand)
 
 class tst_CTimelineContainerFrames : public QObject
 {
@@ -106,6 +173,33 @@ private slots:
         QCOMPARE(HostCalls(), QStringList());
     }
 
+    void settingTheFrameCountFitsTheThumbToTheOldZoomFirst()
+    {
+        // A full view of 1000 frames in 629 pixels holds 2 frames in each. So 5000 frames are 2500
+        // pixels wide, of which the thumb stands for 629 * 629 / 2500 of its bar's: 158, and that
+        // is 2 frames a pixel again. The other way round it would be 8, and a full thumb.
+        Container().SetFrameCount(1000);
+        Container().DoZoomAll();
+        QCOMPARE(Container().ScrollTrack()->width(), 629);
+        QCOMPARE(Axis().info.framesPerPixel, 2);
+        Container().SetFrameCount(5000);
+        QCOMPARE(Container().ScrollTrack()->GetThumb().left, 0);
+        QCOMPARE(Container().ScrollTrack()->GetThumb().right, 158);
+        QCOMPARE(Axis().info.framesPerPixel, 2);
+    }
+
+    void settingTheFrameCountLeavesTheThumbsLeftEdge()
+    {
+        ZoomInAround(500);
+        const int left = Container().ScrollTrack()->GetThumb().left;
+        const int scrollX = Axis().scrollX;
+        QVERIFY(left > 0);
+        Axis().scrollX = 0;
+        Container().SetFrameCount(1000);
+        QCOMPARE(Container().ScrollTrack()->GetThumb().left, left);
+        QCOMPARE(Axis().scrollX, scrollX);
+    }
+
     void settingTheFrameCountRepaintsLater()
     {
         m_fixture->Settle();
@@ -157,6 +251,38 @@ private slots:
         QCOMPARE(HostCalls(), (QStringList{"frame 99 false", "frame 99 true"}));
     }
 
+    void goingToAFrameSendsNoTracksAndNothingButTheFrame()
+    {
+        ZoomInAround(500);
+        const int before = Axis().scrollX;
+        RecordingOwner owner(Container());
+        Container().GotoFrame(100);
+        QCOMPARE(owner.messages.size(), std::size_t{2});
+        QCOMPARE(owner.messages[0].code, 1301u);
+        QCOMPARE(owner.messages[1].code, 1302u);
+        for (const ContainerMessage& message : owner.messages) {
+            QVERIFY(!message.track);
+            QVERIFY(!message.handle);
+            QCOMPARE(message.values[0], QVariant(100));
+            QCOMPARE(message.values[1], QVariant(0));
+            QCOMPARE(message.values[2], QVariant(0));
+        }
+        // The view has moved before the owner hears of it.
+        QVERIFY(Axis().scrollX != before);
+        QCOMPARE(owner.messages[0].scrollX, Axis().scrollX);
+    }
+
+    void goingToAFrameRepaintsAtOnceAndTellsTheWindow()
+    {
+        m_fixture->Settle();
+        Container().SetOwnerInterface(nullptr);
+        m_fixture->ForgetCalls();
+        PaintCounter counter(Container());
+        Container().GotoFrame(12);
+        QVERIFY(counter.paints > 0);
+        QCOMPARE(WindowCalls(), QStringList{"refreshed"});
+    }
+
     void goingToAFrameBringsItIntoTheMiddleOfTheView()
     {
         ZoomInAround(500);
@@ -201,6 +327,29 @@ private slots:
         QCOMPARE(HostCalls(), QStringList());
     }
 
+    void settingTheTimeMarkRepaintsLater()
+    {
+        m_fixture->Settle();
+        PaintCounter counter(Container());
+        Container().SetTimeMarkFrame(3, 9);
+        QCOMPARE(counter.paints, 0);
+        m_fixture->Settle();
+        QVERIFY(counter.paints > 0);
+    }
+
+    void theTimeMarkOfANewContainerIsFrames0And1()
+    {
+        QWidget parent;
+        auto* const container = new CTimelineContainer(nullptr); // the parent's from Create on
+        QVERIFY(container->Create(&parent, QRect(0, 0, 400, 200)));
+        QVERIFY(container->TickTrack());
+        int start = 8;
+        int end = 8;
+        container->GetTimeMarkFrame(start, end);
+        QCOMPARE(start, 0);
+        QCOMPARE(end, 1);
+    }
+
     // ---- Without the fixed tracks ----
 
     void withoutTheFixedTracksEveryOperationAnswersItsDefault()
@@ -228,6 +377,7 @@ private slots:
         QCOMPARE(left, 0.25f);
         QCOMPARE(right, 0.75f);
         QVERIFY(!bare.ScrollToFrame(10, 0));
+        QVERIFY(!bare.ScrollToTrack(nullptr));
         QVERIFY(!bare.CanDoZoomIn());
         QVERIFY(!bare.CanDoZoomOut());
         QVERIFY(!bare.CanDoZoomAll());
@@ -270,9 +420,17 @@ private slots:
     void scrollingToATrackIsTheHostsAndAnswersFalse()
     {
         CTimelineTrackBase* const track = m_fixture->Root(TL_TRACK_KEY, "a");
+        m_fixture->Settle();
         m_fixture->ForgetCalls();
+        PaintCounter counter(Container());
+        const QRect place = track->geometry();
+        QVERIFY(!Container().ScrollToTrack(track));
+        QVERIFY(!Container().ScrollToTrack(nullptr));
         QVERIFY(!m_fixture->manager->ScrollToTrack(track));
         QCOMPARE(WindowCalls(), QStringList());
+        QCOMPARE(track->geometry(), place);
+        m_fixture->Settle();
+        QCOMPARE(counter.paints, 0);
     }
 
     void theZoomQueriesAreTheScrollTracks()
@@ -346,18 +504,47 @@ private slots:
         QVERIFY(IsInView(7000));
     }
 
-    void aZoomThatIsNotPossibleChangesNothing()
+    void zoomingAllScrollsToNoFrame()
     {
-        ZoomInAround(500);
-        const int scrollX = Axis().scrollX;
-        Container().SetCurrentFrame(10); // would be scrolled to
-        QVERIFY(!Container().CanDoZoomIn());
+        // Frame 0 never lies strictly inside the view, so that scrolling to it would be announced.
+        ZoomInAround(0);
+        ScrollSpy spy(Container());
+        Container().ScrollToFrame(0, 0);
+        QCOMPARE(spy.codes, std::vector<int>{1201});
+        spy.codes.clear();
+        Container().DoZoomAll();
+        QCOMPARE(spy.codes, std::vector<int>{1201});
         Container().DoZoomIn();
-        QCOMPARE(Axis().scrollX, scrollX);
-        Container().DoZoomAll();
-        Container().DoZoomOut();
-        Container().DoZoomAll();
-        QCOMPARE(Axis().scrollX, 0);
+        QCOMPARE(spy.codes, (std::vector<int>{1201, 1201, 1201}));
+    }
+
+    void aZoomThatIsNotPossibleChangesAndSendsNothing_data()
+    {
+        QTest::addColumn<bool>("zoomedIn"); // else all frames are in view
+        QTest::addColumn<ContainerCommand>("command");
+        QTest::newRow("zoom in") << true << ContainerCommand([](auto& c) { c.DoZoomIn(); });
+        QTest::newRow("un-zoom") << true << ContainerCommand([](auto& c) { c.DoUnZoom(); });
+        QTest::newRow("zoom out") << false << ContainerCommand([](auto& c) { c.DoZoomOut(); });
+        QTest::newRow("zoom all") << false << ContainerCommand([](auto& c) { c.DoZoomAll(); });
+    }
+    void aZoomThatIsNotPossibleChangesAndSendsNothing()
+    {
+        QFETCH(bool, zoomedIn);
+        QFETCH(ContainerCommand, command);
+        ZoomInAround(500);
+        if (!zoomedIn)
+            Container().DoZoomAll();
+        // Frame 0 would be scrolled to, and a full view be scrolled back.
+        Container().SetCurrentFrame(0);
+        Axis().scrollX = 333;
+        const ScrollThumb::Thumb before = Container().ScrollTrack()->GetThumb();
+        ScrollSpy spy(Container());
+        command(Container());
+        const ScrollThumb::Thumb& after = Container().ScrollTrack()->GetThumb();
+        QCOMPARE(after.left, before.left);
+        QCOMPARE(after.right, before.right);
+        QCOMPARE(Axis().scrollX, 333);
+        QCOMPARE(spy.codes, std::vector<int>());
     }
 
     void withoutFramesNoZoomIsPossible()

@@ -150,7 +150,6 @@ void tst_BinaryLayout::aListIsThreePointers()
 }
 
 // --- Keys
-// -----------------------------------------------------------------------------------------
 
 void tst_BinaryLayout::aKeyStartsWithItsTableAndCount()
 {
@@ -241,7 +240,6 @@ void tst_BinaryLayout::aClipboardHasItsMembersInPlace()
 }
 
 // --- Records
-// --------------------------------------------------------------------------------------
 
 void tst_BinaryLayout::segmentRecordsHaveTheirMembersInPlace()
 {
@@ -310,7 +308,6 @@ void tst_BinaryLayout::recordsAreConstructedWithTheirDefaults()
 }
 
 // --- Enumerations
-// ---------------------------------------------------------------------------------
 
 void tst_BinaryLayout::enumerationsAreInts()
 {

@@ -3,9 +3,14 @@
 
 #include <QtTest>
 
+#include <cstdlib>
 #include <new>
 
 namespace {
+
+/// What the program's allocation functions, replaced below, count and do.
+int allocations = 0;
+bool memoryHasRunOut = false;
 
 /// Cannot be copied while `refuses` is set, as when memory has run out.
 struct Reluctant
@@ -25,6 +30,25 @@ bool Reluctant::refuses = false;
 
 } // namespace
 
+void* operator new(std::size_t size)
+{
+    ++allocations;
+    void* const block = memoryHasRunOut ? nullptr : std::malloc(size);
+    if (!block)
+        throw std::bad_alloc();
+    return block;
+}
+
+void operator delete(void* block) noexcept
+{
+    std::free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    std::free(block);
+}
+
 class tst_CArrayList : public QObject
 {
     Q_OBJECT
@@ -33,7 +57,8 @@ private slots:
     void isEmptyAtFirst();
     void appendsInOrder();
     void addReportsSuccessAsZero();
-    void addReportsAFailedAllocationAndLeavesTheListUnchanged();
+    void addReportsAFailedCopyAndLeavesTheListUnchanged();
+    void addReportsThatTheStorageCannotGrow();
     void addsAgainAfterAFailure();
     void removeAllEmptiesTheListAndReportsZero();
     void removeAllKeepsTheStorage();
@@ -64,7 +89,7 @@ void tst_CArrayList::addReportsSuccessAsZero()
     QCOMPARE(list.Add(5), 0u);
 }
 
-void tst_CArrayList::addReportsAFailedAllocationAndLeavesTheListUnchanged()
+void tst_CArrayList::addReportsAFailedCopyAndLeavesTheListUnchanged()
 {
     VZ::CArrayList<Reluctant> list;
     for (int value : {1, 2, 3})
@@ -84,6 +109,32 @@ void tst_CArrayList::addReportsAFailedAllocationAndLeavesTheListUnchanged()
     QCOMPARE(list.GetSize(), 4);
     for (int index = 0; index < 4; ++index)
         QCOMPARE(list[index].value, index + 1);
+}
+
+void tst_CArrayList::addReportsThatTheStorageCannotGrow()
+{
+    VZ::CArrayList<int> list;
+    memoryHasRunOut = true;
+    const unsigned int onEmpty = list.Add(7);
+    memoryHasRunOut = false;
+    QCOMPARE(onEmpty, 0x80000002u);
+    QCOMPARE(list.GetSize(), 0);
+
+    // With memory gone, the free places of the storage are still taken; then it would have to grow.
+    QCOMPARE(list.Add(0), 0u);
+    const int* const storage = &list[0];
+    unsigned int result = 0;
+    memoryHasRunOut = true;
+    while (result == 0 && list.GetSize() < 1000)
+        result = list.Add(list.GetSize());
+    memoryHasRunOut = false;
+
+    QCOMPARE(result, 0x80000002u);
+    QVERIFY(list.GetSize() >= 1);
+    QCOMPARE(&list[0], storage);
+    for (int index = 0; index < list.GetSize(); ++index)
+        QCOMPARE(list[index], index);
+    QCOMPARE(list.Add(list.GetSize()), 0u);
 }
 
 void tst_CArrayList::addsAgainAfterAFailure()
@@ -113,9 +164,15 @@ void tst_CArrayList::removeAllKeepsTheStorage()
         list.Add(value);
     const int* const storage = &list[0];
     list.RemoveAll();
-    for (int value = 0; value < 100; ++value)
+
+    const int allocationsBefore = allocations;
+    list.Add(0);
+    const int* const storageOfTheFirst = &list[0];
+    for (int value = 1; value < 100; ++value)
         list.Add(value);
-    QCOMPARE(&list[0], storage);
+    const int allocationsOfAdding = allocations - allocationsBefore;
+    QCOMPARE(storageOfTheFirst, storage);
+    QCOMPARE(allocationsOfAdding, 0);
 }
 
 void tst_CArrayList::findsWhatItContains()

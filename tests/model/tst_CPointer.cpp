@@ -23,10 +23,12 @@ private slots:
     void assigningNullLetsGo();
     void assigningItselfLeavesTheCount();
     void assigningThePointerOfTheSameObjectLeavesTheCount();
+    void assigningATemporaryOfTheSameObjectLeavesTheCount();
     void takesWhatOnlyTheOldObjectKeptAlive();
     void movingTakesTheReferenceOver();
     void movingOntoAnotherObjectReleasesIt();
     void movingOntoItselfKeepsTheObject();
+    void movingOntoAPointerOfTheSameObjectDropsOneReference();
     void comparesWithPointersAndNull();
     void comparingDoesNotFreeAnUnheldObject();
     void givesAccessToTheObject();
@@ -127,6 +129,15 @@ void tst_CPointer::assigningThePointerOfTheSameObjectLeavesTheCount()
     QCOMPARE(first->GetReferences(), 2u);
 }
 
+void tst_CPointer::assigningATemporaryOfTheSameObjectLeavesTheCount()
+{
+    int deletions = 0;
+    KeyPointer pointer(new WatchedKey(deletions));
+    pointer = KeyPointer(pointer.Get());
+    QCOMPARE(deletions, 0);
+    QCOMPARE(pointer->GetReferences(), 1u);
+}
+
 void tst_CPointer::takesWhatOnlyTheOldObjectKeptAlive()
 {
     int deletions = 0;
@@ -168,6 +179,19 @@ void tst_CPointer::movingOntoItselfKeepsTheObject()
     pointer = std::move(itself);
     QCOMPARE(deletions, 0);
     QCOMPARE(pointer->GetReferences(), 1u);
+}
+
+void tst_CPointer::movingOntoAPointerOfTheSameObjectDropsOneReference()
+{
+    int deletions = 0;
+    KeyPointer pointer(new WatchedKey(deletions));
+    CTimelineKey* const key = pointer.Get();
+    KeyPointer same(pointer);
+    pointer = std::move(same);
+    QCOMPARE(deletions, 0);
+    QCOMPARE(pointer.Get(), key);
+    QCOMPARE(key->GetReferences(), 1u);
+    QVERIFY(same.Get() == nullptr); // a moved-from pointer is null, by promise
 }
 
 void tst_CPointer::comparesWithPointersAndNull()

@@ -3,6 +3,26 @@
 
 #include <QtTest>
 
+#include <type_traits>
+
+namespace {
+
+/// Declares every operation of a clipboard again: a call through the base would end up here if the
+/// operation were virtual.
+class RedeclaredClipboard : public CTimelineClipboard
+{
+public:
+    mutable int calls = 0;
+
+    bool HasData() const { return ++calls; }
+    void Reset() { ++calls; }
+    void Fill(const KeyVector&, int) { ++calls; }
+    const KeyVector& GetKeys() const { return ++calls, CTimelineClipboard::GetKeys(); }
+    int GetSourceValue() const { return ++calls; }
+};
+
+} // namespace
+
 class tst_CTimelineClipboard : public QObject
 {
     Q_OBJECT
@@ -16,6 +36,7 @@ private slots:
     void resetReleasesTheKeys();
     void resettingAnEmptyClipboardChangesNothing();
     void destructionReleasesTheKeys();
+    void onlyItsDestructorIsVirtual();
 };
 
 void tst_CTimelineClipboard::isEmptyAtFirst()
@@ -93,6 +114,19 @@ void tst_CTimelineClipboard::destructionReleasesTheKeys()
         clipboard.Fill({new WatchedKey(deletions)}, 5);
     }
     QCOMPARE(deletions, 1);
+}
+
+void tst_CTimelineClipboard::onlyItsDestructorIsVirtual()
+{
+    QVERIFY(std::has_virtual_destructor<CTimelineClipboard>::value);
+    RedeclaredClipboard redeclared;
+    CTimelineClipboard& clipboard = redeclared;
+    clipboard.Fill({MakeKey(5)}, 5);
+    QVERIFY(clipboard.HasData());
+    QCOMPARE(clipboard.GetKeys().size(), std::size_t{1});
+    QCOMPARE(clipboard.GetSourceValue(), 5);
+    clipboard.Reset();
+    QCOMPARE(redeclared.calls, 0);
 }
 
 QTEST_APPLESS_MAIN(tst_CTimelineClipboard)

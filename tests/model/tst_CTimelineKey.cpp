@@ -79,6 +79,23 @@ void CompareDistinctValues(const CTimelineKey& key)
     QCOMPARE(key.relatedCopy, value++);
 }
 
+/// Declares every operation of a key again: a call through the base would end up here if the
+/// operation were virtual.
+class RedeclaredKey : public CTimelineKey
+{
+public:
+    mutable int calls = 0;
+
+    void IncrementReferences() { ++calls; }
+    void DecrementReferences() { ++calls; }
+    unsigned int GetReferences() const { return static_cast<unsigned int>(++calls); }
+    CTimelineKey& operator=(const CTimelineKey&)
+    {
+        ++calls;
+        return *this;
+    }
+};
+
 std::vector<TimelineKeySegment> TwoSegments()
 {
     TimelineKeySegment first;
@@ -282,6 +299,15 @@ void tst_CTimelineKey::onlyItsDestructorIsVirtual()
 {
     QVERIFY(std::has_virtual_destructor<CTimelineKey>::value);
     QVERIFY(!std::is_polymorphic<CReltedGroupBase>::value);
+
+    RedeclaredKey redeclared;
+    CTimelineKey& key = redeclared;
+    key.IncrementReferences();
+    key.IncrementReferences();
+    key.DecrementReferences();
+    QCOMPARE(key.GetReferences(), 1u);
+    key = CTimelineKey();
+    QCOMPARE(redeclared.calls, 0);
 }
 
 QTEST_APPLESS_MAIN(tst_CTimelineKey)

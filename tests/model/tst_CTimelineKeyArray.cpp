@@ -1,8 +1,26 @@
 #include "KeyMakers.h"
+#include "RedeclaredKeyArray.h"
 
 #include <QtTest>
 
 #include <limits>
+#include <type_traits>
+#include <utility>
+
+namespace {
+
+/// What an accessor of the array gives for an int.
+template <class Accessor>
+using ResultOf = std::invoke_result_t<Accessor, const CTimelineKeyArray&, int>;
+using HeldKey = VZ::CPointer<CTimelineKey>;
+
+// By value: the caller's own pointer keeps the key alive whatever becomes of the array.
+static_assert(std::is_same_v<ResultOf<decltype(&CTimelineKeyArray::GetAt)>, HeldKey>);
+static_assert(std::is_same_v<ResultOf<decltype(&CTimelineKeyArray::SelGetKeyAt)>, HeldKey>);
+static_assert(std::is_same_v<ResultOf<decltype(&CTimelineKeyArray::MoveGetAt)>, HeldKey>);
+static_assert(std::is_same_v<ResultOf<decltype(&CTimelineKeyArray::RelatedGetAt)>, HeldKey>);
+
+} // namespace
 
 /// Opens the run search for tests.
 class OpenKeyArray : public CTimelineKeyArray
@@ -19,6 +37,7 @@ private slots:
     void isEmptyAtFirst();
     void theLastReleaseRunsTheVirtualDestructor();
     void aCountOfZeroWrapsAndDeletesNothing();
+    void onlyItsDestructorIsVirtual();
     void aCopySharesTheKeysAndCopiesTheCount();
     void anAssignmentSharesTheKeysAndCopiesTheCount();
     void canBeAssignedAnArrayInsideOneOfItsKeys();
@@ -51,6 +70,7 @@ private slots:
     void hitsClipRangeIncludingItsEnds_data();
     void hitsClipRangeIncludingItsEnds();
     void clipRangeOfAPlainKeyIsNeverHit();
+    void clipRangeOfANegativeClipLengthIsNeverHit();
     void clipRangeLooksOnlyAtTheNearestKeyBefore();
     void clipRangeChoosesAmongKeysOfOneFrame();
     void clipRangeUsesTheTrimmedLength();
@@ -98,6 +118,14 @@ void tst_CTimelineKeyArray::aCountOfZeroWrapsAndDeletesNothing()
     QCOMPARE(array->GetReferences(), 0xFFFFFFFFu);
     QCOMPARE(deletions, 0);
     delete array;
+}
+
+void tst_CTimelineKeyArray::onlyItsDestructorIsVirtual()
+{
+    QVERIFY(std::has_virtual_destructor<CTimelineKeyArray>::value);
+    RedeclaredKeyArray redeclared;
+    RedeclaredKeyArray::CallEveryOperationOfTheBase(redeclared);
+    QCOMPARE(redeclared.calls, 0);
 }
 
 namespace {
@@ -164,7 +192,6 @@ void tst_CTimelineKeyArray::canBeAssignedAnArrayInsideOneOfItsKeys()
 }
 
 // --- Search
-// ---------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArray::findsTheInsertIndex_data()
 {
@@ -296,7 +323,6 @@ void tst_CTimelineKeyArray::aRunOutsideTheListIsNone()
 }
 
 // --- Adding
-// ---------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArray::keepsKeysOfOneFrameInTheOrderOfAddition()
 {
@@ -411,7 +437,6 @@ void tst_CTimelineKeyArray::addingUpdatesTheClipBeforeTheKey()
 }
 
 // --- Hit tests
-// ------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArray::hitsTheFirstAndTheLastKeyOfAFrame()
 {
@@ -464,6 +489,17 @@ void tst_CTimelineKeyArray::clipRangeOfAPlainKeyIsNeverHit()
     QCOMPARE(array.HitClipRange(20, false, false), -1);
 }
 
+void tst_CTimelineKeyArray::clipRangeOfANegativeClipLengthIsNeverHit()
+{
+    CTimelineKeyArray array;
+    array.Add(MakeClip(20, -5, -1), false);
+    QCOMPARE(array.GetAt(0)->displayLength, 5); // as of a clip, but below 1 frame a pass it is none
+    for (int frame : {20, 22, 25}) {
+        QCOMPARE(array.HitClipRange(frame, true, false), -1);
+        QCOMPARE(array.HitClipRange(frame, true, true), -1);
+    }
+}
+
 void tst_CTimelineKeyArray::clipRangeLooksOnlyAtTheNearestKeyBefore()
 {
     CTimelineKeyArray array;
@@ -503,7 +539,6 @@ void tst_CTimelineKeyArray::clipRangeReachesTheLastFrameThereIs()
 }
 
 // --- Removing
-// -------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArray::removingReleasesTheKey()
 {

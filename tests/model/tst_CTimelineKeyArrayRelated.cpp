@@ -3,6 +3,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <random>
 
 class tst_CTimelineKeyArrayRelated : public QObject
 {
@@ -39,14 +40,33 @@ private slots:
     void relatedKeysOfOneFrameCompeteInTheirOrder();
     void collectingLeavesTheArrayUnchanged();
     void collectsOnlyRelatedKeysForAnEmptyArray();
+    void collectingAppendsToWhatIsThereAlready();
+    void collectsAsPlacingOneRelatedKeyAfterAnotherDoes_data();
+    void collectsAsPlacingOneRelatedKeyAfterAnotherDoes();
 };
 
 namespace {
 
-CTimelineKeyArray::KeyVector Collect(CTimelineKeyArray& array)
+CTimelineKeyArray::KeyVector Collect(const CTimelineKeyArray& array)
 {
     CTimelineKeyArray::KeyVector keys;
     array.CollectDisplayKeys(keys);
+    return keys;
+}
+
+/// The same, one related key after the other.
+CTimelineKeyArray::KeyVector CollectPlainly(const CTimelineKeyArray& array)
+{
+    CTimelineKeyArray::KeyVector keys = array.Keys();
+    for (const auto& related : array.RelatedKeys()) {
+        int index = 0;
+        bool found = false;
+        array.GetInsertIndex(keys, related->frame, false, index, found);
+        if (!found)
+            keys.insert(keys.begin() + index, related);
+        else if (keys[static_cast<std::size_t>(index)]->priority < related->priority)
+            keys[static_cast<std::size_t>(index)] = related;
+    }
     return keys;
 }
 
@@ -60,7 +80,6 @@ VZ::CPointer<CTimelineKey> MakeKeyOfPriority(int frame, int priority)
 } // namespace
 
 // --- Related list
-// ---------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArrayRelated::refusesANullKey()
 {
@@ -184,7 +203,6 @@ void tst_CTimelineKeyArrayRelated::removingAllLeavesKeysAndSelection()
 }
 
 // --- Display lengths
-// ------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArrayRelated::drawsAClipUpToTheFrameBeforeTheNextKey()
 {
@@ -282,7 +300,6 @@ void tst_CTimelineKeyArrayRelated::trimsAcrossTheWholeNumberRange()
 }
 
 // --- Display collection
-// ---------------------------------------------------------------------------
 
 void tst_CTimelineKeyArrayRelated::collectsKeysAndRelatedKeysInFrameOrder()
 {
@@ -365,6 +382,50 @@ void tst_CTimelineKeyArrayRelated::collectsOnlyRelatedKeysForAnEmptyArray()
     for (int frame : {5, 15})
         array.RelatedAdd(MakeKey(frame).Get(), false);
     QCOMPARE(FramesOf(Collect(array)), QVector<int>({5, 15}));
+}
+
+void tst_CTimelineKeyArrayRelated::collectingAppendsToWhatIsThereAlready()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {10, 20});
+    array.RelatedAdd(MakeKey(5).Get(), false);
+    array.RelatedAdd(MakeKeyOfPriority(20, 101).Get(), false);
+    const auto there = MakeKey(1);
+    CTimelineKeyArray::KeyVector keys = {there};
+    array.CollectDisplayKeys(keys);
+    QCOMPARE(FramesOf(keys), QVector<int>({1, 5, 10, 20}));
+    QVERIFY(keys[0] == there);
+    QVERIFY(keys[3] == array.RelatedGetAt(1));
+}
+
+void tst_CTimelineKeyArrayRelated::collectsAsPlacingOneRelatedKeyAfterAnotherDoes_data()
+{
+    QTest::addColumn<int>("writtenFrames");
+    QTest::newRow("lists in frame order") << 0;
+    QTest::newRow("frames written by the host") << 3;
+}
+
+void tst_CTimelineKeyArrayRelated::collectsAsPlacingOneRelatedKeyAfterAnotherDoes()
+{
+    QFETCH(int, writtenFrames);
+    std::mt19937 random(11);
+    const auto below = [&random](int end) {
+        return static_cast<int>(random() % static_cast<unsigned int>(end));
+    };
+    for (int round = 0; round < 300; ++round) {
+        CTimelineKeyArray array;
+        for (int count = below(12); count > 0; --count)
+            array.Add(MakeKeyOfPriority(below(15), below(3)), false);
+        for (int count = below(12); count > 0; --count)
+            array.RelatedAdd(MakeKeyOfPriority(below(15), below(3)).Get(), false);
+        for (int count = writtenFrames; count > 0; --count) {
+            const auto& keys = below(2) ? array.Keys() : array.RelatedKeys();
+            if (!keys.empty())
+                keys[static_cast<std::size_t>(below(static_cast<int>(keys.size())))]->frame =
+                    below(15);
+        }
+        QVERIFY(Collect(array) == CollectPlainly(array));
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_CTimelineKeyArrayRelated)

@@ -65,6 +65,7 @@ private slots:
     void staleEntriesPointOneKeyFurther();
     void staleEntriesPastTheEndArePassedOver();
     void anEntryFarPastTheEndMeansNoKey();
+    void aNegativeEntryMeansNoKey();
 };
 
 namespace {
@@ -87,7 +88,6 @@ void Select(CTimelineKeyArray& array, const QVector<int>& indexes)
 } // namespace
 
 // --- By frames
-// ------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArraySelection::selectsAFrameRange_data()
 {
@@ -229,7 +229,6 @@ void tst_CTimelineKeyArraySelection::goesByTheMarkNotByTheList()
 }
 
 // --- By indexes
-// -----------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArraySelection::selectsAnIndexRange()
 {
@@ -297,7 +296,6 @@ void tst_CTimelineKeyArraySelection::anIndexRangePassesOverLockedKeys()
 }
 
 // --- Clearing
-// -------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArraySelection::clearsTheWholeSelection()
 {
@@ -365,7 +363,6 @@ void tst_CTimelineKeyArraySelection::clearingEndsWhenSubKeysLeadBack()
 }
 
 // --- The list
-// -------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArraySelection::addsAnIndexAtItsSortedPlace()
 {
@@ -454,7 +451,6 @@ void tst_CTimelineKeyArraySelection::givesTheSelectedKeys()
 }
 
 // --- Move set
-// -------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArraySelection::theMoveSetHoldsFreshCopies()
 {
@@ -507,7 +503,6 @@ void tst_CTimelineKeyArraySelection::theMoveSetCanBeCleared()
 }
 
 // --- Moving
-// ---------------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArraySelection::movedKeysReplaceWhatTheyLandOn()
 {
@@ -642,7 +637,6 @@ void tst_CTimelineKeyArraySelection::aReplacedKeyIsReleased()
 }
 
 // --- Stale entries
-// --------------------------------------------------------------------------------
 
 void tst_CTimelineKeyArraySelection::staleEntriesPointOneKeyFurther()
 {
@@ -686,6 +680,29 @@ void tst_CTimelineKeyArraySelection::anEntryFarPastTheEndMeansNoKey()
     QVERIFY(array.SelGetKeyAt(0) == nullptr);
     array.MoveKeys(5, true);
     QCOMPARE(FramesOf(array), QVector<int>({0, 10}));
+}
+
+void tst_CTimelineKeyArraySelection::aNegativeEntryMeansNoKey()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {0, 10, 20});
+    Select(array, {1});
+    array.SelAdd(-1);
+    QCOMPARE(SelectionOf(array), QVector<int>({-1, 1}));
+    QVERIFY(array.SelGetKeyAt(0) == nullptr);
+
+    array.SetSelToMove();
+    QCOMPARE(array.MoveGetSize(), std::size_t{1});
+    QCOMPARE(array.MoveGetAt(0)->frame, 10);
+
+    array.MoveKeys(15, false);
+    QCOMPARE(FramesOf(array), QVector<int>({0, 20, 25}));
+    QCOMPARE(SelectionOf(array), QVector<int>({2}));
+
+    array.SelAdd(-1);
+    array.ClearAllSelection();
+    QCOMPARE(SelectionOf(array), QVector<int>());
+    QCOMPARE(MarkedOf(array), QVector<int>());
 }
 
 QTEST_APPLESS_MAIN(tst_CTimelineKeyArraySelection)

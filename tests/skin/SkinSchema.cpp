@@ -277,4 +277,38 @@ QStringList SkinMap::Keys(const QString& section) const
     return m_sections.value(section.toLower()).keys();
 }
 
+QStringList SkinMap::StylesOf(const QString& kind) const
+{
+    QStringList styles;
+    for (const QString& section : Sections()) {
+        bool isNumber = false;
+        if (section.startsWith(kind.toLower()))
+            section.midRef(kind.size()).toInt(&isNumber);
+        if (isNumber)
+            styles << section;
+    }
+    styles.sort();
+    return styles;
+}
+
+int SkinMap::Number(const QString& section, const QString& key) const
+{
+    return Text(section, key).toInt();
+}
+
+QList<int> SkinMap::Numbers(const QString& section, const QString& key) const
+{
+    const QString text = Text(section, key);
+    QList<int> numbers;
+    for (const QString& piece : text.mid(1, text.size() - 2).split(','))
+        numbers << piece.toInt();
+    return numbers;
+}
+
+QColor SkinMap::Colour(const QString& section, const QString& key) const
+{
+    const QList<int> numbers = Numbers(section, key);
+    return numbers.size() < 3 ? QColor() : QColor(numbers[0], numbers[1], numbers[2]);
+}
+
 } // namespace KestovaTest

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QColor>
 #include <QHash>
+#include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 namespace KestovaTest {
@@ -72,6 +75,14 @@ public:
     /// Names of all sections, in lower case.
     QStringList Sections() const;
     QStringList Keys(const QString& section) const;
+
+    /// The sections, in lower case, whose names are @p kind followed by a number.
+    QStringList StylesOf(const QString& kind) const;
+    int Number(const QString& section, const QString& key) const;
+    /// The components of a point or a colour.
+    QList<int> Numbers(const QString& section, const QString& key) const;
+    /// Invalid when the key is absent.
+    QColor Colour(const QString& section, const QString& key) const;
 
 private:
     QString m_section;

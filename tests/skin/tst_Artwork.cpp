@@ -1,4 +1,5 @@
 #include "Contrast.h"
+#include "PictureSizes.h"
 
 #include "artwork/Artwork.h"
 
@@ -56,6 +57,35 @@ int PixelsToldApartInGrey(const QImage& one, const QImage& other, const QColor& 
     return count;
 }
 
+constexpr int kSheetZoom = 4;
+
+/// The gallery with the right-most column of each picture in a colour that no other picture has.
+Artwork::Gallery MarkedAtTheRight()
+{
+    Artwork::Gallery gallery = Artwork::DrawAll();
+    int place = 0;
+    for (auto& [name, image] : gallery) {
+        const QColor mark(255, place++, 255);
+        for (int y = 0; y < image.height(); ++y)
+            image.setPixelColor(image.width() - 1, y, mark);
+    }
+    return gallery;
+}
+
+QRgb MarkOf(const QImage& image)
+{
+    return image.pixel(image.width() - 1, 0);
+}
+
+QHash<QRgb, int> CountColours(const QImage& image)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    return counts;
+}
+
 } // namespace
 
 /// The committed pictures: their sizes, their number, and that the program draws them.
@@ -63,61 +93,10 @@ class tst_Artwork : public QObject
 {
     Q_OBJECT
 private slots:
-    void hasEverySize_data()
-    {
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("last");
-        QTest::addColumn<QSize>("smallest");
-        QTest::addColumn<QSize>("largest");
-        const auto row = [](int first, int last, QSize smallest, QSize largest) {
-            QTest::addRow("%d to %d", first, last) << first << last << smallest << largest;
-        };
-        const auto fixed = [&](int first, int last, QSize size) { row(first, last, size, size); };
-        fixed(0, 0, {15, 25});
-        row(1, 1, {171, 17}, {171, 27});
-        row(2, 2, {155, 17}, {155, 27});
-        row(3, 7, {171, 17}, {171, 27});
-        row(8, 13, {10, 11}, {11, 11});
-        fixed(14, 17, {12, 12});
-        fixed(18, 21, {17, 15});
-        fixed(22, 23, {15, 15});
-        row(24, 31, {84, 18}, {110, 18});
-        fixed(32, 39, {7, 24});
-        fixed(40, 41, {7, 26});
-        row(42, 57, {1, 17}, {1, 54});
-        fixed(58, 58, {15, 1});
-        row(59, 65, {1, 17}, {1, 54});
-        fixed(66, 66, {13, 1});
-        row(67, 71, {1, 17}, {1, 54});
-        fixed(72, 73, {6, 10});
-        fixed(74, 85, {7, 7});
-        fixed(86, 87, {5, 24});
-        fixed(88, 89, {9, 9});
-        fixed(90, 91, {5, 24});
-        fixed(92, 93, {7, 11});
-        fixed(94, 127, {25, 15});
-        fixed(128, 129, {11, 25});
-        fixed(130, 131, {14, 14});
-        fixed(148, 148, {5, 24});
-        fixed(149, 149, {9, 9});
-        fixed(150, 150, {155, 27});
-    }
+    void hasEverySize_data() { KestovaTest::AddPictureSizeRows(); }
     void hasEverySize()
     {
-        QFETCH(int, first);
-        QFETCH(int, last);
-        QFETCH(QSize, smallest);
-        QFETCH(QSize, largest);
-        for (int number = first; number <= last; ++number) {
-            const QSize size = Committed(number).size();
-            const bool fits = size.width() >= smallest.width() &&
-                              size.height() >= smallest.height() &&
-                              size.width() <= largest.width() && size.height() <= largest.height();
-            QVERIFY2(fits, qPrintable(QStringLiteral("%1 is %2 x %3")
-                                          .arg(number)
-                                          .arg(size.width())
-                                          .arg(size.height())));
-        }
+        KestovaTest::CheckPictureSizes([](int number) { return Committed(number); });
     }
 
     void hasCursorsOf24Pixels()
@@ -185,18 +164,49 @@ private slots:
         QVERIFY2(failure.contains(blocker.fileName()), qPrintable(failure));
     }
 
+    void showsEveryPictureWholeOnTheContactSheet()
+    {
+        const Artwork::Gallery marked = MarkedAtTheRight();
+        const QHash<QRgb, int> counts = CountColours(Artwork::DrawContactSheet(marked));
+        for (const auto& [name, image] : marked) {
+            const int count = counts.value(MarkOf(image));
+            const int shown = image.height() * (1 + kSheetZoom * kSheetZoom);
+            QVERIFY2(count >= shown, qPrintable(name));
+        }
+    }
+
+    void showsKeyGlyphsOnPlainAndSelectedGroundOfTheContactSheet()
+    {
+        const Artwork::Gallery marked = MarkedAtTheRight();
+        const QHash<QRgb, int> counts = CountColours(Artwork::DrawContactSheet(marked));
+        QVector<int> glyphs = {148, 149};
+        for (int number = 72; number <= 93; ++number)
+            glyphs << number;
+        for (const int number : glyphs) {
+            const QImage& image = marked.at(QString::number(number));
+            const int shown = image.height() * (1 + kSheetZoom * kSheetZoom);
+            QCOMPARE(counts.value(MarkOf(image)), 2 * shown);
+        }
+    }
+
+    void paintsGroundsWithoutHoles_data()
+    {
+        QTest::addColumn<int>("first");
+        QTest::addColumn<int>("last");
+        QTest::newRow("grids") << 42 << 48;
+        QTest::newRow("bands") << 49 << 57;
+        QTest::newRow("thumb, ruler and its shaded cell") << 59 << 62;
+    }
     void paintsGroundsWithoutHoles()
     {
-        for (const int first : {42, 49, 59})
-            for (int number = first; number <= (first == 42   ? 48
-                                                : first == 49 ? 57
-                                                              : 62);
-                 ++number) {
-                const QImage strip = Committed(number);
-                for (int y = 0; y < strip.height(); ++y)
-                    QVERIFY2(strip.pixelColor(0, y).alpha() == 255,
-                             qPrintable(QString::number(number)));
-            }
+        QFETCH(int, first);
+        QFETCH(int, last);
+        for (int number = first; number <= last; ++number) {
+            const QImage strip = Committed(number);
+            for (int y = 0; y < strip.height(); ++y)
+                QVERIFY2(strip.pixelColor(0, y).alpha() == 255,
+                         qPrintable(QString::number(number)));
+        }
     }
 
     void servesTheRowsThatItsStripsLieIn()

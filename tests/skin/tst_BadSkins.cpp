@@ -11,6 +11,9 @@ using namespace KestovaTest;
 
 namespace {
 
+/// The kernel gives this file a size of one page and only a few bytes to read.
+const QString kShortFile = QStringLiteral("/sys/class/net/lo/mtu");
+
 struct Style
 {
     int type;
@@ -199,7 +202,7 @@ void tst_BadSkins::aSkinThatCannotBeReadFailsEveryKind_data()
     row("file with a slash", m_files.Path("skin.ini") + L"/");
     row("file with a backslash", m_files.Path("skin.ini") + L"\\");
     row("a device", L"/dev/null");
-    row("a file shorter than its size", L"/sys/class/net/lo/mtu");
+    row("a file shorter than its size", kShortFile.toStdWString());
     row("empty file", m_files.Write("empty.ini", ""));
     row("byte-order mark alone", m_files.Write("bom.ini", "\xEF\xBB\xBF"));
     row("half a byte-order mark", m_files.Write("halfbom.ini", "\xEF\xBB" + m_text));
@@ -217,6 +220,8 @@ void tst_BadSkins::aSkinThatCannotBeReadFailsEveryKind_data()
 void tst_BadSkins::aSkinThatCannotBeReadFailsEveryKind()
 {
     QFETCH(QString, path);
+    if (path == kShortFile && QFileInfo(path).size() <= 0)
+        QSKIP("no file here whose size is more than it holds");
     CheckEveryKindFails(path.toStdWString());
 }
 

@@ -1,11 +1,17 @@
+#include "PictureSizes.h"
 #include "skin/ImageTables.h"
 
+#include <QDirIterator>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
 #include <climits>
 #include <functional>
+
+using namespace KestovaTest;
 
 namespace {
 
@@ -137,6 +143,14 @@ QVector<int> NumbersIn(const ImageTables& tables, const Group& group)
     return numbers;
 }
 
+/// Whether a path is of the collections that Qt's own libraries register.
+bool IsOfQt(const QString& path)
+{
+    const QStringList prefixes = {":/qt-project.org/", ":/qgradient/", ":/qpdf/"};
+    return std::any_of(prefixes.begin(), prefixes.end(),
+                       [&path](const QString& prefix) { return path.startsWith(prefix); });
+}
+
 } // namespace
 
 class tst_ImageTables : public QObject
@@ -144,8 +158,6 @@ class tst_ImageTables : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-
     void everyGroupHoldsItsImagesInOrder();
     void pictureGroupZeroHoldsNineImagesWithNumber150Last();
     void glyphGroupFourHoldsSixImagesInOrder();
@@ -156,6 +168,7 @@ private slots:
 
     void aMissingImageStopsTheLoadAndKeepsWhatWasReadBefore();
     void anUndecodableImageStopsTheLoad();
+    void picturesAreReadPastTheCacheOfQt();
     void aFailedLoadStaysAndTheNextLoadAppendsBehindIt();
     void freeLeavesTheImagesOfAFailedLoad();
 
@@ -163,20 +176,11 @@ private slots:
     void aWideStripRepeatsTheTextureToNearly512Pixels();
     void aWideStripPaintsTheSamePixelsAsItsBrush();
 
-    void theCollectionHoldsEveryNumberedImageAtItsSize_data();
+    void theCollectionHoldsEveryNumberedImageAtItsSize_data() { AddPictureSizeRows(); }
     void theCollectionHoldsEveryNumberedImageAtItsSize();
     void theCollectionHoldsNothingElse();
-
-    void textIsReadUpToTheFirstZeroByte_data();
-    void textIsReadUpToTheFirstZeroByte();
-    void whatCannotBeOpenedReadsAsEmptyText();
-    void theStyleSheetOfTheContextMenuComesFromTheHost();
+    void theCollectionIsRegisteredInFormatVersionOne();
 };
-
-void tst_ImageTables::initTestCase()
-{
-    Q_CLEANUP_RESOURCE(contextmenu); // until a test plays the host
-}
 
 void tst_ImageTables::everyGroupHoldsItsImagesInOrder()
 {
@@ -280,7 +284,8 @@ void tst_ImageTables::aMissingImageStopsTheLoadAndKeepsWhatWasReadBefore()
 void tst_ImageTables::anUndecodableImageStopsTheLoad()
 {
     const PictureDirectory pictures;
-    for (const int spoilt : {0, 42, 150}) { // a picture, a brush, and the very last
+    // A picture, a brush, a glyph, one that joins a group out of turn, and the very last.
+    for (const int spoilt : {0, 42, 72, 148, 150}) {
         pictures.Spoil(spoilt);
         ImageTables tables;
         QVERIFY(!tables.Load(pictures.Prefix()));
@@ -392,109 +397,74 @@ void tst_ImageTables::aWideStripPaintsTheSamePixelsAsItsBrush()
     }
 }
 
-void tst_ImageTables::theCollectionHoldsEveryNumberedImageAtItsSize_data()
-{
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("last");
-    QTest::addColumn<QSize>("smallest");
-    QTest::addColumn<QSize>("largest");
-    const auto row = [](const char* name, int first, int last, QSize smallest, QSize largest) {
-        QTest::newRow(name) << first << last << smallest << largest;
-    };
-    row("scroll row", 0, 0, {15, 25}, {15, 25});
-    row("captions", 1, 1, {171, 17}, {171, 27});
-    row("narrow caption", 2, 2, {155, 17}, {155, 27});
-    row("more captions", 3, 7, {171, 17}, {171, 27});
-    row("push buttons", 8, 13, {10, 11}, {11, 11});
-    row("toggle buttons", 14, 17, {12, 12}, {12, 12});
-    row("wide toggle buttons", 18, 21, {17, 15}, {17, 15});
-    row("unused", 22, 23, {15, 15}, {15, 15});
-    row("switch buttons", 24, 31, {84, 18}, {110, 18});
-    row("scroll arrows", 32, 39, {7, 24}, {7, 24});
-    row("range markers", 40, 41, {7, 26}, {7, 26});
-    row("textures", 42, 57, {1, 17}, {1, 54});
-    row("flat texture", 58, 58, {15, 1}, {15, 1});
-    row("ruler textures", 59, 65, {1, 17}, {1, 54});
-    row("second flat texture", 66, 66, {13, 1}, {13, 1});
-    row("more ruler textures", 67, 71, {1, 17}, {1, 54});
-    row("tall keys", 72, 73, {6, 10}, {6, 10});
-    row("small glyphs", 74, 85, {7, 7}, {7, 7});
-    row("posts", 86, 87, {5, 24}, {5, 24});
-    row("beads", 88, 89, {9, 9}, {9, 9});
-    row("more posts", 90, 91, {5, 24}, {5, 24});
-    row("pennants", 92, 93, {7, 11}, {7, 11});
-    row("mouth shapes", 94, 127, {25, 15}, {25, 15});
-    row("time marks", 128, 129, {11, 25}, {11, 25});
-    row("free images", 130, 131, {14, 14}, {14, 14});
-    row("alternate post", 148, 148, {5, 24}, {5, 24});
-    row("alternate bead", 149, 149, {9, 9}, {9, 9});
-    row("last caption", 150, 150, {155, 27}, {155, 27});
-}
-
 void tst_ImageTables::theCollectionHoldsEveryNumberedImageAtItsSize()
 {
-    QFETCH(int, first);
-    QFETCH(int, last);
-    QFETCH(QSize, smallest);
-    QFETCH(QSize, largest);
-    for (int number = first; number <= last; ++number) {
-        const QImage image(QStringLiteral(":/%1").arg(number));
-        QVERIFY2(image.width() >= smallest.width() && image.width() <= largest.width() &&
-                     image.height() >= smallest.height() && image.height() <= largest.height(),
-                 qPrintable(QStringLiteral("image %1 is %2 x %3")
-                                .arg(number)
-                                .arg(image.width())
-                                .arg(image.height())));
-    }
+    CheckPictureSizes([](int number) { return QImage(QStringLiteral(":/%1").arg(number)); });
 }
 
 void tst_ImageTables::theCollectionHoldsNothingElse()
 {
-    const QStringList files = QDir(QStringLiteral(":/")).entryList(QDir::Files);
-    QCOMPARE(files.size(), 135);
-    QCOMPARE(QDir(QStringLiteral(":/Bitmap")).entryList(QDir::Files),
-             QStringList({"loop.png", "speed.png"}));
+    QStringList expected = {":/Bitmap/loop.png", ":/Bitmap/speed.png"};
+    for (const int number : LoadingOrder() + QVector<int>{130, 131})
+        expected << QStringLiteral(":/%1").arg(number);
+    expected.sort();
+    QCOMPARE(expected.size(), 137);
+
+    QStringList found;
+    QDirIterator entries(QStringLiteral(":/"), QDir::Files, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        const QString path = entries.next();
+        if (!IsOfQt(path))
+            found << path;
+    }
+    found.sort();
+    QCOMPARE(found.join('\n'), expected.join('\n'));
     for (const char* cursor : {":/Bitmap/loop.png", ":/Bitmap/speed.png"})
         QCOMPARE(QImage(QString::fromLatin1(cursor)).size(), QSize(24, 24));
-    QVERIFY(!QFile::exists(QStringLiteral(":/ui/contextmenu.css")));
 }
 
-void tst_ImageTables::textIsReadUpToTheFirstZeroByte_data()
+void tst_ImageTables::theCollectionIsRegisteredInFormatVersionOne()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("whole") << QByteArray("a { }\n") << "a { }\n";
-    QTest::newRow("empty") << QByteArray() << "";
-    QTest::newRow("zero byte inside") << QByteArray("ab\0cd", 5) << "ab";
-    QTest::newRow("zero byte first") << QByteArray("\0cd", 3) << "";
-    QTest::newRow("UTF-8") << QByteArray("\xC3\xA9") << QStringLiteral("\u00E9");
+    QStringList sources;
+    QDirIterator files(QStringLiteral(KESTOVA_BINARY_DIR "/timeline"),
+                       {QStringLiteral("qrc_images.cpp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext())
+        sources << files.next();
+    QCOMPARE(sources.size(), 1);
+    QFile source(sources.first());
+    QVERIFY(source.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(source.readAll());
+    // Once where it is registered and once where it is taken back.
+    const QRegularExpression version(QStringLiteral("int version = (\\d+);"));
+    int count = 0;
+    for (auto found = version.globalMatch(text); found.hasNext(); ++count)
+        QCOMPARE(found.next().captured(1), QString("1"));
+    QCOMPARE(count, 2);
 }
 
-void tst_ImageTables::textIsReadUpToTheFirstZeroByte()
+void tst_ImageTables::picturesAreReadPastTheCacheOfQt()
 {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, text);
-    QTemporaryFile file;
-    QVERIFY(file.open());
-    file.write(bytes);
+    const PictureDirectory pictures;
+    const QFileInfo first(pictures.Prefix() + '0');
+    const QDateTime written = first.lastModified();
+    const QPixmap cached(first.filePath());
+    QVERIFY(!cached.isNull());
+
+    // Other pixels behind the same name, size and time, which is all that the cache looks at.
+    QImage blue(1, 1, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    QVERIFY(blue.save(first.filePath(), "PNG"));
+    QFile file(first.filePath());
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(written, QFileDevice::FileModificationTime));
     file.close();
-    QCOMPARE(ReadTextResource(file.fileName()), text);
-}
+    QCOMPARE(QFileInfo(first.filePath()).size(), first.size());
+    QCOMPARE(QPixmap(first.filePath()).toImage().pixelColor(0, 0), QColor(Qt::red));
 
-void tst_ImageTables::whatCannotBeOpenedReadsAsEmptyText()
-{
-    QCOMPARE(ReadTextResource(QStringLiteral("/nowhere/at/all")), QString());
-    QCOMPARE(ReadTextResource(QDir::tempPath()), QString());
-}
-
-void tst_ImageTables::theStyleSheetOfTheContextMenuComesFromTheHost()
-{
-    const QString path = QStringLiteral(":/ui/contextmenu.css");
-    QCOMPARE(ReadTextResource(path), QString());
-    Q_INIT_RESOURCE(contextmenu);
-    QCOMPARE(ReadTextResource(path), QString("QMenu { color: #dee3e9; }\n"));
-    Q_CLEANUP_RESOURCE(contextmenu);
-    QCOMPARE(ReadTextResource(path), QString());
+    ImageTables tables;
+    QVERIFY(tables.Load(pictures.Prefix()));
+    QCOMPARE(tables.Picture(kCaptionPictures, 0).toImage().pixelColor(0, 0), QColor(Qt::blue));
 }
 
 QTEST_MAIN(tst_ImageTables)

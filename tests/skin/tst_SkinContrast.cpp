@@ -1,6 +1,7 @@
 #include "Contrast.h"
-#include "SkinText.h"
+#include "SkinSchema.h"
 
+#include <QFile>
 #include <QFontMetrics>
 #include <QImage>
 #include <QTest>
@@ -44,12 +45,12 @@ QByteArray RowName(const QString& text)
 class tst_SkinContrast : public QObject
 {
     Q_OBJECT
-    SkinText m_skin;
+    KestovaTest::SkinMap m_skin;
 
     /// The rows of the ruler on which its numbers stand.
     QRect LabelRows() const
     {
-        QFont font(m_skin.Text("TickTrack", "TxtFace").remove(QLatin1Char('"')));
+        QFont font(m_skin.Text("TickTrack", "TxtFace"));
         font.setPixelSize(m_skin.Number("TickTrack", "TxtMinSize"));
         const QFontMetrics metrics(font);
         const int height = Picture(3).height();
@@ -63,7 +64,9 @@ class tst_SkinContrast : public QObject
 private slots:
     void initTestCase()
     {
-        QVERIFY(m_skin.Load(QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini")));
+        QFile file(QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        m_skin = KestovaTest::SkinMap(file.readAll());
     }
 
     void readsCaptions_data()
@@ -91,10 +94,19 @@ private slots:
         QVERIFY(LowestContrast(focused, active, area) >= kLegible);
     }
 
+    void readsTheNameOfAWaveRow_data()
+    {
+        QTest::addColumn<QString>("track");
+        const QStringList styles = m_skin.StylesOf("WaveTrack");
+        QVERIFY(styles.size() >= 2);
+        for (const QString& style : styles)
+            QTest::newRow(RowName(style)) << style;
+    }
     void readsTheNameOfAWaveRow()
     {
-        const QString look = m_skin.Text("WaveTrack1", "TrackKey");
-        const QString caption = m_skin.Text("WaveTrack1", "Caption");
+        QFETCH(QString, track);
+        const QString look = m_skin.Text(track, "TrackKey");
+        const QString caption = m_skin.Text(track, "Caption");
         const QColor ground = m_skin.Colour(look, "CaptionFill");
         QVERIFY(ground.isValid());
         QVERIFY(ContrastRatio(m_skin.Colour(caption, "TxtColor"), ground) >= kLegible);

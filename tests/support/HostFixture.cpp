@@ -33,8 +33,8 @@ QStringList RecordingHost::TakeCalls()
 void RecordingHost::Record(const QString& line)
 {
     calls << line;
-    if (reaction)
-        reaction(line);
+    if (const auto act = reaction)
+        act(line);
 }
 
 void RecordingHost::OnCurrentFrameChanged(int frame, bool flag)
@@ -91,8 +91,9 @@ void RecordingHost::OnCaptionBtnChanged(CTimelineTrackBase* track, int button, Q
 }
 
 void RecordingHost::OnQueryTrackRightMenu(CTimelineTrackBase* track,
-                                          std::vector<_tmpTLMenuMapData*>*)
+                                          std::vector<_tmpTLMenuMapData*>* menu)
 {
+    menuList = menu;
     Record(QStringLiteral("menu %1").arg(NameOf(track)));
 }
 
@@ -126,9 +127,7 @@ TestWindow::TestWindow(QDockWidget* dock) : m_widget(new QWidget(dock)) {}
 
 TestWindow::~TestWindow()
 {
-    // The timeline widget stands under this one; the base frees it, so it must not go along.
-    if (QWidget* const container = GetContainer())
-        container->setParent(nullptr);
+    // The timeline widget stands under this one and goes with it, as in most hosts.
     delete m_widget;
 }
 
@@ -137,17 +136,20 @@ QStringList TestWindow::TakeCalls()
     return std::exchange(calls, {});
 }
 
+// The reaction may release this window: nothing of it is touched after Record.
+
 void TestWindow::Record(const QString& line)
 {
     calls << line;
-    if (reaction)
-        reaction(line);
+    if (const auto act = reaction)
+        act(line);
 }
 
 bool TestWindow::CreateWnd()
 {
+    const bool result = createAnswer;
     Record(QStringLiteral("create"));
-    return createAnswer;
+    return result;
 }
 
 void TestWindow::UpdateWnd()
@@ -157,31 +159,36 @@ void TestWindow::UpdateWnd()
 
 void TestWindow::GetInitialGeometry(QRect& rect)
 {
-    Record(QStringLiteral("geometry (%1,%2,%3,%4)")
-               .arg(rect.left())
-               .arg(rect.top())
-               .arg(rect.right())
-               .arg(rect.bottom()));
+    const QString line = QStringLiteral("geometry (%1,%2,%3,%4)")
+                             .arg(rect.left())
+                             .arg(rect.top())
+                             .arg(rect.right())
+                             .arg(rect.bottom());
     rect = initialGeometry;
+    Record(line);
 }
 
 bool TestWindow::EnableWnd(bool enable)
 {
+    const bool result = answer;
     Record(QStringLiteral("enable %1").arg(BoolText(enable)));
-    return answer;
+    return result;
 }
 
 bool TestWindow::ShowWnd(bool show)
 {
+    const bool result = answer;
+    if (m_widget)
+        m_widget->setVisible(show);
     Record(QStringLiteral("show %1").arg(BoolText(show)));
-    m_widget->setVisible(show);
-    return answer;
+    return result;
 }
 
 bool TestWindow::IsWndVisible()
 {
+    const bool result = answer;
     Record(QStringLiteral("visible"));
-    return answer;
+    return result;
 }
 
 void TestWindow::OnCurrentFrameChanged(int frame)

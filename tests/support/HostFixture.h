@@ -23,6 +23,7 @@ public:
     QStringList calls;
     int editAnswer = -1;
     bool dropAnswer = false;
+    std::vector<_tmpTLMenuMapData*>* menuList = nullptr; ///< of the last menu query
     /// Called after each line was written, with the line: room for a host that acts from a
     /// callback.
     std::function<void(const QString&)> reaction;

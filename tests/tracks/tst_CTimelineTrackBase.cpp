@@ -2,6 +2,8 @@
 #include "tracks/RowFixture.h"
 
 #include <QEnterEvent>
+#include <QScopedValueRollback>
+#include <QTemporaryFile>
 #include <QtTest>
 
 #include <map>
@@ -173,6 +175,30 @@ private slots:
         QVERIFY(track.LoadStyle(1));
         QVERIFY(track.StyleAs<KeyTrackStyle>());
         QVERIFY(!track.LoadStyle(987));
+    }
+
+    void aStyleThatFailsTakesThePlaceOfTheStyleBefore()
+    {
+        TimelineLibrary& library = TimelineLibrary::Instance();
+        CTimelineTrackKey track;
+        track.Init(nullptr);
+        QVERIFY(track.LoadStyle(1));
+        QVERIFY(!track.StyleAs<TrackStyle>()->captionButtons.empty());
+
+        QTemporaryFile skin;
+        QVERIFY(skin.open());
+        skin.write("[KeyTrack1]\nTrackBgType=77\nTrackBgID=88\n"); // and no more
+        skin.close();
+        const QScopedValueRollback<std::wstring> path(library.skinPath,
+                                                      skin.fileName().toStdWString());
+        QVERIFY(!track.LoadStyle(1));
+        const auto* style = track.StyleAs<KeyTrackStyle>();
+        QVERIFY(style);
+        QCOMPARE(style->backgroundType, 77);
+        QCOMPARE(style->backgroundId, 88);
+        QVERIFY(style->captionButtons.empty());
+        QCOMPARE(style->caption.textPos, QPoint());
+        QCOMPARE(style->clipHeight, 0);
     }
 
     void framesBecomePixelsThroughTheSharedAxis()

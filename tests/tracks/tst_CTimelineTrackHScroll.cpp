@@ -58,9 +58,8 @@ FrameAxis& Axis()
     return TimelineLibrary::Instance().axis;
 }
 
-/// The picture by the words of the drawing's description: two texture brushes from the row's
-/// corner.
-QImage Described(const CTimelineTrackHScroll& track, const QSize& size, const QRect& rect)
+/// The picture painted the plain way: with two texture brushes from the row's corner.
+QImage PaintedPlainly(const CTimelineTrackHScroll& track, const QSize& size, const QRect& rect)
 {
     const ImageTables& images = TimelineLibrary::Instance().images;
     QImage image(size, QImage::Format_RGB32);
@@ -100,6 +99,8 @@ private slots:
     void tellsAndSetsTheThumbAsFractions();
     void saysYesToEveryScrollToFrame();
     void announcesButLeavesTheZoomWithoutFrames();
+    void announcesButLeavesTheZoomWithoutWidth();
+    void endsAPartialThumbAtTheRowHeightWhateverTheWidgetsHeight();
 
     void paintsTheThumbOverTheGround_data();
     void paintsTheThumbOverTheGround();
@@ -213,7 +214,13 @@ void tst_CTimelineTrackHScroll::needsNoOwner()
     row.track.ZoomAll();
     QVERIFY(row.track.ScrollToFrame(300, 0));
     QVERIFY(row.owner.messages.empty());
-    QVERIFY(Axis().scrollX >= 0);
+    // All 400 frames at one per pixel fit the row.
+    QCOMPARE(Axis().scrollX, 0);
+    row.track.SetScrollInfo(0.0f, 0.1f);
+    QVERIFY(row.track.ScrollToFrame(300, 0));
+    QCOMPARE(Axis().info.pixelsPerFrame, 10);
+    QCOMPARE(Axis().scrollX, 2800); // frame 280, 20 before the wanted one
+    QVERIFY(row.owner.messages.empty());
 }
 
 void tst_CTimelineTrackHScroll::worksOnTheSharedAxisWithTheWidgetsSize()
@@ -281,6 +288,31 @@ void tst_CTimelineTrackHScroll::announcesButLeavesTheZoomWithoutFrames()
     QCOMPARE(Axis().info.pixelsPerFrame, 3);
 }
 
+void tst_CTimelineTrackHScroll::announcesButLeavesTheZoomWithoutWidth()
+{
+    KestovaTest::ResetAxis(400, 3.0, 50);
+    Row row;
+    row.track.resize(0, kHeight);
+    row.track.SyncThumb(false);
+    QCOMPARE(row.owner.messages.size(), std::size_t{1});
+    QCOMPARE(row.owner.messages.front().code, 1201);
+    QCOMPARE(row.track.GetThumb().left, 0);
+    QCOMPARE(row.track.GetThumb().right, -1);
+    QCOMPARE(Axis().scrollX, 0);
+    QCOMPARE(Axis().info.pixelsPerFrame, 3);
+}
+
+void tst_CTimelineTrackHScroll::endsAPartialThumbAtTheRowHeightWhateverTheWidgetsHeight()
+{
+    Row row;
+    row.track.resize(kWidth, kHeight + 6);
+    row.track.SyncThumb(true);
+    QCOMPARE(row.track.GetThumb().top, 0);
+    QCOMPARE(row.track.GetThumb().bottom, kHeight);
+    row.track.ZoomAll();
+    QCOMPARE(row.track.GetThumb().bottom, kHeight + 5);
+}
+
 void tst_CTimelineTrackHScroll::paintsTheThumbOverTheGround_data()
 {
     QTest::addColumn<QString>("name");
@@ -307,7 +339,7 @@ void tst_CTimelineTrackHScroll::paintsTheThumbOverTheGround()
     row.track.SetScrollInfo(left, right);
     const QSize size(kWidth, kHeight);
     const QImage image = KestovaTest::DrawRow(row.track, size);
-    QCOMPARE(image, Described(row.track, size, QRect(QPoint(0, 0), size)));
+    QCOMPARE(image, PaintedPlainly(row.track, size, QRect(QPoint(0, 0), size)));
     KESTOVA_COMPARE_PICTURE(image, "hscroll/" + name);
 }
 
@@ -324,7 +356,7 @@ void tst_CTimelineTrackHScroll::paintsAnywhereAndTakesTheRectanglesSize()
     row.track.DrawTrack(&painter, rect);
     painter.end();
     QCOMPARE(row.track.size(), rect.size());
-    QCOMPARE(image, Described(row.track, size, rect));
+    QCOMPARE(image, PaintedPlainly(row.track, size, rect));
 }
 
 void tst_CTimelineTrackHScroll::leavesThePaintersBrushOrigin()

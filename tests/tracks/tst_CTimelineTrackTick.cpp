@@ -2,7 +2,11 @@
 #include "support/TimelineFixture.h"
 #include "tracks/CTimelineTrackTick.h"
 
+#include <QScopedValueRollback>
+#include <QTemporaryFile>
 #include <QtTest>
+
+#include <climits>
 
 #include <limits>
 #include <memory>
@@ -36,12 +40,12 @@ QImage Drawn(CTimelineTrackTick& track)
     return KestovaTest::DrawRow(track, QSize(kWidth, kHeight));
 }
 
-/// Paints the ruler by the words of its description: a walk over every step in view with texture
-/// brushes, whatever can be seen of it.
-class DescribedRuler
+/// Paints the ruler the plain way: a walk over every step of the row with texture brushes, whatever
+/// of it can be seen.
+class PlainRuler
 {
 public:
-    DescribedRuler(QPainter& painter, const QRect& rect, const CTimelineTrackTick& track)
+    PlainRuler(QPainter& painter, const QRect& rect, const CTimelineTrackTick& track)
         : m_painter(painter), m_rect(rect), m_track(track),
           m_style(*track.StyleAs<TickTrackStyle>()),
           m_stepX(Axis().IsFramesPerPixel() ? 1 : Axis().info.pixelsPerFrame)
@@ -151,13 +155,13 @@ private:
     int m_stepX;
 };
 
-QImage Described(const CTimelineTrackTick& track, const QSize& size = {kWidth, kHeight},
-                 const QRect& rect = {0, 0, kWidth, kHeight})
+QImage PaintedPlainly(const CTimelineTrackTick& track, const QSize& size = {kWidth, kHeight},
+                      const QRect& rect = {0, 0, kWidth, kHeight})
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::magenta);
     QPainter painter(&image);
-    DescribedRuler(painter, rect, track).Paint();
+    PlainRuler(painter, rect, track).Paint();
     painter.end();
     return image;
 }
@@ -203,11 +207,14 @@ private slots:
     void marksFrames0And1WhenItIsNew();
     void keepsTimeMarksInAnyOrder();
     void coloursTheCurrentFrameLineWhenItsStyleIsLoaded();
+    void leavesTheCurrentFrameLineAloneWhenItsStyleIsIncomplete();
+    void paintsWithoutAWordWhateverTheLabelSize_data();
+    void paintsWithoutAWordWhateverTheLabelSize();
 
     void paintsEveryStateOfTheAxis_data();
     void paintsEveryStateOfTheAxis();
-    void paintsWhatIsDescribedForAnyAxis();
-    void paintsWhatIsDescribedAnywhere();
+    void paintsAsThePlainWalkForAnyAxis();
+    void paintsAsThePlainWalkAnywhere();
     void paintsTheSamePixelsColumnByColumn();
     void takesTheSizeOfTheRectangleItPaints();
     void leavesThePaintersBrushOrigin();
@@ -289,6 +296,41 @@ void tst_CTimelineTrackTick::coloursTheCurrentFrameLineWhenItsStyleIsLoaded()
     QVERIFY(library.currentFrameLine != QColor(Qt::black));
 }
 
+void tst_CTimelineTrackTick::leavesTheCurrentFrameLineAloneWhenItsStyleIsIncomplete()
+{
+    TimelineLibrary& library = TimelineLibrary::Instance();
+    QTemporaryFile skin;
+    QVERIFY(skin.open());
+    skin.write("[TickTrack]\nMarkLine=(1,2,3)\nTxtOffset=8\nTxtSizeRatio=1\nTxtMinSize=10\n"
+               "TxtFace=Some Face\n"); // and no TxtColor
+    skin.close();
+    const QScopedValueRollback<std::wstring> path(library.skinPath, skin.fileName().toStdWString());
+    const QScopedValueRollback<QColor> line(library.currentFrameLine, QColor(4, 5, 6));
+    QVERIFY(!m_track->LoadStyle(1));
+    QCOMPARE(m_track->StyleAs<TickTrackStyle>()->markLine.ToColor(), QColor(1, 2, 3));
+    QCOMPARE(library.currentFrameLine, QColor(4, 5, 6));
+}
+
+void tst_CTimelineTrackTick::paintsWithoutAWordWhateverTheLabelSize_data()
+{
+    QTest::addColumn<int>("size");
+    for (const int size : {INT_MIN, -1, 0, 1})
+        QTest::addRow("%d", size) << size;
+}
+
+void tst_CTimelineTrackTick::paintsWithoutAWordWhateverTheLabelSize()
+{
+    QFETCH(int, size);
+    static QStringList printed;
+    printed.clear();
+    m_track->StyleAs<TickTrackStyle>()->textMinSize = size;
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { printed << text; });
+    KestovaTest::DrawRow(*m_track, QSize(300, 26));
+    qInstallMessageHandler(before);
+    QCOMPARE(printed, QStringList());
+}
+
 void tst_CTimelineTrackTick::paintsEveryStateOfTheAxis_data()
 {
     QTest::addColumn<QString>("name");
@@ -347,20 +389,20 @@ void tst_CTimelineTrackTick::paintsEveryStateOfTheAxis()
     KestovaTest::ResetAxis(frameCount, scale, scrollX, currentFrame);
     m_track->SetTimeMark(start, end);
     const QImage image = Drawn(*m_track);
-    QCOMPARE(image, Described(*m_track));
+    QCOMPARE(image, PaintedPlainly(*m_track));
     KESTOVA_COMPARE_PICTURE(image, "ruler/" + name);
 }
 
-void tst_CTimelineTrackTick::paintsWhatIsDescribedForAnyAxis()
+void tst_CTimelineTrackTick::paintsAsThePlainWalkForAnyAxis()
 {
     std::mt19937 random(5);
     for (int round = 0; round < 400; ++round) {
         SetAnything(random, *m_track);
-        QVERIFY2(Drawn(*m_track) == Described(*m_track), qPrintable(QString::number(round)));
+        QVERIFY2(Drawn(*m_track) == PaintedPlainly(*m_track), qPrintable(QString::number(round)));
     }
 }
 
-void tst_CTimelineTrackTick::paintsWhatIsDescribedAnywhere()
+void tst_CTimelineTrackTick::paintsAsThePlainWalkAnywhere()
 {
     KestovaTest::ResetAxis(45, 10.0, 33, 20);
     m_track->SetTimeMark(12, 40);
@@ -370,7 +412,7 @@ void tst_CTimelineTrackTick::paintsWhatIsDescribedAnywhere()
     QPainter painter(&image);
     m_track->DrawTrack(&painter, rect);
     painter.end();
-    QCOMPARE(image.copy(rect), Described(*m_track, image.size(), rect).copy(rect));
+    QCOMPARE(image.copy(rect), PaintedPlainly(*m_track, image.size(), rect).copy(rect));
 }
 
 void tst_CTimelineTrackTick::paintsTheSamePixelsColumnByColumn()

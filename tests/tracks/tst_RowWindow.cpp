@@ -1,8 +1,10 @@
 #include "tracks/KeyHitTest.h"
 #include "tracks/LinkPainter.h"
 #include "tracks/LinkThinning.h"
+#include "tracks/LinkWindow.h"
 #include "tracks/RowScenes.h"
 #include "tracks/TransitionPainter.h"
+#include "tracks/TransitionWindow.h"
 
 #include <QtTest>
 
@@ -83,6 +85,8 @@ CTimelineTrackBase* RandomRow(Random& random, int type)
     const int density = random.OneIn(2) ? 1500 : 400;
     const int count = random.Below(300);
     const bool clips = random.OneIn(3);
+    // Sub-keys inside their pass, of keys that show them only in view.
+    const bool tidy = random.OneIn(2);
     CTimelineKeyArray::KeyVector keys;
     for (int i = 0; i < count; ++i) {
         keys.push_back(NewKey(random.Below(density), [&](CTimelineKey& key) {
@@ -92,10 +96,12 @@ CTimelineTrackBase* RandomRow(Random& random, int type)
                 key.loopCount = random.From(0, 4);
             }
             if (clips && random.OneIn(6)) {
+                if (tidy)
+                    key.keyType = random.OneIn(2) ? 1 : 3;
                 key.subKeys = new CTimelineKeyArray;
                 const int subKeys = random.Below(6);
                 for (int sub = 0; sub < subKeys; ++sub) {
-                    key.subKeys->Add(NewKey(random.OneIn(8)
+                    key.subKeys->Add(NewKey(!tidy && random.OneIn(8)
                                                 ? random.From(-5, 60)
                                                 : random.Below(std::max(key.clipLength, 1)),
                                             [&](CTimelineKey& each) { FillKey(random, each); }),
@@ -123,6 +129,13 @@ CTimelineTrackBase* RandomRow(Random& random, int type)
     }
     row->resize(kSize);
     row->InvalidateCaches();
+    row->Facts();
+    // Which keys are selected changes without the track being told.
+    if (random.OneIn(2)) {
+        const int first = random.Below(density);
+        row->Keys().SetSelection(first, first + random.Below(400), random.OneIn(2),
+                                 TL_KEY_ANY_KIND);
+    }
     return row;
 }
 
@@ -172,6 +185,23 @@ QImage KeysPicture(CTimelineTrackBase& row, Paint paint)
     paint(row, painter);
     painter.end();
     return image;
+}
+
+/// The keys that a row takes into its painting, as wide as the pictures.
+DisplayKeyList CollectInView(CTimelineTrackBase& row)
+{
+    const FrameAxis& axis = SceneAxis();
+    const RowView view(QRect(QPoint(), kSize), axis, 0, kSize.width() - 1);
+    const DisplayScope scope{axis.PixelToFrame(0), axis.PixelToFrame(kSize.width()),
+                             axis.frameCount, false};
+    const KeyFacts& facts = row.Facts();
+    const auto* lines = row.StyleAs<LineKeyTrackStyle>();
+    if (row.GetTrackType() == TL_TRACK_LINK_KEY)
+        return CollectLinkWindow(row.Keys(), facts, scope, view, *lines);
+    if (row.GetTrackType() == TL_TRACK_TRANSITION_KEY)
+        return CollectTransitionWindow(row.Keys(), facts, scope, view, *lines);
+    const auto style = GlyphStyleOf(row.GetTrackType(), row.GetStyle());
+    return CollectWindow(row.Keys(), facts, scope, GlyphPainter::Window(view, *style, facts));
 }
 
 void AddKinds()
@@ -379,27 +409,166 @@ private slots:
             row->Keys().AddKeys(keys, false);
             AddRelated(*row, 300000);
             AddRelated(*row, 400005);
-            const RowView view(QRect(QPoint(), kSize), SceneAxis(), 0, kSize.width() - 1);
-            const DisplayScope scope{400000, 400024, 1000000, false};
-            const KeyFacts& facts = row->Facts();
-            QVERIFY(facts.searchable);
-            if (type == TL_TRACK_LINK_KEY) {
-                sizes.push_back(CollectLinkWindow(row->Keys(), facts, scope, view,
-                                                  *row->StyleAs<LineKeyTrackStyle>())
-                                    .size());
-            } else if (type == TL_TRACK_TRANSITION_KEY) {
-                sizes.push_back(CollectTransitionWindow(row->Keys(), facts, scope, view,
-                                                        *row->StyleAs<LineKeyTrackStyle>())
-                                    .size());
-            } else {
-                const auto style = GlyphStyleOf(type, row->GetStyle());
-                sizes.push_back(CollectWindow(row->Keys(), facts, scope,
-                                              GlyphPainter::Window(view, *style, facts))
-                                    .size());
-            }
+            QVERIFY(row->Facts().searchable);
+            sizes.push_back(CollectInView(*row).size());
         }
         QCOMPARE(sizes[0], sizes[1]);
         QVERIFY(sizes[0] < 150);
+    }
+
+    void oneClipWithSubKeysLeavesOnlyTheKeysInViewToCollect_data() { AddKinds(); }
+    void oneClipWithSubKeysLeavesOnlyTheKeysInViewToCollect()
+    {
+        QFETCH(int, type);
+        const auto row = MakeTrack(type);
+        ResetAxis(1000000, 10.0, 4000000);
+        CTimelineKeyArray::KeyVector keys;
+        for (int i = 0; i < 20000; ++i)
+            keys.push_back(NewKey(390000 + i));
+        row->Keys().AddKeys(keys, false);
+        AddClip(*row, 10, 40, 2, {3, 20});
+        row->InvalidateCaches();
+        QVERIFY(CollectInView(*row).size() < 100);
+    }
+
+    void oneSubKeyOutOfItsPassLeavesOnlyTheKeysInViewToCollect_data()
+    {
+        QTest::addColumn<int>("frame");
+        QTest::newRow("in front of its clip") << -1;
+        QTest::newRow("at the end of its pass") << 40;
+        QTest::newRow("beyond its pass") << 55;
+    }
+    void oneSubKeyOutOfItsPassLeavesOnlyTheKeysInViewToCollect()
+    {
+        QFETCH(int, frame);
+        const auto row = MakeTrack(TL_TRACK_KEY);
+        ResetAxis(1000000, 10.0, 4000000);
+        CTimelineKeyArray::KeyVector keys;
+        for (int i = 0; i < 20000; ++i)
+            keys.push_back(NewKey(390000 + i));
+        row->Keys().AddKeys(keys, false);
+        AddClip(*row, 10, 40, 2, {3, frame});
+        row->InvalidateCaches();
+        QVERIFY(CollectInView(*row).size() < 100);
+    }
+
+    void handlesAtTheLeftEdgeFollowTheSelection_data()
+    {
+        QTest::addColumn<int>("first");
+        QTest::addColumn<int>("last");
+        QTest::addColumn<bool>("selected");
+        QTest::addColumn<bool>("unselected");
+        QTest::newRow("none selected") << 0 << 0 << false << true;
+        QTest::newRow("one out of view selected") << 500 << 500 << true << true;
+        QTest::newRow("the last one selected") << 900 << 900 << true << true;
+        QTest::newRow("all selected") << 0 << 900 << true << false;
+    }
+    void handlesAtTheLeftEdgeFollowTheSelection()
+    {
+        QFETCH(int, first);
+        QFETCH(int, last);
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        ResetAxis(1000, 10.0);
+        row->resize(kSize);
+        for (const int frame : {20, 500, 900})
+            AddKey(*row, frame);
+        CollectInView(*row);
+        // The number of keys stays, and nobody tells the track.
+        row->Keys().SetSelection(first, last, true, TL_KEY_ANY_KIND);
+        const DisplayKeyList list = CollectInView(*row);
+        const auto holds = [&list](bool selected) {
+            return std::any_of(list.begin(), list.end(), [selected](const DisplayKey& key) {
+                return key.selected == selected;
+            });
+        };
+        QTEST(holds(true), "selected");
+        QTEST(holds(false), "unselected");
+        QCOMPARE(KeysPicture(*row, PaintKeysInView), KeysPicture(*row, PaintAllKeys));
+    }
+
+    void handlesAtTheLeftEdgeAreFoundWhenTheSelectionListIsOutOfStep()
+    {
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        ResetAxis(1000, 10.0);
+        row->resize(kSize);
+        for (const int frame : {20, 400, 500, 900})
+            AddKey(*row, frame);
+        row->Keys().SetSelection(500, 500, true, TL_KEY_ANY_KIND);
+        row->Keys().RemoveAt(1);
+        QCOMPARE(row->Keys().SelGetAt(0), 2);
+        const QImage picture = KeysPicture(*row, PaintKeysInView);
+        QCOMPARE(picture, KeysPicture(*row, PaintAllKeys));
+        row->Keys().ClearAllSelection();
+        row->Keys().GetAt(1)->selected = false;
+        QVERIFY(picture != KeysPicture(*row, PaintAllKeys));
+    }
+
+    void handlesAtTheLeftEdgeAreThoseOfRelatedKeysThatAreDrawn()
+    {
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        ResetAxis(1000, 10.0);
+        row->resize(kSize);
+        AddKey(*row, 500);
+        AddKey(*row, 700, [](CTimelineKey& key) { key.kindMask = TL_KEY_TRANSITION_IN; });
+        AddRelated(*row, 500, [](CTimelineKey& key) {
+            key.priority = 1000;
+            key.selected = true;
+        });
+        AddRelated(*row, 700, [](CTimelineKey& key) {
+            key.priority = -1;
+            key.selected = true;
+        });
+        const DisplayKeyList list = CollectInView(*row);
+        QCOMPARE(list.size(), std::size_t(1));
+        QCOMPARE(list.front().frame, 500);
+        QVERIFY(list.front().selected);
+        QCOMPARE(KeysPicture(*row, PaintKeysInView), KeysPicture(*row, PaintAllKeys));
+    }
+
+    void repaintOfTheLeftEdgeShowsTheHandlesOfSubKeysInView()
+    {
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        ResetAxis(1000, 10.0);
+        AddClip(*row, 10, 10, 1, {8});
+        const QRect edge(0, 0, 8, kHeight);
+        QCOMPARE(ShowRow(*row, kSize, edge).copy(edge), ShowRow(*row, kSize).copy(edge));
+        const QImage with = ShowRow(*row, kSize);
+        row->Keys().RemoveAll();
+        QVERIFY(with.copy(edge) != ShowRow(*row, kSize).copy(edge));
+    }
+
+    void subKeyInFrontOfItsClipShowsWhereverTheClipIs()
+    {
+        const auto row = MakeTrack(TL_TRACK_KEY);
+        ResetAxis(1000, 10.0);
+        AddClip(*row, 500, 20, 1, {-490, 3}, [](CTimelineKey& clip) { clip.keyType = 2; });
+        row->resize(kSize);
+        const QImage picture = KeysPicture(*row, PaintKeysInView);
+        QCOMPARE(picture, KeysPicture(*row, PaintAllKeys));
+        row->Keys().RemoveAll();
+        QVERIFY(picture != KeysPicture(*row, PaintKeysInView));
+    }
+
+    void clipWithoutALengthRepeatsItsSubKeysAsOftenAsItLoops_data()
+    {
+        QTest::addColumn<int>("loopCount");
+        QTest::addColumn<int>("copies");
+        QTest::newRow("no pass") << 0 << 0;
+        QTest::newRow("one") << 1 << 1;
+        QTest::newRow("three") << 3 << 3;
+        QTest::newRow("endless") << std::numeric_limits<int>::max() << 1000;
+    }
+    void clipWithoutALengthRepeatsItsSubKeysAsOftenAsItLoops()
+    {
+        QFETCH(int, loopCount);
+        const auto row = MakeTrack(TL_TRACK_KEY);
+        ResetAxis(1000, 10.0);
+        row->resize(kSize);
+        AddClip(*row, 5, 0, loopCount, {0});
+        CTimelineKeyArray::KeyVector list;
+        row->CollectDisplayKeys(list);
+        QTEST(static_cast<int>(list.size()), "copies");
+        QCOMPARE(KeysPicture(*row, PaintKeysInView), KeysPicture(*row, PaintAllKeys));
     }
 
     void factsAreGatheredOnceUntilKeysComeOrGoOrTheTrackIsTold()
@@ -440,18 +609,21 @@ private slots:
     {
         QTest::addColumn<int>("which");
         QTest::addColumn<bool>("searchable");
-        QTest::newRow("in order") << 0 << true;
-        QTest::newRow("own keys out of order") << 1 << false;
-        QTest::newRow("related keys out of order") << 2 << false;
-        QTest::newRow("clip beyond the next key") << 3 << false;
-        QTest::newRow("sub-keys out of order") << 4 << false;
-        QTest::newRow("sub-key in front of its clip") << 5 << false;
-        QTest::newRow("sub-key beyond its pass") << 6 << false;
+        QTest::addColumn<bool>("subKeysInOrder");
+        QTest::newRow("in order") << 0 << true << true;
+        QTest::newRow("own keys out of order") << 1 << false << true;
+        QTest::newRow("related keys out of order") << 2 << false << true;
+        QTest::newRow("clip beyond the next key") << 3 << false << true;
+        QTest::newRow("sub-keys out of order") << 4 << true << false;
+        QTest::newRow("sub-key in front of its clip") << 5 << true << true;
+        QTest::newRow("sub-key at the end of its pass") << 6 << true << true;
+        QTest::newRow("passes that overlap") << 7 << true << false;
+        QTest::newRow("sub-key drawn in front of an earlier key") << 8 << true << false;
+        QTest::newRow("clip that lost its length in place") << 9 << false << true;
     }
     void keysOutOfOrderAreAllWalked()
     {
         QFETCH(int, which);
-        QFETCH(bool, searchable);
         CTimelineKeyArray keys;
         keys.IncrementReferences();
         const auto clip = NewKey(10, [](CTimelineKey& key) {
@@ -485,10 +657,25 @@ private slots:
         case 6:
             clip->subKeys->GetAt(1)->frame = 10;
             break;
+        case 7:
+            clip->subKeys->GetAt(1)->frame = 13;
+            break;
+        case 8:
+            keys.Add(NewKey(8), false);
+            clip->keyType = 2;
+            clip->subKeys->GetAt(0)->frame = -3;
+            break;
+        case 9:
+            keys.GetAt(1)->frame = 30;
+            clip->clipLength = 0;
+            clip->loopCount = 1;
+            break;
         default:
             break;
         }
-        QCOMPARE(GatherFacts(keys, TL_TRACK_KEY, 100).searchable, searchable);
+        const KeyFacts facts = GatherFacts(keys, TL_TRACK_KEY, 100);
+        QTEST(facts.searchable, "searchable");
+        QTEST(facts.subKeysInOrder, "subKeysInOrder");
     }
 };
 

@@ -13,6 +13,7 @@
 #include "library/TimelineLibrary.h"
 #include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/PaintCaches.h"
 
 #include <QDockWidget>
 #include <QPoint>
@@ -35,6 +36,7 @@ CTimelineManager::~CTimelineManager()
         container->SetOwnerInterface(nullptr);
     ManagerSideState::Forget(this);
     TimelineLibrary::Instance().images.Free();
+    ClearPaintCaches();
 }
 
 CTimelineContainer* CTimelineManager::Container() const
@@ -62,14 +64,16 @@ bool CTimelineManager::CreateTimelineMainWidget(QDockWidget* dock)
     if (!m_factory)
         return false;
     const auto alive = ManagerSideState::LifeOf(this);
+    const QPointer<QDockWidget> wantedDock(dock);
     ReleaseWindow();
-    if (!*alive)
+    // The window that went may have taken the manager or the dock along.
+    if (!*alive || !m_factory || wantedDock != dock)
         return false;
     m_window = m_factory->CreateTimelineWnd(dock);
     if (!m_window)
         return false;
-    if (QWidget* const widget = m_window->GetWidget(); dock && widget)
-        dock->setWidget(widget);
+    if (QWidget* const widget = m_window->GetWidget(); wantedDock && widget)
+        wantedDock->setWidget(widget);
     const bool complete = m_window->CreateWnd() && *alive && PlaceContainer();
     if (!*alive)
         return false;

@@ -47,8 +47,7 @@ public:
     /// Releases the window through its factory and frees the library's pictures.
     virtual ~CTimelineManager();
 
-    // ---- The window
-    // -------------------------------------------------------------------------------
+    // ---- The window ----
 
     /// @param factory makes and releases the window; not owned.
     void SetTimelineWndFactoryBase(CTimelineWndFactoryBase* factory);
@@ -66,6 +65,7 @@ public:
     bool ShowTimelineWnd(bool show);
     bool EnableTimelineWnd(bool enable); ///< the window's answer; false without one
     bool IsTimelineWndVisible();         ///< the window's answer; false without one
+    /// Calls the window's update; nothing without a window.
     void UpdateTimelineWnd();
     /// Hides every track and hands the window back to the factory. Tracks stay alive and can be
     /// shown in the next window. Always true.
@@ -73,13 +73,15 @@ public:
     /// To be called after the host changed keys or other data of its tracks: recomputes the layout
     /// and repaints.
     void InvalidateTimeline();
+    /// Gives the keyboard focus to the window's widget and then to the timeline; nothing without a
+    /// window.
     void SetTimelineWndFocus();
     void SetContainerEnabled(bool enable); ///< enables or disables the timeline widget alone
     CTimelineWndBase* GetTimelineWnd();    ///< null without one
+    /// As given to the constructor.
     QWidget* GetParentWidget();
 
-    // ---- Tracks: life and place
-    // --------------------------------------------------------------------
+    // ---- Tracks: life and place ----
 
     /// Makes a track of type 3 to 8 in the skin's style @p styleIndex; it is not shown until
     /// ShowRootTrack or ShowChildTrack. Null without a window, for another type, and when the skin
@@ -99,58 +101,73 @@ public:
 
     /// Places the track among the roots at @p sortIndex (beyond the end: last). A track that is
     /// shown already stays where it is (true). @p notify: tell the window that the track list
-    /// changed.
+    /// changed. False, as with every operation below that does not say otherwise, for a track that
+    /// does not exist and without a timeline widget.
     bool ShowRootTrack(CTimelineTrackBase* track, unsigned int sortIndex, bool notify);
     /// Places @p child under the shown root @p parent; false also when the parent is not a shown
     /// root.
     bool ShowChildTrack(CTimelineTrackBase* parent, CTimelineTrackBase* child,
                         unsigned int sortIndex, bool notify);
     bool HideRootTrack(CTimelineTrackBase* track, bool notify); ///< hides its children too
+    /// True also for a track that is not a shown child.
     bool HideChildTrack(CTimelineTrackBase* track, bool notify);
     int GetRootTrackSortIndex(CTimelineTrackBase* track); ///< -1 when refused or not a shown root
     /// 0 for a track that does not exist, -1 for one that is not a shown child.
     int GetChildTrackSortIndex(CTimelineTrackBase* track);
+    /// Moves a shown root or child to @p sortIndex among its like (beyond the end: last). True also
+    /// for a track that is not shown, which stays so.
     bool SetRootTrackSortIndex(CTimelineTrackBase* track, unsigned int sortIndex, bool notify);
     bool SetChildTrackSortIndex(CTimelineTrackBase* track, unsigned int sortIndex, bool notify);
     /// Appends the shown roots in order; the vector is not cleared.
     void GetVisibleRootTrackList(std::vector<CTimelineTrackBase*>& tracks);
 
-    // ---- Tracks: state
-    // -----------------------------------------------------------------------------
+    // ---- Tracks: state ----
 
+    /// Makes the child and its root active; the key selections under another root are cleared.
     bool SetActiveChildTrack(CTimelineTrackBase* track);
-    /// Null is allowed and clears the active root.
+    /// Makes the root and its first child active. Null is allowed and clears the active root (true,
+    /// also without a timeline widget).
     bool SetActiveRootTrack(CTimelineTrackBase* track);
+    /// The active tracks, or null.
     CTimelineTrackBase* GetActiveRootTrack();
     CTimelineTrackBase* GetActiveChildTrack();
+    /// The text of the track's caption.
     bool SetTrackName(CTimelineTrackBase* track, QString name);
     /// The track's time range, as given: either frame may be the larger, -1 means none.
     void SetTrackSelFrame(CTimelineTrackBase* track, int frameA, int frameB);
     /// The time range, smaller frame first; untouched when refused.
     void GetTrackSelFrame(CTimelineTrackBase* track, int& first, int& last);
-    /// What the user may do on the track; the list is copied.
+    /// What the user may do on the track; the list is copied. With fewer than two entries the row
+    /// is for moving the current frame alone.
     bool SetTrackEditMode(CTimelineTrackBase* track, VZ::CArrayList<TLEditType>& modes);
+    /// The state of the first caption button whose id in the skin is @p buttonId: of a push button
+    /// 0 normal, 1 hover, 2 pressed; of a toggle 0 off, 2 on, and 1 and 3 the same with the pointer
+    /// over it. False (state untouched) for a track without such a button.
     bool GetTrackCaptionBtnState(CTimelineTrackBase* track, int buttonId, int& state);
     /// Sets the state of the caption buttons of that id. Always false, also when it was set.
     bool SetTrackCaptionBtnState(CTimelineTrackBase* track, int buttonId, int& state);
     /// The next four are refused (false) for any track but a switch track.
     bool GetTrackSwitchBtnList(CTimelineTrackBase* track,
                                std::vector<_tmpTLSwitchBtnData>& buttons);
+    /// Replaces the buttons; nothing is repainted.
     bool SetTrackSwitchBtnList(CTimelineTrackBase* track,
                                std::vector<_tmpTLSwitchBtnData>& buttons);
     bool GetTrackSwitchScrollState(CTimelineTrackBase* track, bool& shown);
     bool SetTrackSwitchScrollState(CTimelineTrackBase* track, bool shown);
 
+    /// A copy of the relation table; false without a timeline widget.
     bool GetTrackRelMapTable(std::vector<_tmpTLRelatedMap>& table);
     /// Replaces the relation table, one for the whole process; false without a timeline widget.
     bool SetTrackRelMapTable(const std::vector<_tmpTLRelatedMap>& table);
     CTimelineTrackBase* GetLipsTrack(); ///< the shown viseme-key child track, or null
 
-    // ---- Keys: selection, clipboard, edits
-    // ---------------------------------------------------------
+    // ---- Keys: selection, clipboard, edits ----
 
-    /// The tracks that hold selected keys. A track in sub-key editing may empty the list first.
+    /// Appends the child tracks that hold selected keys; root tracks are never listed. An active
+    /// track in sub-key editing empties the list and stands in it alone, if sub-keys of it are
+    /// selected.
     void GetSelectedKeyTrack(VZ::CArrayList<CTimelineTrackBase*>& tracks);
+    /// Empties the track's clipboard; needs no window.
     bool ResetClipboard(CTimelineTrackBase* track);
     /// Puts copies of the track's selected keys aside, in frame order; false for an unknown track
     /// or without selected keys (the clipboard then keeps what it has).
@@ -159,49 +176,52 @@ public:
     /// clipboard (the outputs are then untouched).
     bool GetClipboardKeys(CTimelineTrackBase* track, std::vector<VZ::CPointer<CTimelineKey>>& keys,
                           int& sourceValue);
-    /// Whether the edit can be done now; a null track stands for the active child track.
+    /// Whether the edit can be done now; a null track stands for the active child track. False
+    /// without a timeline widget or a track.
     bool CanDoTrackEdit(CTimelineTrackBase* track, TLEditType type);
     /// Does the edits 22, 23 and 24; false for any other.
     bool DoTrackEdit(CTimelineTrackBase* track, TLEditType type);
 
-    // ---- Files
-    // -------------------------------------------------------------------------------------
+    // ---- Files ----
 
     /// The six drop filters; any of them lets a known file be held over a track, the last two say
     /// what a sound file is dropped as.
     void SetEnableDragEnterFiletype(bool filter1, bool filter2, bool filter3, bool filter4,
                                     bool filter5, bool filter6);
-    /// Whether a locked clip of the track covers @p frame.
+    /// Whether a locked clip of the track covers @p frame, both its ends included; false for null.
     bool CheckIdleClip(CTimelineTrackBase* track, int frame);
-    /// Whether a clip of the wave row covers @p frame.
+    /// Whether a clip of the wave row covers @p frame, both its ends included; false without such a
+    /// row.
     bool CheckDragFileUnderVisemeClip(int frame);
     /// After a dropped file was loaded: activates the track and selects the clip at the current
     /// frame.
     void SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase* track);
 
-    // ---- Frames and view
-    // ---------------------------------------------------------------------------
+    // ---- Frames and view ----
 
+    /// Stored as given; the current frame and the time mark are not adjusted.
     void SetFrameCount(int count);
     int GetFrameCount(); ///< as the manager remembers it
-    /// Clamped to at least 0, then to at most the frame count less 1.
+    /// Clamped to at least 0, then to at most the frame count less 1. Shown at once; the window is
+    /// told, the host's callbacks are not.
     void SetCurrentFrame(int frame);
     int GetCurrentFrame(); ///< as the timeline shows it; 0 without one
     /// Clamped like the current frame.
     void SetTimeMarkFrame(int start, int end);
     void GetTimeMarkFrame(int& start, int& end); ///< 0 and 1 without a timeline widget
     /// Brings the frame into view. @p align: 0 to the middle, above 0 to the right edge, below 0 to
-    /// the left one; a frame that is in view stays where it is.
+    /// the left one; a frame that is in view stays where it is. False without a timeline widget.
     bool ScrollToFrame(int frame, int align);
     bool ScrollToTrack(CTimelineTrackBase* track); ///< always false: the host scrolls vertically
-    /// The thumb's edges as fractions, 0 to 1, of the scroll bar.
+    /// The thumb's edges as fractions, 0 to 1, of the scroll bar; untouched without a timeline
+    /// widget.
     void GetScrollInfo(float& left, float& right);
     void SetScrollInfo(float left, float right); ///< refused unless 0 <= left <= right <= 1
 
-    // ---- The road from the timeline to the host; a host may inject events here
-    // ---------------------
+    // ---- The road from the timeline to the host; a host may inject events here ----
 
-    /// 0 for the codes 1301 to 1314, -1 for any other.
+    /// 0 for the codes 1301 to 1314, -1 for any other. This and the next two call the host's
+    /// callbacks unchecked and must not be called before CreateTimelineManager.
     int ReceiveMessage(unsigned int code, CTimelineTrackBase* track, HANDLE handle, QVariant value1,
                        QVariant value2, QVariant value3);
     /// The host's answer to the edit.

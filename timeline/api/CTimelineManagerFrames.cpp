@@ -68,9 +68,10 @@ bool CTimelineManager::ScrollToFrame(int frame, int align)
     return container && container->ScrollToFrame(frame, align);
 }
 
-bool CTimelineManager::ScrollToTrack(CTimelineTrackBase*)
+bool CTimelineManager::ScrollToTrack(CTimelineTrackBase* track)
 {
-    return false;
+    CTimelineContainer* const container = Container();
+    return container && container->ScrollToTrack(track);
 }
 
 void CTimelineManager::GetScrollInfo(float& left, float& right)

@@ -25,19 +25,20 @@ public:
     /// The user moved the current frame. @p flag is false while the gesture goes on and true once,
     /// when it has come to rest; every false is followed by a true.
     virtual void OnCurrentFrameChanged(int frame, bool flag);
-    /// The user moved a marker of the time mark. @p mark: 0 start, 1 end. @p flag: the marker was
-    /// let go.
+    /// The user moved a marker of the time mark. @p mark: 0 start, 1 end. @p frame: where it is
+    /// now; the manager does not clamp it. @p flag: the marker was let go.
     virtual void OnMoveTimeMark(int mark, int frame, bool flag);
     /// Another root or child track became active. Either may be null.
     virtual void OnActiveTrackChanged(CTimelineTrackBase* rootTrack,
                                       CTimelineTrackBase* childTrack);
-    /// A click left the active tracks as they were.
+    /// A click left the active tracks as they were. Either may be null.
     virtual void OnActiveTrackTheSame(CTimelineTrackBase* rootTrack,
                                       CTimelineTrackBase* childTrack);
     /// A track was double-clicked. @p value: index of the key under the pointer (of the sub-key on
     /// a track in sub-key editing), -1 for none.
     virtual void OnTrackLDbClick(CTimelineTrackBase* track, int value);
-    /// A button of a switch track was toggled; its state stands in the track's button list.
+    /// A button of a switch track was toggled. @p button: its place in the track's button list,
+    /// counted from 0, where its new state stands.
     virtual void OnSwitchBtnStateChanged(CTimelineTrackBase* track, int button);
     /// The user edits keys. @p type says how, @p tracks where; the two values depend on the type
     /// (frames of a move, or the clip's index and the amount). The host applies the edit to its own
@@ -45,7 +46,8 @@ public:
     /// @return the host's answer: 0 or more accepts, -1 (the default) declines.
     virtual int OnEditingKeys(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
                               int value1, int value2);
-    /// A caption button was clicked. @p position: where, in global coordinates.
+    /// A caption button was clicked. @p button: its id in the skin. @p position: where, in global
+    /// coordinates.
     virtual void OnCaptionBtnChanged(CTimelineTrackBase* track, int button, QPoint position);
     /// A context menu is about to open. The host appends its entries to @p menu and keeps owning
     /// them.
@@ -57,9 +59,10 @@ public:
     virtual void OnSelectedDataCleared();
     /// The key selection changed.
     virtual void OnSelectedDataChanged();
-    /// A file was dropped. @return true when the host takes it; false is the default.
+    /// A file was dropped. @p path: its local path. @return true when the host takes it; false is
+    /// the default.
     virtual bool OnTrackDropFile(TLDropFileType type, QString path);
-    /// A file is held over frame @p type of @p track; the host may set the drop filters for it
-    /// (CTimelineManager::SetEnableDragEnterFiletype) before it returns.
+    /// A file (local path @p path) is held over frame @p type of @p track; the host may set the
+    /// drop filters for it (CTimelineManager::SetEnableDragEnterFiletype) before it returns.
     virtual void OnCheckDragFile(CTimelineTrackBase* track, QString path, int type);
 };

@@ -1,11 +1,9 @@
-// The manager's operations on tracks: their life, their place in the tree, their state, and their
-// edits.
+// The manager's operations on tracks: their life, their place in the tree, and their state.
 
 #include "CTimelineManager.h"
 
 #include "CTimelineWndBase.h"
 #include "container/CTimelineContainer.h"
-#include "container/EditCommands.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
 #include "tracks/CTimelineTrackClip.h"
@@ -41,6 +39,11 @@ std::vector<CaptionButtonStyle>* CaptionButtons(CTimelineTrackBase* track)
 {
     auto* const style = track->StyleAs<TrackStyle>();
     return style ? &style->captionButtons : nullptr;
+}
+
+CTimelineTrackSwitch* AsSwitchTrack(CTimelineManager& manager, CTimelineTrackBase* track)
+{
+    return manager.IsTrackExist(track) ? qobject_cast<CTimelineTrackSwitch*>(track) : nullptr;
 }
 
 } // namespace
@@ -265,15 +268,6 @@ bool CTimelineManager::SetTrackCaptionBtnState(CTimelineTrackBase* track, int bu
     return false;
 }
 
-namespace {
-
-CTimelineTrackSwitch* AsSwitchTrack(CTimelineManager& manager, CTimelineTrackBase* track)
-{
-    return manager.IsTrackExist(track) ? qobject_cast<CTimelineTrackSwitch*>(track) : nullptr;
-}
-
-} // namespace
-
 bool CTimelineManager::GetTrackSwitchBtnList(CTimelineTrackBase* track,
                                              std::vector<_tmpTLSwitchBtnData>& buttons)
 {
@@ -332,75 +326,4 @@ CTimelineTrackBase* CTimelineManager::GetLipsTrack()
 {
     const CTimelineContainer* const container = Container();
     return container ? container->Tree().LipsTrack() : nullptr;
-}
-
-void CTimelineManager::GetSelectedKeyTrack(VZ::CArrayList<CTimelineTrackBase*>& tracks)
-{
-    if (const CTimelineContainer* const container = Container())
-        container->GetSelectedKeyTrack(tracks);
-}
-
-bool CTimelineManager::ResetClipboard(CTimelineTrackBase* track)
-{
-    if (!IsTrackExist(track))
-        return false;
-    track->Clipboard().Reset();
-    return true;
-}
-
-bool CTimelineManager::CopySelectionToClipboard(CTimelineTrackBase* track)
-{
-    return IsTrackExist(track) && track->CopySelectionToClipboard();
-}
-
-bool CTimelineManager::GetClipboardKeys(CTimelineTrackBase* track,
-                                        std::vector<VZ::CPointer<CTimelineKey>>& keys,
-                                        int& sourceValue)
-{
-    if (!IsTrackExist(track) || !track->Clipboard().HasData())
-        return false;
-    keys = track->Clipboard().GetKeys();
-    sourceValue = track->Clipboard().GetSourceValue();
-    return true;
-}
-
-bool CTimelineManager::CanDoTrackEdit(CTimelineTrackBase* track, TLEditType type)
-{
-    const CTimelineContainer* const container = Container();
-    return container && (!track || CTimelineTrackBase::IsAlive(track)) &&
-           ::CanDoTrackEdit(*container, type, track);
-}
-
-bool CTimelineManager::DoTrackEdit(CTimelineTrackBase* track, TLEditType type)
-{
-    CTimelineContainer* const container = Container();
-    return container && (!track || CTimelineTrackBase::IsAlive(track)) &&
-           ::DoTrackEdit(*container, type, track);
-}
-
-void CTimelineManager::SetEnableDragEnterFiletype(bool filter1, bool filter2, bool filter3,
-                                                  bool filter4, bool filter5, bool filter6)
-{
-    if (CTimelineContainer* const container = Container())
-        container->SetDropFilters({filter1, filter2, filter3, filter4, filter5, filter6});
-}
-
-bool CTimelineManager::CheckIdleClip(CTimelineTrackBase* track, int frame)
-{
-    return Container() && CTimelineTrackBase::IsAlive(track) &&
-           DropFileRules::CoversFrame(track->Keys(), frame, true);
-}
-
-bool CTimelineManager::CheckDragFileUnderVisemeClip(int frame)
-{
-    const CTimelineContainer* const container = Container();
-    const CTimelineTrackBase* const wave = container ? container->Tree().WaveTrack() : nullptr;
-    return wave && DropFileRules::CoversFrame(wave->Keys(), frame, false);
-}
-
-void CTimelineManager::SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase* track)
-{
-    CTimelineContainer* const container = Container();
-    if (container && CTimelineTrackBase::IsAlive(track))
-        container->SetDropTrackFocusAndPickJustLoadClip(track);
 }

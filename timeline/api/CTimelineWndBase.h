@@ -31,6 +31,8 @@ public:
     virtual void UpdateWnd() = 0;
     /// Where in the window's widget the timeline is placed first, in pixels. @p rect arrives empty.
     virtual void GetInitialGeometry(QRect& rect) = 0;
+    /// Enables or disables, shows or hides the window, or says whether it is visible. What is
+    /// answered here is what the manager's operation of that purpose answers.
     virtual bool EnableWnd(bool enable) = 0;
     virtual bool ShowWnd(bool show) = 0;
     virtual bool IsWndVisible() = 0;
@@ -74,15 +76,24 @@ protected:
     void GotoFrame(int frame);
 
     // Heights in pixels.
-    int GetTrackHeight() const;     ///< of a plain row
-    int GetWndMinRestraint() const; ///< of the ruler and the scroll bar alone
-    int GetWndMinHeight();          ///< of those and the visible root switch rows
-    int GetWndMaxHeight(
-        bool withWave);     ///< of all rows; with @p withWave, wave rows at three times theirs
-    int GetWndNeedHeight(); ///< of all rows as they stand
+    /// Of a plain row, in pixels, as all heights are.
+    int GetTrackHeight() const;
+    /// Of the ruler and the scroll bar alone.
+    int GetWndMinRestraint() const;
+    /// Of those and the visible root switch rows; also sets the timeline widget's minimum height to
+    /// it.
+    int GetWndMinHeight();
+    /// Of all rows. With @p withWave, wave rows count three times their caption picture, and may
+    /// grow that high from then on; a host with a wave row asks so before its first resize, or the
+    /// row stays without height.
+    int GetWndMaxHeight(bool withWave);
+    /// Of all rows as they stand.
+    int GetWndNeedHeight();
     /// The timeline widget's size in pixels; 0 and 0 without one.
     void GetWndCurrSize(int& width, int& height);
-    /// Tells the timeline the space it has. False for a negative size.
+    /// Tells the timeline the height that it has; the width is not used. More than 42 pixels give
+    /// wave rows what the other rows leave, at least 54 pixels and at most their maximum. False for
+    /// a negative size (nothing changes); true without a timeline widget.
     bool WndSizeChanged(int width, int height);
     bool IsWndVScrollable();                         ///< always false: the host scrolls vertically
     bool ProcessScrollEventBase(QWheelEvent* event); ///< always false: no wheel event is taken

@@ -1,5 +1,7 @@
 #include "axis/CFrameInfo.h"
 
+#include "axis/ClampedInt.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -8,8 +10,8 @@ namespace {
 constexpr double kLargestScale = 10.0;
 constexpr int kTicksPerBand = 10;
 
-/// The smallest k above 1 with 1 / k < scale, for 0 < scale <= 1: one frame a pixel more than the
-/// plain reciprocal where that is whole, as intended.
+/// The smallest k above 1 with 1 / k < scale, for 0 < scale <= 1. A whole reciprocal counts one
+/// frame a pixel more.
 int FramesPerPixelBelow(double scale)
 {
     const double reciprocal = 1.0 / scale;
@@ -26,9 +28,7 @@ int FramesPerPixelBelow(double scale)
 
 int SaturatedProduct(int a, int b)
 {
-    const long long product = static_cast<long long>(a) * b;
-    return product > std::numeric_limits<int>::max() ? std::numeric_limits<int>::max()
-                                                     : static_cast<int>(product);
+    return ClampedInt(static_cast<long long>(a) * b);
 }
 
 } // namespace

@@ -18,8 +18,8 @@ public:
 
     int pixelsPerFrame = 0; ///< 0 when a pixel holds several frames
     int framesPerPixel = 1; ///< 0 when pixelsPerFrame is set
-    int step1 = 1;          ///< frames between labelled grid bands
+    int step1 = 1;          ///< frames between grid ticks
     int step2 = 1;          ///< frames between ruler ticks
     int step3 = 1;          ///< frames the ruler and the grid advance at a time
-    int step4 = 1;          ///< advances per grid band
+    int step4 = 1;          ///< advances that a grid band is wide
 };

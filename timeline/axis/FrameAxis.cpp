@@ -1,7 +1,8 @@
 #include "axis/FrameAxis.h"
 
+#include "axis/ClampedInt.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -16,13 +17,6 @@ constexpr Wide kFarFrame = kFarPixel / 16;
 Wide Within(Wide limit, Wide value)
 {
     return std::clamp(value, -limit, limit);
-}
-
-int Clamped(Wide value)
-{
-    constexpr Wide lowest = std::numeric_limits<int>::min();
-    constexpr Wide highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, lowest, highest));
 }
 
 /// A quotient as the whole number below it and the remainder above that, 0 to divisor - 1.
@@ -62,18 +56,19 @@ double FrameAxis::Scale() const
 int FrameAxis::FrameToPixel(long long frame) const
 {
     if (!IsFramesPerPixel())
-        return Clamped(Within(kFarFrame, frame) * info.pixelsPerFrame - scrollX);
+        return ClampedInt(Within(kFarFrame, frame) * info.pixelsPerFrame - scrollX);
     const FloorQuotient position(frame, FramesPerPixel());
-    return Clamped(Truncated(Within(kFarPixel, position.whole) - scrollX, position.remainder != 0));
+    return ClampedInt(
+        Truncated(Within(kFarPixel, position.whole) - scrollX, position.remainder != 0));
 }
 
 int FrameAxis::PixelToFrame(long long x) const
 {
     const Wide offset = Within(kFarPixel, x) + scrollX;
     if (!IsFramesPerPixel())
-        return Clamped(offset / info.pixelsPerFrame);
+        return ClampedInt(offset / info.pixelsPerFrame);
     // An offset beyond the range of int stays there when multiplied.
-    return Clamped(Wide{Clamped(offset)} * FramesPerPixel());
+    return ClampedInt(Wide{ClampedInt(offset)} * FramesPerPixel());
 }
 
 int FrameAxis::FrameToPixelPlus(long long frame, long long numerator, long long denominator) const
@@ -92,11 +87,11 @@ int FrameAxis::FrameToPixelPlus(long long frame, long long numerator, long long 
     const Wide whole = Within(kFarPixel, position.whole) - scrollX +
                        Within(kFarPixel, extra.whole) + (fraction >= missing);
     const bool isWhole = fraction == missing || (position.remainder == 0 && extra.remainder == 0);
-    return Clamped(Truncated(whole, !isWhole));
+    return ClampedInt(Truncated(whole, !isWhole));
 }
 
 int FrameAxis::SpanToPixel(long long frames) const
 {
-    return Clamped(IsFramesPerPixel() ? frames / FramesPerPixel()
-                                      : Within(kFarFrame, frames) * info.pixelsPerFrame);
+    return ClampedInt(IsFramesPerPixel() ? frames / FramesPerPixel()
+                                         : Within(kFarFrame, frames) * info.pixelsPerFrame);
 }

@@ -1,5 +1,7 @@
 #include "axis/ScrollThumb.h"
 
+#include "axis/ClampedInt.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,21 +12,6 @@ using Wide = long long;
 
 constexpr int kEdgeReach = 3; // an edge is hit closer than this
 constexpr Wide kLargestPixelsPerFrame = 10;
-
-int Clamped(Wide value)
-{
-    constexpr Wide lowest = std::numeric_limits<int>::min();
-    constexpr Wide highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, lowest, highest));
-}
-
-/// Truncated toward zero and clamped to int; 0 for what is not a number.
-int Clamped(double value)
-{
-    constexpr double lowest = std::numeric_limits<int>::min();
-    constexpr double highest = std::numeric_limits<int>::max();
-    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, lowest, highest));
-}
 
 Wide CeilQuotient(Wide dividend, Wide divisor)
 {
@@ -46,7 +33,7 @@ Wide Distance(int a, int b)
 
 void ScrollThumb::SetSize(int width, int height)
 {
-    m_width = width;
+    m_width = std::max(width, 0);
     m_height = height;
     m_rowHeight = height;
 }
@@ -56,10 +43,8 @@ bool ScrollThumb::FillWithoutView()
 {
     if (HasView())
         return false;
-    if (m_width >= 0) {
-        FillBar();
-        m_axis.scrollX = 0;
-    }
+    FillBar();
+    m_axis.scrollX = 0;
     return true;
 }
 
@@ -70,13 +55,13 @@ void ScrollThumb::FillBar()
 
 void ScrollThumb::SetEdges(Wide left, Wide right)
 {
-    m_thumb.left = Clamped(left);
-    m_thumb.right = Clamped(right);
+    m_thumb.left = ClampedInt(left);
+    m_thumb.right = ClampedInt(right);
 }
 
 int ScrollThumb::ThumbWidth() const
 {
-    return Clamped(Wide{m_thumb.right} - m_thumb.left + 1);
+    return ClampedInt(Wide{m_thumb.right} - m_thumb.left + 1);
 }
 
 int ScrollThumb::MinimumWidth() const
@@ -84,13 +69,17 @@ int ScrollThumb::MinimumWidth() const
     const Wide widest = kLargestPixelsPerFrame * m_axis.frameCount;
     if (m_width >= widest || !HasView())
         return m_width;
-    return Clamped(double{std::ceil(Fraction(m_width, widest) * static_cast<float>(m_width))});
+    return ClampedInt(double{std::ceil(Fraction(m_width, widest) * static_cast<float>(m_width))});
 }
 
 void ScrollThumb::Apply()
 {
-    if (FillWithoutView())
-        return;
+    if (!FillWithoutView())
+        ApplyThumb();
+}
+
+void ScrollThumb::ApplyThumb()
+{
     ZoomFromThumb();
     ScrollFromThumb();
 }
@@ -117,7 +106,7 @@ void ScrollThumb::ScrollFromThumb()
     const double scroll = m_axis.IsFramesPerPixel()
                               ? fraction * m_axis.frameCount / m_axis.info.framesPerPixel
                               : m_axis.info.pixelsPerFrame * fraction * m_axis.frameCount;
-    m_axis.scrollX = Clamped(std::ceil(scroll));
+    m_axis.scrollX = ClampedInt(std::ceil(scroll));
 }
 
 ScrollThumb::DragMode ScrollThumb::HitTest(int x, int y) const
@@ -177,7 +166,7 @@ void ScrollThumb::DragTo(int x)
         KeepRightEdgeInLimits();
         break;
     }
-    Apply();
+    ApplyThumb();
 }
 
 void ScrollThumb::DragBody(int x)
@@ -200,12 +189,12 @@ void ScrollThumb::KeepLeftEdgeInLimits()
 {
     const int minimum = MinimumWidth();
     if (ThumbWidth() < minimum) {
-        m_thumb.left = Clamped(Wide{m_thumb.right} - minimum - 1);
+        m_thumb.left = ClampedInt(Wide{m_thumb.right} - minimum - 1);
         if (m_thumb.left < 0)
             SetEdges(0, minimum - 1);
     }
     if (ThumbWidth() > m_width)
-        m_thumb.left = Clamped(Wide{m_thumb.right} - m_width - 1);
+        m_thumb.left = ClampedInt(Wide{m_thumb.right} - m_width - 1);
 }
 
 /// Limits the thumb's width by its right edge.
@@ -213,9 +202,9 @@ void ScrollThumb::KeepRightEdgeInLimits()
 {
     const int minimum = MinimumWidth();
     if (ThumbWidth() < minimum)
-        m_thumb.right = Clamped(Wide{m_thumb.left} + minimum - 1);
+        m_thumb.right = ClampedInt(Wide{m_thumb.left} + minimum - 1);
     if (ThumbWidth() > m_width)
-        m_thumb.right = Clamped(Wide{m_thumb.left} + m_width - 1);
+        m_thumb.right = ClampedInt(Wide{m_thumb.left} + m_width - 1);
 }
 
 /// Where the thumb begins for the axis's scroll offset, of @p total pixels in all.
@@ -227,7 +216,7 @@ long long ScrollThumb::LeftOfScroll(long long total) const
 /// The thumb's span that stands for the part of @p total pixels that fits the bar.
 int ScrollThumb::ShareInView(long long total) const
 {
-    return Clamped(double{Fraction(m_width, total) * static_cast<float>(m_width)});
+    return ClampedInt(double{Fraction(m_width, total) * static_cast<float>(m_width)});
 }
 
 void ScrollThumb::SetThumbHeightOfRow()
@@ -239,8 +228,7 @@ void ScrollThumb::SetThumbHeightOfRow()
 void ScrollThumb::SyncThumb(bool force)
 {
     const bool widthChanged = m_width != m_synchronisedWidth;
-    if (m_width >= 0)
-        m_synchronisedWidth = m_width;
+    m_synchronisedWidth = m_width;
     if (FillWithoutView())
         return;
 
@@ -258,7 +246,7 @@ void ScrollThumb::SyncThumb(bool force)
         KeepRightEdgeInLimits();
     } else {
         // The view runs past the end: the thumb rests against it.
-        m_axis.scrollX = Clamped(total - m_width - 1);
+        m_axis.scrollX = ClampedInt(total - m_width - 1);
         SetEdges(LeftOfScroll(total), m_width - 1);
         KeepLeftEdgeInLimits();
     }
@@ -294,7 +282,7 @@ void ScrollThumb::UnZoom()
     const Wide minimum = MinimumWidth();
     const Wide left = (Wide{m_thumb.left} + m_thumb.right - 1 - minimum) / 2;
     SetEdges(left, left + minimum - 1);
-    Apply();
+    ApplyThumb();
 }
 
 void ScrollThumb::ZoomIn()
@@ -308,7 +296,7 @@ void ScrollThumb::ZoomIn()
     const Wide centred = (Wide{m_thumb.left} + m_thumb.right - span) / 2;
     const Wide left = std::max(Wide{0}, std::min(centred, m_width - 1 - span));
     SetEdges(left, left + span);
-    Apply();
+    ApplyThumb();
 }
 
 void ScrollThumb::ZoomOut()
@@ -322,7 +310,7 @@ void ScrollThumb::ZoomOut()
     else if (left + span > m_width - 1)
         left = m_width - 1 - span;
     SetEdges(left, left + span);
-    Apply();
+    ApplyThumb();
 }
 
 void ScrollThumb::ZoomAll()
@@ -330,7 +318,7 @@ void ScrollThumb::ZoomAll()
     if (FillWithoutView())
         return;
     FillBar();
-    Apply();
+    ApplyThumb();
 }
 
 bool ScrollThumb::FillsBarButForAPixel() const
@@ -358,11 +346,11 @@ bool ScrollThumb::CanZoomAll() const
     return HasView() && !FillsBarButForAPixel();
 }
 
-void ScrollThumb::GetScrollInfo(float& left, float& right) const
+ScrollThumb::ScrollInfo ScrollThumb::GetScrollInfo() const
 {
-    const bool hasWidth = m_width > 0;
-    left = hasWidth ? Fraction(m_thumb.left, m_width) : 0.0f;
-    right = hasWidth ? Fraction(m_thumb.right, m_width) : 1.0f;
+    if (m_width == 0)
+        return {0.0f, 1.0f, 0};
+    return {Fraction(m_thumb.left, m_width), Fraction(m_thumb.right, m_width), m_width};
 }
 
 bool ScrollThumb::SetScrollInfo(float left, float right)
@@ -372,7 +360,7 @@ bool ScrollThumb::SetScrollInfo(float left, float right)
     if (FillWithoutView())
         return true;
     const auto width = static_cast<float>(m_width);
-    SetEdges(Clamped(double{width * left}), Clamped(double{width * right}));
-    Apply();
+    SetEdges(ClampedInt(double{width * left}), ClampedInt(double{width * right}));
+    ApplyThumb();
     return true;
 }

@@ -8,8 +8,8 @@
 /// announced as a change of the view, whether or not a number changed.
 ///
 /// Lengths are pixels of the bar; edges are inclusive, so a thumb covers right - left + 1 pixels.
-/// With no frames or a width of 0 every command makes the thumb fill the bar and scrolls to 0, and
-/// leaves the zoom alone; while the width is negative nothing changes at all.
+/// With no frames or no width every command makes the thumb fill the bar and scrolls to 0, and
+/// leaves the zoom alone.
 class ScrollThumb
 {
 public:
@@ -28,10 +28,18 @@ public:
         int left = 0, top = 0, right = -1, bottom = -1;
     };
 
+    /// The thumb's edges as fractions of the bar's width, in single precision, and that width.
+    struct ScrollInfo
+    {
+        float left, right;
+        int width;
+    };
+
     explicit ScrollThumb(FrameAxis& axis) : m_axis(axis) {}
 
     /// The bar's size in pixels, which is also its row height until SetRowHeight says otherwise.
-    /// The width that the last synchronisation saw is remembered apart.
+    /// A negative width counts as 0. The width that the last synchronisation saw is remembered
+    /// apart.
     void SetSize(int width, int height);
     /// The height of the row, where a thumb shorter than the bar ends.
     void SetRowHeight(int height) { m_rowHeight = height; }
@@ -40,8 +48,6 @@ public:
     int SynchronisedWidth() const { return m_synchronisedWidth; }
     const Thumb& GetThumb() const { return m_thumb; }
     void SetThumb(const Thumb& thumb) { m_thumb = thumb; }
-    int Width() const { return m_width; }
-    int Height() const { return m_height; }
 
     /// The narrowest thumb, which caps the zoom near 10 pixels per frame; the whole bar when all
     /// frames fit at that zoom.
@@ -87,8 +93,8 @@ public:
     bool CanZoomOut() const;
     bool CanZoomAll() const;
 
-    /// The thumb's edges as fractions of the bar's width; 0 and 1 for a bar without width.
-    void GetScrollInfo(float& left, float& right) const;
+    /// The edges are 0 and 1 for a bar without width.
+    ScrollInfo GetScrollInfo() const;
     /// Sets the thumb's edges from fractions 0 to 1 of the bar's width and applies it.
     /// @return false, and nothing changes, outside that range or with left beyond right.
     bool SetScrollInfo(float left, float right);
@@ -96,6 +102,7 @@ public:
 private:
     bool HasView() const { return m_width > 0 && m_axis.frameCount > 0; }
     bool FillWithoutView();
+    void ApplyThumb();
     void FillBar();
     void SetEdges(long long left, long long right);
     void SetThumbHeightOfRow();
@@ -114,7 +121,7 @@ private:
     int m_width = 0;
     int m_height = 0;
     int m_rowHeight = 0;
-    int m_synchronisedWidth = 10;
+    int m_synchronisedWidth = 0;
     DragMode m_dragMode = kNone;
     int m_lastX = 0;
 };

@@ -114,23 +114,49 @@ public:
     void GetWndCurrSize(int& width, int& height) const;
 
     // ---- Frames and view ----
+    // Frames are whole numbers from 0, shared by every container of the process. "Sends nothing"
+    // means that the owner hears of no message; the window is told that the timeline was refreshed
+    // where it says "refreshed".
+
+    /// Stores @p count as it is, leaves the current frame alone and fits the view to the new count;
+    /// nothing of it without a scroll bar. Repaints later; refreshed; sends nothing.
     void SetFrameCount(int count);
+    /// Clamps @p frame to 0 and the last frame (0 without any), stores it and repaints before it
+    /// returns; refreshed. Scrolls nothing and sends nothing. Does nothing without a ruler.
     void SetCurrentFrame(int frame);
+    /// 0 without a ruler.
     int GetCurrentFrame() const;
+    /// SetCurrentFrame, then scrolls to the middle unless the frame is in view, then sends 1301 and
+    /// 1302 with the current frame.
     void GotoFrame(int frame);
+    /// Stores the two frames in the ruler in any order and unclamped. Repaints later; refreshed;
+    /// sends nothing. Does nothing without a ruler.
     void SetTimeMarkFrame(int start, int end);
+    /// 0 and 1 without a ruler.
     void GetTimeMarkFrame(int& start, int& end) const;
+    /// Brings @p frame (clamped to the valid ones) into view, unless it is strictly inside it: to
+    /// the middle (@p align 0), the right edge (above 0) or the left edge (below 0). Repaints later
+    /// when it scrolls. @return false without a scroll bar, else true.
     bool ScrollToFrame(int frame, int align);
+    /// @return always false, and nothing changes: the host scrolls vertically.
+    bool ScrollToTrack(CTimelineTrackBase* track);
+    /// The edges of the scroll bar's thumb as fractions of the bar's width; left untouched without
+    /// a scroll bar.
     void GetScrollInfo(float& left, float& right) const;
+    /// Sets those edges, and by them zoom and scroll offset, and repaints later. Does nothing
+    /// unless 0 <= @p left <= @p right <= 1.
     void SetScrollInfo(float left, float right);
+    // Whether the zoom of that name would change the thumb by more than a pixel; false without a
+    // scroll bar, without frames and without width.
     bool CanDoZoomIn() const;
     bool CanDoZoomOut() const;
     bool CanDoZoomAll() const;
     bool CanDoUnZoom() const;
-    void DoZoomIn();
-    void DoZoomOut();
-    void DoZoomAll();
-    void DoUnZoom();
+    // Each does nothing where it cannot be done, and repaints later where it can.
+    void DoZoomIn();  ///< half the thumb's width, then scrolls to the current frame
+    void DoZoomOut(); ///< twice the thumb's width, then scrolls to the current frame
+    void DoZoomAll(); ///< all frames in view
+    void DoUnZoom();  ///< the narrowest thumb, then scrolls to the current frame
 
     /// Which edit an end-edge drag performs where a track allows both: false loop, true speed.
     void SetLoopSpeedState(bool speed) { m_loopSpeedState = speed; }
@@ -181,6 +207,7 @@ private:
     void Detach(CTimelineTrackBase* track, QWidget* parking);
     bool NotifyTrackListChanged();
     bool UpdateAndNotify();
+    bool ResizeAndNotify(int layoutHeight);
     bool FocusContainer();
     void Paint(QPainter& painter);
     int PaintRow(QPainter& painter, CTimelineTrackBase& track, int y);
@@ -198,4 +225,6 @@ private:
     QTimelineCaptionArea* m_captionArea = nullptr;
     bool m_loopSpeedState = false;
     int m_layoutDepth = 0;
+    bool m_isResizing = false; ///< a layout is resizing the container
+    int m_owedRefreshes = 0;   ///< notices of layouts that ran inside that resize
 };

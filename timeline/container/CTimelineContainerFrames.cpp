@@ -86,6 +86,11 @@ bool CTimelineContainer::ScrollToFrame(int frame, int align)
     return m_scrollTrack && m_scrollTrack->ScrollToFrame(frame, align);
 }
 
+bool CTimelineContainer::ScrollToTrack(CTimelineTrackBase*)
+{
+    return false;
+}
+
 void CTimelineContainer::GetScrollInfo(float& left, float& right) const
 {
     if (m_scrollTrack)

@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <QPointer>
 
+#include <utility>
+
 namespace {
 
 // A layout resizes the container, and a host that resizes back or asks for another layout from its
@@ -49,7 +51,6 @@ bool CTimelineContainer::Layout(bool fit)
 {
     if (!m_scrollTrack || !m_tickTrack || m_layoutDepth >= kDeepestLayout)
         return true;
-    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     const DepthGuard guard(this, m_layoutDepth);
     if (!m_captionArea) {
@@ -77,9 +78,26 @@ bool CTimelineContainer::Layout(bool fit)
         row.track->setGeometry(row.rect);
         row.track->setVisible(row.shown);
     }
+    if (!m_isResizing)
+        return ResizeAndNotify(plan.height);
+    // Another layout resizes the container and is waiting for Qt to come back. The window hears of
+    // this one after that: it may delete the container, which Qt's resizing does not survive.
+    ++m_owedRefreshes;
+    update();
+    return true;
+}
+
+bool CTimelineContainer::ResizeAndNotify(int layoutHeight)
+{
+    m_isResizing = true;
     // One pixel more than the layout: the bottom line below the scroll bar.
-    resize(width(), plan.height + 1);
-    return self && UpdateAndNotify();
+    resize(width(), layoutHeight + 1);
+    m_isResizing = false;
+    for (int owed = std::exchange(m_owedRefreshes, 0); owed > 0; --owed) {
+        if (!NotifyTimelineRefreshed())
+            return false;
+    }
+    return UpdateAndNotify();
 }
 
 void CTimelineContainer::RefreshRows()

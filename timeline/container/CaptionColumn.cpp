@@ -14,8 +14,6 @@ namespace {
 
 constexpr int kPushButton = 0;
 constexpr int kToggleButton = 1;
-constexpr int kPicturesPerPushButton = 3;
-constexpr int kPicturesPerToggleButton = 4;
 constexpr int kRememberedTexts = 4096;
 constexpr std::size_t kRememberedFonts = 32;
 
@@ -51,7 +49,7 @@ const QPixmap& CaptionColumn::CaptionPicture(const CTimelineTrackBase& track) co
         return m_images.Picture(-1, -1);
     const CaptionStyle& caption = style->caption;
     const int bitmapId = track.IsActive() ? caption.bitmapFocusId : caption.bitmapId;
-    return m_images.Picture(kCaptionPictures, kFirstRowCaption + bitmapId);
+    return m_images.Picture(kCaptionPictures, RowCaptionIndex(bitmapId));
 }
 
 void CaptionColumn::BeginPaint()
@@ -108,10 +106,10 @@ const QPixmap& CaptionColumn::ButtonPicture(const CaptionButtonStyle& button) co
 {
     if (button.type == kPushButton)
         return m_images.Picture(kPushButtonPictures,
-                                button.bitmapId * kPicturesPerPushButton + button.state);
+                                IndexInSets(button.bitmapId, kPushButtonStates, button.state));
     if (button.type == kToggleButton)
         return m_images.Picture(kToggleButtonPictures,
-                                button.bitmapId * kPicturesPerToggleButton + button.state);
+                                IndexInSets(button.bitmapId, kToggleButtonStates, button.state));
     return m_images.Picture(-1, -1);
 }
 

@@ -35,7 +35,7 @@ QSize RowLayout::CaptionSize(const CTimelineTrackBase& track) const
 {
     const auto* style = track.StyleAs<TrackStyle>();
     const int bitmapId = style ? style->caption.bitmapId : 0;
-    return m_images.Picture(kCaptionPictures, kFirstRowCaption + bitmapId).size();
+    return m_images.Picture(kCaptionPictures, RowCaptionIndex(bitmapId)).size();
 }
 
 int RowLayout::TrackHeight() const

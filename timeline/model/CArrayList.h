@@ -29,6 +29,7 @@ public:
         return kSuccess;
     }
 
+    /// Number of items.
     int GetSize() const noexcept { return static_cast<int>(m_items.size()); }
     /// The item at @p index, 0 to GetSize() - 1; not checked.
     const T& operator[](int index) const { return m_items[static_cast<std::size_t>(index)]; }
@@ -42,7 +43,9 @@ public:
         return false;
     }
 
+    /// For range-based loops over the items in their order; valid until the next change.
     typename std::vector<T>::const_iterator begin() const { return m_items.begin(); }
+    /// The end of such a loop.
     typename std::vector<T>::const_iterator end() const { return m_items.end(); }
 
 private:

@@ -21,6 +21,9 @@ public:
 
     CPointer& operator=(const CPointer& other) { return *this = other.m_object; }
 
+    /// Takes over the reference of @p other, which is null afterwards, and lets the old object go.
+    /// When both hold the same object, one of its references is dropped: that of @p other. Moving a
+    /// pointer onto itself changes nothing.
     CPointer& operator=(CPointer&& other) noexcept
     {
         if (this == &other)
@@ -32,8 +35,9 @@ public:
         return *this;
     }
 
-    /// Holds the new object before it lets the old one go, so that assigning what only the old
-    /// object keeps alive is safe. Assigning the object that is held already changes nothing.
+    /// Holds the new object, stores it, and lets the old one go last. So assigning what only the
+    /// old object keeps alive is safe, and whatever runs while the old object is deleted finds this
+    /// pointer at the new one already. Assigning the object that is held already changes nothing.
     CPointer& operator=(T* object)
     {
         if (m_object == object)

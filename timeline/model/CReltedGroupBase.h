@@ -9,10 +9,11 @@
 class KESTOVA_EXPORT CReltedGroupBase
 {
 public:
-    /// Copies the count along with everything else; a derived class that wants a fresh count for
-    /// its copies uses the default constructor instead.
+    /// Copies the count. A derived class that wants a fresh count for its copies uses the default
+    /// constructor instead.
     CReltedGroupBase(const CReltedGroupBase& other);
-    /// Copies the count along with everything else; see CTimelineKey::operator=.
+    /// Copies the count, which then no longer says who holds this object; see
+    /// CTimelineKey::operator=.
     CReltedGroupBase& operator=(const CReltedGroupBase& other);
 
     /// Adds one reference.

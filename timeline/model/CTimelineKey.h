@@ -54,13 +54,13 @@ public:
 
     QString name;         ///< label text; empty
     bool hostFlag;        ///< not read by the library; false
-    int keyType;          ///< kind as the host classifies it; 4 has a meaning on some tracks; 1
+    int keyType;          ///< kind as the host classifies it; link rows read it by TLKeyType; 1
     int frame;            ///< the key's frame or a clip's first; what a key array is ordered by; 0
     bool selected;        ///< set only through CTimelineKeyArray's selection operations; false
-    int kindMask;         ///< bits tested against the mask of a selection, and drawing options; 1
-    int transitionFrames; ///< frames of the span drawn before (or after) the key; 0
+    int kindMask;         ///< tested against a selection's mask; drawn by the bits of TLKeyMask; 1
+    int transitionFrames; ///< frames of a span before or after a key, or of a clip's lead-in; 0
     int hostValue1;       ///< on the copies a clip track draws of sub-keys, the clip's frame; 0
-    bool hostSwitch;      ///< a key's bar is drawn only when true; false
+    bool hostSwitch;      ///< true lets a row of keys draw the key's bar; false
     int clipLength;       ///< frames of one pass; below 1 the key is not a clip; 0
     int hostValue2;       ///< longest clip length of a speed drag, in frames; 0
     int hostValue3;       ///< shortest clip length of a speed drag, in frames; 0
@@ -70,7 +70,7 @@ public:
     int hostValue5;       ///< not read by the library; 0
     int hostValue6;       ///< mouth shape on a viseme track; 0
     int hostValue7;       ///< not read by the library; 0
-    int lockState;        ///< 1 = locked: selection passes over it, drawn in locked colours; 0
+    int lockState;        ///< see TLKeyLock: selection passes over a locked key; 0
     bool alternateStyle;  ///< drawn in the track's alternate colours; false
     int priority;         ///< decides which of two keys on one frame is displayed; 100
     int relatedCopy;      ///< 1 on a copy shown for another track, see RelatedAdd; 0

@@ -2,6 +2,7 @@
 
 #include "AscendingSearch.h"
 #include "ClipDisplayLength.h"
+#include "FrameOrder.h"
 #include "KeyBatch.h"
 
 #include <algorithm>
@@ -43,7 +44,6 @@ unsigned int CTimelineKeyArray::GetReferences() const
 }
 
 // --- Search
-// ---------------------------------------------------------------------------------------
 
 void CTimelineKeyArray::GetInsertIndex(const KeyVector& keys, int frame, bool first, int& index,
                                        bool& found) const
@@ -105,10 +105,9 @@ int CTimelineKeyArray::HitClipRange(int frame, bool first, bool exclusive) const
 }
 
 // --- Insertion and removal
-// ------------------------------------------------------------------------
 
 /// Puts a key into a frame-ordered list by the rule that the main and the related list share.
-int CTimelineKeyArray::Place(KeyVector& keys, VZ::CPointer<CTimelineKey> key, bool replace) const
+int CTimelineKeyArray::Place(KeyVector& keys, VZ::CPointer<CTimelineKey> key, bool replace)
 {
     int index = 0;
     bool found = false;
@@ -135,9 +134,7 @@ int CTimelineKeyArray::Add(VZ::CPointer<CTimelineKey> key, bool replace)
 
 void CTimelineKeyArray::AddKeys(const KeyVector& keys, bool replace)
 {
-    const auto isBefore = [](const VZ::CPointer<CTimelineKey>& a,
-                             const VZ::CPointer<CTimelineKey>& b) { return a->frame < b->frame; };
-    if (!std::is_sorted(m_keys.begin(), m_keys.end(), isBefore)) {
+    if (!IsInFrameOrder(m_keys)) {
         // A host wrote frames in place. Where a key then ends up only the search itself can tell.
         for (const VZ::CPointer<CTimelineKey>& key : KeyVector(keys))
             Add(key, replace);
@@ -155,9 +152,10 @@ void CTimelineKeyArray::AddKeys(const KeyVector& keys, bool replace)
 
 void CTimelineKeyArray::RemoveAt(int index)
 {
-    const auto entry = std::lower_bound(m_selection.begin(), m_selection.end(), index);
-    if (entry != m_selection.end() && *entry == index) {
-        for (auto later = m_selection.erase(entry); later != m_selection.end(); ++later)
+    const int position = SelHitKey(index);
+    if (position >= 0) {
+        auto later = m_selection.erase(m_selection.begin() + position);
+        for (; later != m_selection.end(); ++later)
             --*later;
     }
     m_keys.erase(m_keys.begin() + index);
@@ -180,7 +178,6 @@ void CTimelineKeyArray::RemoveAll()
 }
 
 // --- Access
-// ---------------------------------------------------------------------------------------
 
 VZ::CPointer<CTimelineKey> CTimelineKeyArray::GetAt(int index) const
 {
@@ -203,7 +200,6 @@ const VZ::CPointer<CTimelineKey>& CTimelineKeyArray::KeyAt(int index) const
 }
 
 // --- Display lengths
-// ------------------------------------------------------------------------------
 
 void CTimelineKeyArray::UpdateClipDisplayLength(int index)
 {

@@ -57,7 +57,9 @@ public:
     /// @return the index where the key now stands; -1 for a null key, which changes nothing.
     int Add(VZ::CPointer<CTimelineKey> key, bool replace);
     /// Adds many keys: leaves exactly what adding them one by one with Add, in the given order,
-    /// leaves, in n log n time for n keys of both lists together. Null keys are passed over.
+    /// leaves. Takes n log n time for n keys of both lists together, as long as the array is in
+    /// frame order; if a host wrote frames of its keys in place, the keys are indeed added one by
+    /// one. Null keys are passed over.
     void AddKeys(const KeyVector& keys, bool replace);
     /// Index of the first (@p first true) or last key at exactly @p frame; -1 if there is none.
     int HitKey(int frame, bool first) const;
@@ -65,11 +67,11 @@ public:
     /// if there is none. Looks only at the key at @p frame (of several: the first or last, as
     /// @p first says) or else the one before it. @p exclusive leaves out both ends of the range.
     int HitClipRange(int frame, bool first, bool exclusive) const;
-    /// Takes out the key at @p index and releases it, and computes the display lengths of all keys
-    /// before it. Taking out a selected key corrects the selection. Taking out an unselected one
-    /// does not: selected indexes above it then mean one key further on, the last of them perhaps
-    /// none at all, until the selection is next rebuilt. So clear the selection first, or take out
-    /// selected keys only.
+    /// Takes out the key at @p index, 0 to GetSize() - 1 and not checked, and releases it, and
+    /// computes the display lengths of all keys before it. Taking out a selected key corrects the
+    /// selection. Taking out an unselected one does not: selected indexes above it then mean one
+    /// key further on, the last of them perhaps none at all, until the selection is next rebuilt.
+    /// So clear the selection first, or take out selected keys only.
     void RemoveAt(int index);
     /// Finds @p key itself (its first place, if it stands at several) and takes it out as above; a
     /// key that is not in the array, or null, changes nothing.
@@ -87,8 +89,8 @@ public:
     /// @{
 
     /// Selects or deselects the keys from @p frameA to @p frameB, both included, in either order.
-    /// Passes over locked keys (lock state 1), and, unless @p mask is 0xFFFFFFFF, keys whose kind
-    /// mask has no bit in common with it. @return false only for an empty array.
+    /// Passes over locked keys (lock state 1), and, unless @p mask is TL_KEY_ANY_KIND, keys whose
+    /// kind mask has no bit in common with it. @return false only for an empty array.
     bool SetSelection(int frameA, int frameB, bool select, unsigned int mask);
     /// The same for the keys from index @p first to @p last, both included, except that @p mask is
     /// not used. @return false if either index is outside 0 to GetSize() - 1; true, without a
@@ -130,7 +132,8 @@ public:
     /// Moves the selected keys, locked ones too, by @p delta frames, to negative frames if need be,
     /// and adds them to the others again as Add does, in their order: with @p replace, a moved key
     /// takes the place of the last key of its new frame, which leaves the track; without it, the
-    /// moved key stands after the keys of that frame. The keys stay selected.
+    /// moved key stands after the keys of that frame. Frames stop at the ends of the int range. The
+    /// selection is taken anew from the keys' `selected` members, so the keys stay selected.
     void MoveKeys(int delta, bool replace);
     /// @}
 
@@ -153,15 +156,16 @@ public:
     std::size_t RelatedGetSize() const;
     /// @}
 
-    /// Computes the display lengths of the key at @p index and of the key before it: loop count
-    /// times clip length, but at most up to the frame before the next key. Add, RemoveAt and
-    /// MoveKeys do this; a host that changes a clip's length in place calls it for that clip.
+    /// Computes the display lengths of the key at @p index, 0 to GetSize() - 1 and not checked,
+    /// and of the key before it: loop count times clip length, but at most up to the frame before
+    /// the next key. Add, RemoveAt and MoveKeys do this; a host that changes a clip's length in
+    /// place calls it for that clip.
     void UpdateClipDisplayLength(int index);
     /// Appends what is displayed to @p out, which should be empty: the keys merged with the related
     /// keys in frame order. On a frame that a key holds already, a related key takes the place of
-    /// the last one there if its priority is greater, and is left out otherwise. The array itself
-    /// does not change.
-    void CollectDisplayKeys(KeyVector& out);
+    /// the last one there if its priority is greater, and is left out otherwise. Keys that @p out
+    /// held before count as the array's own. Takes linear time when all of them are in frame order.
+    void CollectDisplayKeys(KeyVector& out) const;
 
     /// @name Lists for reading
     /// Without the counting of the accessors above, for painters and hit tests; valid until the
@@ -178,7 +182,7 @@ protected:
     int GetSameFrameID(const KeyVector& keys, int index, bool first) const;
 
 private:
-    int Place(KeyVector& keys, VZ::CPointer<CTimelineKey> key, bool replace) const;
+    int Place(KeyVector& keys, VZ::CPointer<CTimelineKey> key, bool replace);
     int HitKey(const KeyVector& keys, int frame, bool first) const;
     void UpdateDisplayLengthsBelow(std::size_t index);
 

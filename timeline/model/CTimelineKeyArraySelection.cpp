@@ -30,7 +30,6 @@ bool PassesMask(const CTimelineKey& key, unsigned int mask)
 } // namespace
 
 // --- Selecting
-// ------------------------------------------------------------------------------------
 
 bool CTimelineKeyArray::SetSelection(int frameA, int frameB, bool select, unsigned int mask)
 {
@@ -115,7 +114,6 @@ void CTimelineKeyArray::RebuildSelection()
 }
 
 // --- The selection list
-// ---------------------------------------------------------------------------
 
 int CTimelineKeyArray::SelAdd(int keyIndex)
 {
@@ -161,14 +159,13 @@ std::size_t CTimelineKeyArray::SelGetSize() const
 }
 
 // --- Moving
-// ---------------------------------------------------------------------------------------
 
 void CTimelineKeyArray::SetSelToMove()
 {
     m_moveSet.clear();
     for (int index : m_selection) {
         if (IsKeyIndex(index))
-            m_moveSet.emplace_back(new CTimelineKey(*KeyAt(index)));
+            m_moveSet.push_back(new CTimelineKey(*KeyAt(index)));
     }
 }
 

@@ -16,7 +16,9 @@ public:
     static constexpr int kSharedSelection = 1;
     static constexpr int kClipBars = 3;
 
+    /// Replaces all rows by copies of @p rows; nothing about them is checked.
     void Set(const std::vector<_tmpTLRelatedMap>& rows) { m_rows = rows; }
+    /// The rows as they were set, in their order; valid until the next Set.
     const std::vector<_tmpTLRelatedMap>& Rows() const { return m_rows; }
 
     /// The sources of the rows of @p kind that list @p target after their first entry, in table

@@ -15,8 +15,9 @@ enum TL_TRACK_TYPE : int
     TL_TRACK_WAVE = 9 ///< a clip track drawn as a sound-wave row; never made by CreateTrack
 };
 
-/// The edit modes of a track and the edit commands reported to the host. Values without a role in
-/// the library (18, 20, 25, 26, 27 and above) are the host's own.
+/// The edit modes of a track and the edit commands reported to the host. What 18, 20 and 27 do is
+/// the host's own; the library only tells when they are available. It gives no meaning at all to
+/// 25, 26, and 28 and above.
 enum TLEditType : int
 {
     TL_EDIT_BEGIN = 0,          ///< an edit begins
@@ -37,14 +38,14 @@ enum TLEditType : int
     TL_EDIT_DELETE = 15,
     TL_EDIT_INSERT_KEY = 16,
     TL_EDIT_BREAK = 17,         ///< split the selected clip at the current frame
-    TL_EDIT_HOST_18 = 18,       ///< available with exactly one selected key
+    TL_EDIT_HOST_18 = 18,       ///< the host's; available with exactly one selected key
     TL_EDIT_RANGE_COMMAND = 19, ///< a command on the time range
-    TL_EDIT_HOST_20 = 20,       ///< available with exactly one selected key
+    TL_EDIT_HOST_20 = 20,       ///< the host's; available with exactly one selected key
     TL_EDIT_AUTO_MOTION = 21,
     TL_EDIT_SELECT_PREVIOUS = 22,
     TL_EDIT_SELECT_NEXT = 23,
     TL_EDIT_SELECT_ALL = 24,
-    TL_EDIT_HOST_27 = 27 ///< available with exactly one selected key
+    TL_EDIT_HOST_27 = 27 ///< the host's; available with exactly one selected key
 };
 
 /// What kind of file was dropped.

@@ -5,6 +5,7 @@
 
 #include <locale>
 #include <sstream>
+#include <utility>
 
 // The parser gets our converter and our comparison, so it needs none of its own, which would ask
 // for platform headers or further sources. Debian's header keeps its member functions back unless
@@ -61,7 +62,7 @@ struct CProfile::Parser
 
     int LoadFile(const std::wstring& path)
     {
-        const OpenFile file = OpenRegularFile(path);
+        const FileHandle file = OpenRegularFile(path);
         return file ? ini.LoadFile(file.get()) : SI_FILE;
     }
 

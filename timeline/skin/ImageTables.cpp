@@ -1,12 +1,12 @@
 #include "skin/ImageTables.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -69,7 +69,7 @@ int CountIn(const Groups<Image>& groups, int group)
 }
 
 template <typename Image>
-const Image& At(const Groups<Image>& groups, int group, int index, const Image& none)
+const Image& At(const Groups<Image>& groups, int group, long long index, const Image& none)
 {
     if (index < 0 || index >= CountIn(groups, group))
         return none;
@@ -135,10 +135,11 @@ bool ImageTables::Load(const QString& prefix)
 
 bool ImageTables::AppendPicture(Groups<QPixmap>& groups, int group, const QString& path)
 {
-    QPixmap picture(path);
+    // Not read as a pixmap: that would keep, and answer from, a copy in the process-wide cache.
+    const QImage picture(path);
     if (picture.isNull())
         return false;
-    Append(groups, group, std::move(picture));
+    Append(groups, group, QPixmap::fromImage(picture));
     return true;
 }
 
@@ -163,22 +164,22 @@ void ImageTables::Free()
     m_loaded = false;
 }
 
-const QPixmap& ImageTables::Picture(int group, int index) const
+const QPixmap& ImageTables::Picture(int group, long long index) const
 {
     return At(m_pictures, group, index, NoPicture());
 }
 
-const QPixmap& ImageTables::Glyph(int group, int index) const
+const QPixmap& ImageTables::Glyph(int group, long long index) const
 {
     return At(m_glyphs, group, index, NoPicture());
 }
 
-const QBrush& ImageTables::Brush(int group, int index) const
+const QBrush& ImageTables::Brush(int group, long long index) const
 {
     return At(m_brushes, group, index, NoBrush());
 }
 
-const QPixmap& ImageTables::WideStrip(int group, int index) const
+const QPixmap& ImageTables::WideStrip(int group, long long index) const
 {
     return At(m_wideStrips, group, index, NoPicture());
 }
@@ -196,14 +197,4 @@ int ImageTables::GlyphCount(int group) const
 int ImageTables::BrushCount(int group) const
 {
     return CountIn(m_brushes, group);
-}
-
-QString ReadTextResource(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray bytes = file.readAll();
-    const int zero = bytes.indexOf('\0');
-    return QString::fromUtf8(zero < 0 ? bytes : bytes.left(zero));
 }

@@ -18,6 +18,23 @@ enum PictureGroup : int
     kRangeMarkerPictures = 6
 };
 
+/// How many pictures of a group make one button or one pair of arrows: one for each state.
+enum PictureSetSize : int
+{
+    kPushButtonStates = 3,   ///< normal, hover, pressed
+    kToggleButtonStates = 4, ///< off, off and hover, on, on and hover
+    kSwitchButtonStates = 4, ///< as those of a toggle button
+    kScrollArrowStates = 8   ///< four of the left arrow, then four of the right one
+};
+
+/// The index of the picture or brush at @p place of the set with the number @p set, in a group that
+/// is a row of sets of @p setSize each. Skins number the sets, so @p set may be any number; what
+/// lies outside the group is outside for every table.
+constexpr long long IndexInSets(int set, int setSize, int place)
+{
+    return 1LL * set * setSize + place;
+}
+
 /// What each group of the brush table is used for.
 enum BrushGroup : int
 {
@@ -33,6 +50,12 @@ enum CaptionPicture : int
     kTickCaption = 3,    ///< the ruler row's
     kFirstRowCaption = 4 ///< a row's is this one and the number in its style
 };
+
+/// The place in the caption group of the row caption with the number @p bitmapId, any number.
+constexpr long long RowCaptionIndex(int bitmapId)
+{
+    return IndexInSets(bitmapId, 1, kFirstRowCaption);
+}
 
 /// Offsets of the track kinds in the glyph table, added to the skin's key bitmap type.
 enum GlyphGroup : int
@@ -59,12 +82,18 @@ public:
     void Free();
     bool IsLoaded() const { return m_loaded; }
 
-    const QPixmap& Picture(int group, int index) const;
-    const QPixmap& Glyph(int group, int index) const;
-    const QBrush& Brush(int group, int index) const;
+    /// A picture of the group @p group (a PictureGroup), counted from 0. The index is wide, here
+    /// and below, because skins make it up.
+    const QPixmap& Picture(int group, long long index) const;
+    /// A glyph of a group of the glyph table (a GlyphGroup and the skin's number).
+    const QPixmap& Glyph(int group, long long index) const;
+    /// The texture brush of the group @p group (a BrushGroup), for whoever paints with a brush.
+    /// The rows fill with its wide strip, which is faster.
+    const QBrush& Brush(int group, long long index) const;
     /// The brush's texture repeated side by side to nearly 512 pixels: tiling this fills fast and
     /// gives the same pixels as the brush does.
-    const QPixmap& WideStrip(int group, int index) const;
+    const QPixmap& WideStrip(int group, long long index) const;
+    /// How many images a group holds; 0 for a group that does not exist.
     int PictureCount(int group) const;
     int GlyphCount(int group) const;
     int BrushCount(int group) const;
@@ -79,6 +108,3 @@ private:
     std::vector<std::vector<QBrush>> m_brushes;
     std::vector<std::vector<QPixmap>> m_wideStrips;
 };
-
-/// The UTF-8 text of a resource or file up to its first zero byte; empty when it cannot be opened.
-QString ReadTextResource(const QString& path);

@@ -17,10 +17,10 @@ bool PathExists(const std::wstring& path)
     return true;
 }
 
-OpenFile OpenRegularFile(const std::wstring& path)
+FileHandle OpenRegularFile(const std::wstring& path)
 {
     std::FILE* file = nullptr;
-    return OpenFile(_wfopen_s(&file, path.c_str(), L"rb") == 0 ? file : nullptr);
+    return FileHandle(_wfopen_s(&file, path.c_str(), L"rb") == 0 ? file : nullptr);
 }
 
 #else
@@ -45,14 +45,14 @@ bool PathExists(const std::wstring& path)
     return stat(NativePath(path).constData(), &status) == 0;
 }
 
-OpenFile OpenRegularFile(const std::wstring& path)
+FileHandle OpenRegularFile(const std::wstring& path)
 {
     const QByteArray nativePath = NativePath(path);
     struct stat status;
     // Asked before opening: opening a pipe would wait for its writer.
     if (stat(nativePath.constData(), &status) != 0 || !S_ISREG(status.st_mode))
         return nullptr;
-    return OpenFile(std::fopen(nativePath.constData(), "rb"));
+    return FileHandle(std::fopen(nativePath.constData(), "rb"));
 }
 
 #endif

@@ -1,6 +1,9 @@
 #include "skin/SkinSection.h"
 
+#include "skin/SkinFont.h"
 #include "skin/SkinValues.h"
+
+#include <utility>
 
 bool SkinSection::Read(const std::wstring& key, int& number) const
 {
@@ -94,16 +97,4 @@ bool SkinSection::ReadParsed(const std::wstring& key, Value (*parse)(const QStri
         return false;
     value = parse(text);
     return true;
-}
-
-void SetPointSize(QFont& font, int points)
-{
-    if (points > 0)
-        font.setPointSize(points);
-}
-
-void SetPixelSize(QFont& font, int pixels)
-{
-    if (pixels > 0)
-        font.setPixelSize(pixels);
 }

@@ -50,9 +50,3 @@ private:
     const SkinSource& m_source;
     std::wstring m_name;
 };
-
-/// Sets the size of a font in points. A size below 1, which Qt refuses with a printed warning,
-/// leaves the font as it is, in silence.
-void SetPointSize(QFont& font, int points);
-/// The same in pixels.
-void SetPixelSize(QFont& font, int pixels);

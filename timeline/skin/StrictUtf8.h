@@ -56,9 +56,22 @@ private:
     static constexpr char32_t kLargestCodePoint = 0x10FFFF;
     static constexpr char32_t kFirstBeyondOneUtf16Unit = 0x10000;
 
+    /// A trailing byte is 10 and six bits of the code point.
+    static constexpr unsigned char kTrailingMarkMask = 0xC0;
+    static constexpr unsigned char kTrailingMark = 0x80;
+    static constexpr unsigned char kTrailingPayloadMask = 0x3F;
+    static constexpr int kTrailingPayloadBits = 6;
+
+    /// Two UTF-16 surrogates hold ten bits of a code point each.
+    static constexpr char32_t kFirstHighSurrogate = 0xD800;
+    static constexpr char32_t kFirstLowSurrogate = 0xDC00;
+    static constexpr char32_t kLastSurrogate = 0xDFFF;
+    static constexpr char32_t kLowSurrogatePayloadMask = 0x3FF;
+    static constexpr int kSurrogatePayloadBits = 10;
+
     static constexpr bool IsSurrogate(char32_t codePoint)
     {
-        return codePoint >= 0xD800 && codePoint <= 0xDFFF;
+        return codePoint >= kFirstHighSurrogate && codePoint <= kLastSurrogate;
     }
 
     template <typename Visit>
@@ -87,9 +100,10 @@ private:
                 return false;
             codePoint = lead & form.payloadMask;
             for (int i = 0; i < form.trailingBytes; ++i, ++at) {
-                if ((*at & 0xC0) != 0x80)
+                if ((*at & kTrailingMarkMask) != kTrailingMark)
                     return false;
-                codePoint = (codePoint << 6) | (*at & 0x3Fu);
+                codePoint = (codePoint << kTrailingPayloadBits) |
+                            static_cast<char32_t>(*at & kTrailingPayloadMask);
             }
             return codePoint >= form.smallest && codePoint <= kLargestCodePoint &&
                    !IsSurrogate(codePoint);
@@ -106,8 +120,8 @@ private:
     {
         if (UnitsOf(codePoint) == 2) {
             const char32_t offset = codePoint - kFirstBeyondOneUtf16Unit;
-            *output++ = static_cast<Unit>(0xD800 + (offset >> 10));
-            *output++ = static_cast<Unit>(0xDC00 + (offset & 0x3FF));
+            *output++ = static_cast<Unit>(kFirstHighSurrogate + (offset >> kSurrogatePayloadBits));
+            *output++ = static_cast<Unit>(kFirstLowSurrogate + (offset & kLowSurrogatePayloadMask));
         } else {
             *output++ = static_cast<Unit>(codePoint);
         }

@@ -1,5 +1,10 @@
 #include "skin/StyleSections.h"
 
+#include "skin/SkinFont.h"
+
+#include <string>
+#include <vector>
+
 namespace {
 
 /// The pixel size that stands for "use the point size".

@@ -4,6 +4,10 @@
 
 #include "TimelineEnums.h"
 
+#include <memory>
+#include <string>
+#include <utility>
+
 namespace {
 
 /// Makes the record of a kind, hands it out, and fills it as far as the section goes.
@@ -62,13 +66,9 @@ bool LoadTrackStyle(const std::wstring& skinPath, int styleNumber, int trackType
     return LoadTrackStyle(SkinFile(skinPath), styleNumber, trackType, record);
 }
 
-bool ReadContextMenuFont(const SkinSource& skin, QString& face, int& pointSize)
-{
-    const SkinSection menu(skin, L"TrackRightMenu");
-    return menu.Read(L"TxtFace", face) && menu.Read(L"TxtSize", pointSize);
-}
-
 bool ReadContextMenuFont(const std::wstring& skinPath, QString& face, int& pointSize)
 {
-    return ReadContextMenuFont(SkinFile(skinPath), face, pointSize);
+    const SkinFile skin(skinPath);
+    const SkinSection menu(skin, L"TrackRightMenu");
+    return menu.Read(L"TxtFace", face) && menu.Read(L"TxtSize", pointSize);
 }

@@ -6,8 +6,11 @@
 #include <memory>
 #include <string>
 
-/// Reads the style of a track from the skin file at @p skinPath. @p record receives the record of
-/// the kind, partly filled when reading failed, or null for a kind that has none (the scroll bar).
+/// Reads the style of a track from the skin file at @p skinPath. @p trackType is a TL_TRACK_TYPE,
+/// and
+/// @p styleNumber the number of its section, which the ruler has none of. @p record receives the
+/// new record of the kind, partly filled when reading failed, or null for a kind that has none (the
+/// scroll bar).
 /// @return true when every key of the section was there (and for a kind without a section).
 bool LoadTrackStyle(const std::wstring& skinPath, int styleNumber, int trackType,
                     std::unique_ptr<StyleRecord>& record);
@@ -16,6 +19,6 @@ bool LoadTrackStyle(const std::wstring& skinPath, int styleNumber, int trackType
 bool LoadTrackStyle(const SkinSource& skin, int styleNumber, int trackType,
                     std::unique_ptr<StyleRecord>& record);
 
-/// Reads the font of the context menu; false leaves both outputs as far as they were read.
+/// Reads the font of the context menu from the skin file at @p skinPath: its family and its size in
+/// points, any number. False when either is missing; what was read before it is set then.
 bool ReadContextMenuFont(const std::wstring& skinPath, QString& face, int& pointSize);
-bool ReadContextMenuFont(const SkinSource& skin, QString& face, int& pointSize);

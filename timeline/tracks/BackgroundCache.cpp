@@ -24,18 +24,18 @@ bool DrawsPixelForPixel(const QPainter& painter)
 const QPixmap& Ground(const TrackStyle& style)
 {
     const ImageTables& images = TimelineLibrary::Instance().images;
+    const int set = style.backgroundId;
     return style.backgroundType == 0
-               ? images.WideStrip(kGridBrushes, style.backgroundId * kGridBrushCount)
-               : images.WideStrip(kBandedBrushes, style.backgroundId * kBandedBrushCount);
+               ? images.WideStrip(kGridBrushes, IndexInSets(set, kGridBrushCount, kGridNormal))
+               : images.WideStrip(kBandedBrushes,
+                                  IndexInSets(set, kBandedBrushCount, kBandedNormal));
 }
 
 /// Whether the background covers its row: not for a number that the skin made up, nor for the wave
 /// row, which is painted in colours.
 bool HasGround(const TrackStyle& style)
 {
-    constexpr int kFarBeyondAnyTable = 1 << 20;
-    return style.backgroundId >= 0 && style.backgroundId < kFarBeyondAnyTable &&
-           !Ground(style).isNull() && !dynamic_cast<const WaveTrackStyle*>(&style);
+    return !Ground(style).isNull() && !dynamic_cast<const WaveTrackStyle*>(&style);
 }
 
 bool IsWholeRow(const RowView& view)
@@ -44,6 +44,12 @@ bool IsWholeRow(const RowView& view)
 }
 
 } // namespace
+
+BackgroundCache& BackgroundCache::Shared()
+{
+    static BackgroundCache cache;
+    return cache;
+}
 
 void BackgroundCache::Draw(QPainter& painter, const RowView& view, const TrackStyle& style,
                            const TimeRange& range)

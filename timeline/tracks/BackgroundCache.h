@@ -17,11 +17,19 @@ struct TrackStyle;
 class BackgroundCache
 {
 public:
+    /// The cache that all rows share.
+    static BackgroundCache& Shared();
+
     /// Draws the background of the whole row or, where the view shows a part, of that part: from a
     /// ready picture, or one made now if the whole row is to be painted. Onto a painter that is
     /// scaled or has another pixel ratio it is painted without a picture.
     void Draw(QPainter& painter, const RowView& view, const TrackStyle& style,
               const TimeRange& range);
+
+    /// Lets go of all pictures.
+    void Clear() { m_entries.clear(); }
+    /// The number of ready pictures.
+    std::size_t Size() const { return m_entries.size(); }
 
 private:
     struct Key

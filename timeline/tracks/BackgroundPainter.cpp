@@ -18,28 +18,23 @@ class Textures
 {
 public:
     Textures(QPainter& painter, const RowView& view, BrushGroup group, int set, int setSize)
-        : m_painter(painter), m_view(view), m_group(group), m_first(1LL * set * setSize)
+        : m_painter(painter), m_view(view), m_group(group), m_set(set), m_setSize(setSize)
     {
     }
 
     /// Fills the columns @p from to @p to, both included.
     void Fill(long long from, long long to, int brush) const
     {
-        constexpr int kNoBrush = -1;
-        const long long index = m_first + brush;
-        const bool inTable = index >= 0 && index < ImageTableLimit;
-        FillStrip(m_painter, m_view.Part(from, to), m_group,
-                  inTable ? static_cast<int>(index) : kNoBrush, m_view.row.topLeft());
+        FillStrip(m_painter, m_view.Part(from, to), m_group, IndexInSets(m_set, m_setSize, brush),
+                  m_view.row.topLeft());
     }
 
 private:
-    /// Far above any table, so that a skin's number cannot overflow an int.
-    static constexpr long long ImageTableLimit = 1 << 20;
-
     QPainter& m_painter;
     const RowView& m_view;
     BrushGroup m_group;
-    long long m_first;
+    int m_set;
+    int m_setSize;
 };
 
 /// The columns of a time range, both included: from its first frame to the frame after its last.

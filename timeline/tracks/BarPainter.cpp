@@ -155,7 +155,7 @@ void DrawKeyBars(QPainter& painter, const RowView& view, const BarStyle& style,
     if (!style.border || style.height < 1 || view.IsEmpty())
         return;
     const int height = std::min(style.height, kHighest);
-    const QColor colours[] = {(*style.border)[0].color(), (*style.border)[1].color()};
+    const QColor colours[] = {(*style.border)[false].color(), (*style.border)[true].color()};
     const KeyRange range = KeysReaching(keys.Keys(), facts, view.Frames(1, 1));
     for (std::size_t i = range.begin; i < range.end; ++i) {
         const CTimelineKey& key = *keys.Keys()[i];

@@ -121,7 +121,7 @@ bool CTimelineTrackBase::CopySelectionToClipboard()
     KeyVector copies;
     for (const int index : m_keys->SelectedIndexes()) {
         if (static_cast<std::size_t>(index) < m_keys->GetSize())
-            copies.emplace_back(new CTimelineKey(*m_keys->GetAt(index)));
+            copies.push_back(new CTimelineKey(*m_keys->GetAt(index)));
     }
     if (copies.empty())
         return false;

@@ -40,12 +40,6 @@ private:
     QFont m_font;
 };
 
-BackgroundCache& Backgrounds()
-{
-    static BackgroundCache cache;
-    return cache;
-}
-
 } // namespace
 
 void CTimelineTrackBase::DrawTrack(QPainter* painter, QRect rect)
@@ -54,7 +48,7 @@ void CTimelineTrackBase::DrawTrack(QPainter* painter, QRect rect)
     painter->setBrushOrigin(rect.topLeft());
     const RowView view(*painter, rect, Axis());
     if (const auto* style = StyleAs<TrackStyle>())
-        Backgrounds().Draw(*painter, view, *style, BackgroundRange());
+        BackgroundCache::Shared().Draw(*painter, view, *style, BackgroundRange());
     DrawKeys(painter, rect);
     DrawRelatedTracks(*painter, view);
     if (HasEditMode(TL_EDIT_TIME_RANGE))

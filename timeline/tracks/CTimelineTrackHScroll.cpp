@@ -29,17 +29,29 @@ bool CTimelineTrackHScroll::Init(QWidget* parent)
 
 void CTimelineTrackHScroll::DrawTrack(QPainter* painter, QRect rect)
 {
-    resize(rect.size());
+    ResizeTo(rect.size());
     const QRect thumb = RectOf(m_thumb.GetThumb()).translated(rect.topLeft());
     FillStrip(*painter, rect, kRulerBrushes, kGroundBrush, rect.topLeft());
     FillStrip(*painter, thumb, kRulerBrushes, kThumbBrush, rect.topLeft());
 }
 
+void CTimelineTrackHScroll::FitToWidget(ScrollThumb& thumb) const
+{
+    thumb.SetSize(width(), height());
+    thumb.SetRowHeight(GetRowHeight());
+}
+
 ScrollThumb& CTimelineTrackHScroll::Thumb()
 {
-    m_thumb.SetSize(width(), height());
-    m_thumb.SetRowHeight(GetRowHeight());
+    FitToWidget(m_thumb);
     return m_thumb;
+}
+
+ScrollThumb CTimelineTrackHScroll::Thumb() const
+{
+    ScrollThumb thumb = m_thumb;
+    FitToWidget(thumb);
+    return thumb;
 }
 
 void CTimelineTrackHScroll::SyncThumb(bool force)
@@ -84,29 +96,31 @@ void CTimelineTrackHScroll::ZoomAll()
     Send(kViewChanged);
 }
 
-bool CTimelineTrackHScroll::CanUnZoom()
+bool CTimelineTrackHScroll::CanUnZoom() const
 {
     return Thumb().CanUnZoom();
 }
 
-bool CTimelineTrackHScroll::CanZoomIn()
+bool CTimelineTrackHScroll::CanZoomIn() const
 {
     return Thumb().CanZoomIn();
 }
 
-bool CTimelineTrackHScroll::CanZoomOut()
+bool CTimelineTrackHScroll::CanZoomOut() const
 {
     return Thumb().CanZoomOut();
 }
 
-bool CTimelineTrackHScroll::CanZoomAll()
+bool CTimelineTrackHScroll::CanZoomAll() const
 {
     return Thumb().CanZoomAll();
 }
 
-void CTimelineTrackHScroll::GetScrollInfo(float& left, float& right)
+void CTimelineTrackHScroll::GetScrollInfo(float& left, float& right) const
 {
-    Thumb().GetScrollInfo(left, right);
+    const ScrollThumb::ScrollInfo info = Thumb().GetScrollInfo();
+    left = info.left;
+    right = info.right;
 }
 
 void CTimelineTrackHScroll::SetScrollInfo(float left, float right)

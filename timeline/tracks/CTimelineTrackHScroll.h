@@ -29,21 +29,24 @@ public:
     void ZoomIn();
     void ZoomOut();
     void ZoomAll();
-    bool CanUnZoom();
-    bool CanZoomIn();
-    bool CanZoomOut();
-    bool CanZoomAll();
+    bool CanUnZoom() const;
+    bool CanZoomIn() const;
+    bool CanZoomOut() const;
+    bool CanZoomAll() const;
 
-    /// The thumb's edges as fractions of the bar's width.
-    void GetScrollInfo(float& left, float& right);
+    /// The thumb's edges as fractions of the bar's width; 0 and 1 without width.
+    void GetScrollInfo(float& left, float& right) const;
     /// Does nothing, and sends nothing, unless 0 <= @p left <= @p right <= 1.
     void SetScrollInfo(float left, float right);
     /// The thumb in the row's own pixels, edges inclusive.
     const ScrollThumb::Thumb& GetThumb() const { return m_thumb.GetThumb(); }
 
 private:
-    /// The arithmetic, brought up to the widget's present size.
+    void FitToWidget(ScrollThumb& thumb) const;
+    /// The arithmetic, brought up to the widget's present size; a copy of it where nothing is to
+    /// change.
     ScrollThumb& Thumb();
+    ScrollThumb Thumb() const;
 
     ScrollThumb m_thumb;
 };

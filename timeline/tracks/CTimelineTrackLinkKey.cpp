@@ -1,6 +1,7 @@
 #include "tracks/CTimelineTrackLinkKey.h"
 
 #include "tracks/LinkPainter.h"
+#include "tracks/LinkWindow.h"
 
 CTimelineTrackLinkKey::CTimelineTrackLinkKey()
 {

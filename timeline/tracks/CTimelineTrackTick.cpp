@@ -1,18 +1,12 @@
 #include "tracks/CTimelineTrackTick.h"
 
 #include "library/TimelineLibrary.h"
+#include "tracks/RangeMarkers.h"
 #include "tracks/RulerPainter.h"
 
 namespace {
 
 constexpr int kInitialWidth = 10;
-
-enum MarkerHit
-{
-    kNoMarker = -1,
-    kStartMarker = 0,
-    kEndMarker = 1
-};
 
 } // namespace
 
@@ -34,7 +28,7 @@ void CTimelineTrackTick::SetTimeMark(int start, int end)
 
 void CTimelineTrackTick::DrawTrack(QPainter* painter, QRect rect)
 {
-    resize(rect.size());
+    ResizeTo(rect.size());
     static const TickTrackStyle plain; // while no style is loaded: no visible numbers
     const auto* style = StyleAs<TickTrackStyle>();
     RulerPainter ruler(*painter, rect, style ? *style : plain, Axis(),
@@ -44,7 +38,8 @@ void CTimelineTrackTick::DrawTrack(QPainter* painter, QRect rect)
 
 int CTimelineTrackTick::HitTestRangeMarker(QPoint point)
 {
-    const QSize size = TimelineLibrary::Instance().images.Glyph(kTimeMarkGlyphs, 0).size();
+    const QSize size =
+        TimelineLibrary::Instance().images.Glyph(kTimeMarkGlyphs, kStartMarker).size();
     const auto hits = [&](long long left) {
         return point.x() >= left && point.x() < left + size.width() && point.y() >= 0 &&
                point.y() < size.height();

@@ -1,6 +1,7 @@
 #include "tracks/CTimelineTrackTransKey.h"
 
 #include "tracks/TransitionPainter.h"
+#include "tracks/TransitionWindow.h"
 
 #include <QPaintEvent>
 #include <QPainter>

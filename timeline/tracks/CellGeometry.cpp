@@ -1,16 +1,10 @@
 #include "tracks/CellGeometry.h"
 
+#include "axis/ClampedInt.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace {
-
-int Clamped(long long value)
-{
-    constexpr long long lowest = std::numeric_limits<int>::min();
-    constexpr long long highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, lowest, highest));
-}
 
 /// Frames per pixel; 1 before the axis was first computed.
 long long FramesPerPixel(const FrameAxis& axis)
@@ -23,9 +17,9 @@ long long FramesPerPixel(const FrameAxis& axis)
 int HalfWithCell(const FrameAxis& axis, long long doubled)
 {
     if (!axis.IsFramesPerPixel())
-        return Clamped((doubled + axis.info.pixelsPerFrame) / 2);
+        return ClampedInt((doubled + axis.info.pixelsPerFrame) / 2);
     const bool wholePixel = FramesPerPixel(axis) == 1;
-    return Clamped(doubled < 0 || wholePixel ? (doubled + 1) / 2 : doubled / 2);
+    return ClampedInt(doubled < 0 || wholePixel ? (doubled + 1) / 2 : doubled / 2);
 }
 
 } // namespace
@@ -45,10 +39,10 @@ int CentredOnFrame(const FrameAxis& axis, long long frame, int width)
     const long long scrollX = axis.scrollX;
     if (!axis.IsFramesPerPixel()) {
         const long long scale = axis.info.pixelsPerFrame;
-        return Clamped((2 * (frame * scale - scrollX) + scale - width) / 2);
+        return ClampedInt((2 * (frame * scale - scrollX) + scale - width) / 2);
     }
     const long long k = FramesPerPixel(axis);
-    return Clamped((2 * (frame - scrollX * k) + 1 - width * k) / (2 * k));
+    return ClampedInt((2 * (frame - scrollX * k) + 1 - width * k) / (2 * k));
 }
 
 int CurrentFrameLineX(const FrameAxis& axis)
@@ -56,7 +50,7 @@ int CurrentFrameLineX(const FrameAxis& axis)
     if (!axis.IsFramesPerPixel())
         return axis.FrameToPixel(axis.currentFrame);
     const long long k = FramesPerPixel(axis);
-    return Clamped((2 * (axis.currentFrame - axis.scrollX * k) + 1 + k) / (2 * k));
+    return ClampedInt((2 * (axis.currentFrame - axis.scrollX * k) + 1 + k) / (2 * k));
 }
 
 int AlignedTop(int align, int rowHeight, int height)

@@ -1,6 +1,7 @@
 #include "tracks/DisplayKeys.h"
 
 #include "AscendingSearch.h"
+#include "tracks/SubKeyOrder.h"
 
 #include <algorithm>
 #include <limits>
@@ -10,23 +11,14 @@ namespace {
 using KeyVector = CTimelineKeyArray::KeyVector;
 using KeyIterator = KeyVector::const_iterator;
 
-/// Key types whose sub-keys are drawn in front of the view and of their clip, too.
-bool IsDrawnOutOfView(int keyType)
-{
-    return keyType == 2 || keyType == 4;
-}
+constexpr FrameWindow kAllFrames = {std::numeric_limits<int>::min(),
+                                    std::numeric_limits<int>::max()};
 
 int ClampedFrame(long long frame)
 {
     constexpr long long lowest = std::numeric_limits<int>::min();
     constexpr long long highest = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(frame, lowest, highest));
-}
-
-/// The passes of a clip that can differ: those of a clip without a length repeat the first.
-long long PassCount(const CTimelineKey& clip)
-{
-    return clip.clipLength >= 1 ? clip.loopCount : std::min(clip.loopCount, 1);
 }
 
 KeyIterator FirstFrom(const KeyVector& keys, int frame)
@@ -50,53 +42,58 @@ public:
     {
     }
 
-    /// Every sub-key of every pass, in any order of frames.
-    void AddAll()
+    /// Every sub-key of every pass whose frame lies in the window, in any order of frames.
+    void AddAll(const FrameWindow& window)
     {
         if (m_subKeys.empty())
             return;
-        const auto byFrame = [](const auto& a, const auto& b) { return a->frame < b->frame; };
-        const long long earliest =
-            (*std::min_element(m_subKeys.begin(), m_subKeys.end(), byFrame))->frame;
-        for (long long pass = 0; pass < PassCount(*m_clip); ++pass) {
+        const long long earliest = FirstSubKeyFrame(*m_clip);
+        const long long passes = PassCount(*m_clip);
+        for (long long pass = 0; pass < passes; ++pass) {
             // Passes that lie wholly beyond the drawn length add nothing; there may be millions.
-            if (earliest + pass * m_clip->clipLength > m_clip->displayLength)
+            if (m_clip->clipLength >= 1 &&
+                earliest + pass * m_clip->clipLength > m_clip->displayLength)
                 return;
             for (const auto& subKey : m_subKeys) {
-                if (!Add(subKey.Get(), pass))
+                if (!Add(subKey.Get(), pass, window))
                     return;
             }
         }
     }
 
-    /// The sub-keys in a window of frames, of a clip whose sub-keys are in order and inside a pass.
+    /// The same, found by searching where the clip's sub-keys allow it.
     void AddWindow(const FrameWindow& window)
     {
+        if (m_clip->clipLength < 1 || !AreSubKeysInOrder(*m_clip)) {
+            AddAll(window);
+            return;
+        }
         if (m_subKeys.empty())
             return;
         const long long start = m_clip->frame;
         long long firstOffset = window.first - start;
-        if (!IsDrawnOutOfView(m_clip->keyType))
+        if (!IsDrawnOutOfView(*m_clip))
             firstOffset = std::max({firstOffset, m_scope.firstVisibleFrame - start, 0LL});
         const long long lastOffset =
             std::min<long long>({window.last - start, m_scope.lastVisibleFrame - start,
                                  m_scope.lastFrame - start, m_clip->displayLength});
-        const long long length = std::max(m_clip->clipLength, 1);
+        const long long length = m_clip->clipLength;
+        const long long passes = PassCount(*m_clip);
         const long long firstPass = std::max(firstOffset - m_subKeys.back()->frame, 0LL) / length;
-        for (long long pass = firstPass; pass < PassCount(*m_clip); ++pass) {
+        for (long long pass = firstPass; pass < passes; ++pass) {
             const long long shift = pass * length;
             if (m_subKeys.front()->frame + shift > lastOffset)
                 return;
             const auto end = FirstBeyond(m_subKeys, ClampedFrame(lastOffset - shift));
             for (auto subKey = FirstFrom(m_subKeys, ClampedFrame(firstOffset - shift));
                  subKey < end; ++subKey)
-                Add(subKey->Get(), pass);
+                Add(subKey->Get(), pass, window);
         }
     }
 
 private:
     /// False when the sub-key lies beyond what is to be drawn, which ends the expansion.
-    bool Add(const CTimelineKey* subKey, long long pass)
+    bool Add(const CTimelineKey* subKey, long long pass, const FrameWindow& window)
     {
         const long long offset = subKey->frame + pass * m_clip->clipLength;
         if (offset > m_clip->displayLength)
@@ -105,12 +102,14 @@ private:
         if (frame > m_scope.lastVisibleFrame || frame > m_scope.lastFrame)
             return false;
         const bool isBefore = frame < m_scope.firstVisibleFrame || frame < m_clip->frame;
-        if (isBefore && !IsDrawnOutOfView(m_clip->keyType))
+        if (isBefore && !IsDrawnOutOfView(*m_clip))
             return true;
 
         DisplayKey copy(subKey);
         copy.clip = m_clip;
         copy.frame = ClampedFrame(frame);
+        if (copy.frame < window.first || copy.frame > window.last)
+            return true;
         if (m_scope.clipSelects)
             copy.selected = m_clip->selected;
         m_out.push_back(copy);
@@ -171,7 +170,7 @@ DisplayKeyList CollectAll(const CTimelineKeyArray& keys, const DisplayScope& sco
     list.reserve(keys.Keys().size());
     for (const auto& key : keys.Keys()) {
         if (key->subKeys)
-            Expansion(key.Get(), scope, list).AddAll();
+            Expansion(key.Get(), scope, list).AddAll(kAllFrames);
         else
             list.emplace_back(key.Get());
     }
@@ -193,12 +192,13 @@ DisplayKeyList CollectAll(const CTimelineKeyArray& keys, const DisplayScope& sco
 DisplayKeyList CollectWindow(const CTimelineKeyArray& keys, const KeyFacts& facts,
                              const DisplayScope& scope, const FrameWindow& window)
 {
-    if (!facts.searchable)
+    // A related key finds its place among sub-keys out of order only in the whole list.
+    if (!facts.searchable || (!facts.subKeysInOrder && keys.RelatedGetSize() > 0))
         return CollectAll(keys, scope);
 
     const KeyVector& own = keys.Keys();
     auto key = FirstFrom(own, window.first);
-    const auto end = FirstBeyond(own, window.last);
+    const auto end = FirstBeyond(own, ClampedFrame(window.last + facts.subKeysInFront));
     DisplayKeyList list;
     list.reserve(static_cast<std::size_t>(std::max<std::ptrdiff_t>(end - key, 0)) + 1);
     // A clip ends before the next key, so only the last one in front of the window reaches into it.
@@ -207,7 +207,7 @@ DisplayKeyList CollectWindow(const CTimelineKeyArray& keys, const KeyFacts& fact
     for (; key < end; ++key) {
         if ((*key)->subKeys)
             Expansion(key->Get(), scope, list).AddWindow(window);
-        else
+        else if ((*key)->frame <= window.last)
             list.emplace_back(key->Get());
     }
 

@@ -4,9 +4,11 @@
 #include "model/TimelineKeyValues.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/LinkThinning.h"
+#include "tracks/SubKeyOrder.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <unordered_map>
 
 namespace {
@@ -17,17 +19,6 @@ bool IsInFrameOrder(const KeyVector& keys)
 {
     return std::is_sorted(keys.begin(), keys.end(),
                           [](const auto& a, const auto& b) { return a->frame < b->frame; });
-}
-
-/// Sub-keys can be searched when they are in order, not in front of their clip, and when a pass
-/// ends before the next begins.
-bool AreSubKeysSearchable(const CTimelineKey& clip)
-{
-    const KeyVector& subKeys = clip.subKeys->Keys();
-    if (subKeys.empty())
-        return true;
-    const bool insidePass = clip.loopCount <= 1 || subKeys.back()->frame < clip.clipLength;
-    return insidePass && subKeys.front()->frame >= 0 && IsInFrameOrder(subKeys);
 }
 
 void GatherReach(const CTimelineKey& key, KeyFacts& facts)
@@ -46,36 +37,55 @@ void GatherReach(const CTimelineKey& key, KeyFacts& facts)
     }
 }
 
+/// @p end is the last frame that the keys in front of the clip take up.
+void GatherSubKeys(const CTimelineKey& clip, long long end, KeyFacts& facts)
+{
+    facts.hasSubKeys = true;
+    for (const auto& subKey : clip.subKeys->Keys())
+        GatherReach(*subKey, facts);
+    facts.subKeysInOrder &= AreSubKeysInOrder(clip);
+    if (!IsDrawnOutOfView(clip) || clip.subKeys->Keys().empty())
+        return;
+    facts.subKeysOutOfView = true;
+    const long long first = FirstSubKeyFrame(clip);
+    facts.subKeysInFront = std::max(facts.subKeysInFront, -first);
+    facts.subKeysInOrder &= clip.frame + first >= end;
+}
+
 void GatherKeys(const CTimelineKeyArray& array, KeyFacts& facts)
 {
-    const KeyVector& keys = array.Keys();
-    const CTimelineKey* previous = nullptr;
+    long long previousFrame = std::numeric_limits<long long>::min();
+    long long end = previousFrame; // of the previous key's clip or sub-keys
     facts.searchable = true;
-    for (const auto& pointer : keys) {
+    for (const auto& pointer : array.Keys()) {
         const CTimelineKey& key = *pointer;
-        if (previous) {
-            const bool reachesNext =
-                previous->clipLength >= 1 &&
-                static_cast<long long>(previous->frame) + previous->displayLength >= key.frame;
-            facts.searchable &= previous->frame <= key.frame && !reachesNext;
-        }
-        if (key.subKeys) {
-            facts.hasSubKeys = true;
-            facts.searchable &= AreSubKeysSearchable(key);
-        }
+        const bool isClip = key.clipLength >= 1 || key.subKeys;
+        facts.searchable &= previousFrame <= key.frame && end < key.frame;
+        if (key.subKeys)
+            GatherSubKeys(key, std::max(previousFrame, end), facts);
         GatherReach(key, facts);
-        previous = &key;
+        previousFrame = key.frame;
+        end = isClip ? 1LL * key.frame + key.displayLength : std::numeric_limits<long long>::min();
     }
     for (const auto& key : array.RelatedKeys())
         GatherReach(*key, facts);
     facts.searchable &= IsInFrameOrder(array.RelatedKeys());
 }
 
-bool HasMixedCopies(const KeyVector& keys)
+bool AllHaveCopy(const KeyVector& keys, int relatedCopy)
 {
-    return std::any_of(keys.begin(), keys.end(), [&keys](const auto& key) {
-        return key->relatedCopy != keys.front()->relatedCopy;
+    return std::all_of(keys.begin(), keys.end(), [relatedCopy](const auto& key) {
+        return key->relatedCopy == relatedCopy &&
+               (!key->subKeys || AllHaveCopy(key->subKeys->Keys(), relatedCopy));
     });
+}
+
+/// Whether own keys and copies of other tracks' keys are drawn in one row.
+bool HasMixedCopies(const CTimelineKeyArray& array)
+{
+    const KeyVector& first = array.Keys().empty() ? array.RelatedKeys() : array.Keys();
+    return !first.empty() && !(AllHaveCopy(array.Keys(), first.front()->relatedCopy) &&
+                               AllHaveCopy(array.RelatedKeys(), first.front()->relatedCopy));
 }
 
 /// The places of a list's keys in the key array, as KeyFacts keeps them.
@@ -104,14 +114,19 @@ std::vector<int> PlacesOf(const DisplayKeyList& list, const CTimelineKeyArray& a
 
 void GatherLastWithoutTransition(const CTimelineKeyArray& array, KeyFacts& facts)
 {
-    const DrawnKeys drawn(array, facts);
-    for (int place = 0; place < drawn.Size(); ++place) {
-        const CTimelineKey& key = *drawn.At(place);
-        if (key.frame >= facts.frameCount ||
-            key.kindMask & (TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT))
-            continue;
-        const std::size_t kind = (key.selected ? 1u : 0u) + (key.group ? 2u : 0u);
-        facts.lastWithoutTransition[kind] = place;
+    const auto counts = [&facts](const CTimelineKey& key) {
+        return key.frame < facts.frameCount && !key.subKeys &&
+               !(key.kindMask & (TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT));
+    };
+    for (std::size_t i = 0; i < array.Keys().size(); ++i) {
+        const CTimelineKey& key = *array.Keys()[i];
+        if (counts(key))
+            facts.lastWithoutTransition[key.group ? 1 : 0] = static_cast<int>(i);
+    }
+    for (std::size_t i = 0; i < array.RelatedKeys().size(); ++i) {
+        const CTimelineKey& key = *array.RelatedKeys()[i];
+        if (counts(key))
+            facts.lastRelatedWithoutTransition[key.group ? 1 : 0] = static_cast<int>(i);
     }
 }
 
@@ -125,20 +140,20 @@ KeyFacts GatherFacts(const CTimelineKeyArray& keys, int trackType, int frameCoun
     facts.frameCount = frameCount;
     facts.valid = true;
     GatherKeys(keys, facts);
-    if (!facts.searchable || facts.hasSubKeys)
+    if (!facts.searchable)
         return facts;
 
-    const bool isLink = trackType == TL_TRACK_LINK_KEY;
-    const bool isTransition = trackType == TL_TRACK_TRANSITION_KEY;
-    const bool mixed = isLink && facts.keyCount > 0 && HasMixedCopies(keys.Keys());
-    if ((isLink || isTransition) && (facts.relatedCount > 0 || mixed)) {
+    if (trackType == TL_TRACK_TRANSITION_KEY)
+        GatherLastWithoutTransition(keys, facts);
+    if (trackType != TL_TRACK_LINK_KEY)
+        return facts;
+    const bool mixed = HasMixedCopies(keys);
+    facts.mixedCopies = mixed && facts.hasSubKeys;
+    if (!facts.hasSubKeys && (mixed || facts.relatedCount > 0)) {
         DisplayKeyList list = CollectAll(keys, {});
-        if (isLink)
-            ThinLinkKeys(list);
+        ThinLinkKeys(list);
         facts.drawnOrder = PlacesOf(list, keys);
     }
-    if (isTransition)
-        GatherLastWithoutTransition(keys, facts);
     return facts;
 }
 

@@ -8,15 +8,24 @@
 /// What painting and hit tests want to know about all keys of a track and find out once, not with
 /// every paint: whether the keys can be searched by frame, and how far beyond their own frames they
 /// reach. Kept by the track until the number of its keys changes or the track is told that they
-/// changed. Facts that are out of date cost a wrong picture until then, never more: positions in
-/// the lists are kept here, no keys.
+/// changed. Nothing here depends on which keys are selected: that changes without either. Facts
+/// that are out of date cost a wrong picture until then, never more: positions in the lists are
+/// kept here, no keys.
 struct KeyFacts
 {
-    /// Keys and related keys are in frame order, no clip reaches the key after it, and sub-keys are
-    /// in order inside one pass: every key of a span of frames is found by searching. Otherwise all
-    /// keys are walked.
+    /// Keys and related keys are in frame order, and no clip reaches the key after it: every key of
+    /// a span of frames is found by searching. Otherwise all keys are walked.
     bool searchable = false;
+    /// Some key carries a list of sub-keys, though perhaps an empty one.
     bool hasSubKeys = false;
+    /// With the clips' sub-keys in their places, the keys are still in frame order.
+    bool subKeysInOrder = true;
+    /// Sub-keys of some clip are drawn in front of the view, too.
+    bool subKeysOutOfView = false;
+    /// Frames; how far in front of their clip sub-keys are drawn.
+    long long subKeysInFront = 0;
+    /// Link rows with sub-keys: both own keys and related copies are drawn, which hide each other.
+    bool mixedCopies = false;
     /// Frames; the longest reach of a transition from its key, on either side.
     long long longestTransition = 0;
     /// Pixels; how far rectangles of segments reach to the left and right of their glyph's left
@@ -24,12 +33,13 @@ struct KeyFacts
     int segmentsLeft = 0;
     int segmentsRight = 0;
 
-    /// Link and transition rows that have related keys but no sub-keys: the keys that are drawn,
-    /// own keys by their index, related ones by -1 - index.
+    /// Link rows without sub-keys, on which keys hide each other: the keys that are drawn, own keys
+    /// by their index, related ones by -1 - index. Empty when all own keys are drawn and no others.
     std::vector<int> drawnOrder;
-    /// Transition rows: the last drawn key without a transition for each of unselected, selected,
-    /// unselected in a group, selected in a group; as a place in the drawn keys, -1 without any.
-    std::array<int, 4> lastWithoutTransition = {-1, -1, -1, -1};
+    /// Transition rows: the last own and the last related key without a transition, selected or
+    /// not, outside a group and in one; -1 without any. Keys with sub-keys do not count.
+    std::array<int, 2> lastWithoutTransition = {-1, -1};
+    std::array<int, 2> lastRelatedWithoutTransition = {-1, -1};
 
     std::size_t keyCount = 0;
     std::size_t relatedCount = 0;
@@ -46,8 +56,8 @@ struct KeyFacts
 /// Looks at every key of a track of type @p trackType, once.
 KeyFacts GatherFacts(const CTimelineKeyArray& keys, int trackType, int frameCount);
 
-/// The keys that a link or transition row without sub-keys draws, in frame order, named by their
-/// place. Facts must be current.
+/// The keys that a link row without sub-keys draws, in frame order, named by their place. Facts
+/// must be current.
 class DrawnKeys
 {
 public:

@@ -16,17 +16,6 @@ namespace {
 /// Glyphs closer than this part of their width are merged.
 constexpr int kCrowdDivisor = 4;
 
-GlyphStyle LinkGlyphs(const LineKeyTrackStyle& style)
-{
-    return {TL_TRACK_LINK_KEY, style.line.keyBmpType, style.line.relatedKeyBmpType, style.keyAlign};
-}
-
-/// All link glyphs are placed as if they had the size of the first.
-QSize LinkGlyphSize(const GlyphStyle& style)
-{
-    return TimelineLibrary::Instance().images.Glyph(GlyphGroupOf(style, false), 0).size();
-}
-
 int LinkGlyphIndex(const DisplayKey& key)
 {
     const int selected = key.selected ? 1 : 0;
@@ -36,6 +25,21 @@ int LinkGlyphIndex(const DisplayKey& key)
 }
 
 } // namespace
+
+GlyphStyle LinkGlyphs(const LineKeyTrackStyle& style)
+{
+    return {TL_TRACK_LINK_KEY, style.line.keyBmpType, style.line.relatedKeyBmpType, style.keyAlign};
+}
+
+QSize LinkGlyphSize(const GlyphStyle& style)
+{
+    return TimelineLibrary::Instance().images.Glyph(GlyphGroupOf(style, false), 0).size();
+}
+
+int LinkCrowd(int glyphWidth)
+{
+    return glyphWidth / kCrowdDivisor;
+}
 
 LinkPainter::LinkPainter(QPainter& painter, const RowView& view, const LineKeyTrackStyle& style)
     : m_painter(painter), m_view(view), m_style(style), m_glyphs(LinkGlyphs(style)),
@@ -77,11 +81,11 @@ void LinkPainter::DrawBar(const DisplayKey& key, int left, int right)
     if (right < left || line.lineHeight < 1)
         return;
     // Keys of a group look like the others: the skin has no entries of their own for them.
-    const int state = key.selected ? 1 : 0;
     const int height = std::min(line.lineHeight, kHighestSpan);
     const int top = AlignedTop(m_style.keyAlign, m_view.row.height(), height);
     // The outline of a rectangle runs one pixel to the right of it and below it.
-    DrawSpan(m_painter, m_view, left, right + 1LL, top, top + height, border[state], fill[state]);
+    DrawSpan(m_painter, m_view, left, right + 1LL, top, top + height, border[key.selected],
+             fill[key.selected]);
 }
 
 int LinkPainter::GlyphX(const DisplayKey& key) const
@@ -91,7 +95,7 @@ int LinkPainter::GlyphX(const DisplayKey& key) const
 
 void LinkPainter::DrawGlyphs(const DisplayKeyList& list, bool selected)
 {
-    const long long crowd = m_glyphSize.width() / kCrowdDivisor;
+    const long long crowd = LinkCrowd(m_glyphSize.width());
     const DisplayKey* last = nullptr; // the key that stands for a run of crowded ones
     long long runStart = 0;
     int lastX = 0;
@@ -122,40 +126,4 @@ void LinkPainter::DrawGlyph(const DisplayKey& key, int x)
     glyphs.DrawPicture(corner,
                        TimelineLibrary::Instance().images.Glyph(group, LinkGlyphIndex(key)));
     glyphs.DrawSegments(key, corner);
-}
-
-DisplayKeyList CollectLinkWindow(const CTimelineKeyArray& keys, const KeyFacts& facts,
-                                 const DisplayScope& scope, const RowView& view,
-                                 const LineKeyTrackStyle& style)
-{
-    if (!facts.searchable || facts.hasSubKeys) {
-        DisplayKeyList list = CollectAll(keys, scope);
-        ThinLinkKeys(list);
-        return list;
-    }
-
-    const GlyphStyle glyphs = LinkGlyphs(style);
-    const int width = LinkGlyphSize(glyphs).width();
-    const int crowd = width / kCrowdDivisor;
-    FrameWindow window = GlyphPainter::Window(view, glyphs, facts);
-    const DrawnKeys drawn(keys, facts);
-    int first = drawn.FirstFrom(window.first);
-    int end = drawn.FirstFrom(window.last + 1LL);
-
-    // Runs of crowded glyphs begin after a gap, or at the row's left edge.
-    const auto glyphX = [&](int place) {
-        return 1LL * CentredOnFrame(view.axis, drawn.At(place)->frame, width);
-    };
-    while (first > 0 && first < drawn.Size() && glyphX(first - 1) + width >= 0 &&
-           glyphX(first) - glyphX(first - 1) <= crowd)
-        --first;
-    // One key more on each side, for the bars that reach in from there.
-    first = std::max(first - 1, 0);
-    end = std::min(end + 1, drawn.Size());
-
-    DisplayKeyList list;
-    list.reserve(static_cast<std::size_t>(std::max(end - first, 0)));
-    for (int place = first; place < end; ++place)
-        list.emplace_back(drawn.At(place));
-    return list;
 }

@@ -4,6 +4,13 @@
 #include "tracks/DisplayKeys.h"
 #include "tracks/GlyphPainter.h"
 
+/// The glyphs of a link row.
+GlyphStyle LinkGlyphs(const LineKeyTrackStyle& style);
+/// The size that all link glyphs are placed by: that of the first.
+QSize LinkGlyphSize(const GlyphStyle& style);
+/// Pixels; glyphs of this width that stand no further apart are merged.
+int LinkCrowd(int glyphWidth);
+
 /// Paints the keys of a link row: the bars that join each link start to the next key, then the
 /// glyphs of unselected keys, then those of selected ones.
 class LinkPainter
@@ -27,10 +34,3 @@ private:
     GlyphStyle m_glyphs;
     QSize m_glyphSize;
 };
-
-/// The keys that a link row shows in the painted columns, thinned, and those around them that
-/// decide how: the keys at the other ends of the bars, and the keys from which on glyphs that would
-/// crowd each other are merged.
-DisplayKeyList CollectLinkWindow(const CTimelineKeyArray& keys, const KeyFacts& facts,
-                                 const DisplayScope& scope, const RowView& view,
-                                 const LineKeyTrackStyle& style);

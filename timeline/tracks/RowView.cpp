@@ -1,18 +1,16 @@
 #include "tracks/RowView.h"
 
+#include "axis/ClampedInt.h"
+
 #include <QPainter>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
 FrameWindow ClampedWindow(long long first, long long last)
 {
-    constexpr long long lowest = std::numeric_limits<int>::min();
-    constexpr long long highest = std::numeric_limits<int>::max();
-    return {static_cast<int>(std::clamp(first, lowest, highest)),
-            static_cast<int>(std::clamp(last, lowest, highest))};
+    return {ClampedInt(first), ClampedInt(last)};
 }
 
 } // namespace

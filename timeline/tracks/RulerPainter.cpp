@@ -1,9 +1,10 @@
 #include "tracks/RulerPainter.h"
 
-#include "tracks/ShapedTexts.h"
-
 #include "skin/ImageTables.h"
+#include "skin/SkinFont.h"
 #include "skin/TrackStyles.h"
+#include "tracks/RangeMarkers.h"
+#include "tracks/ShapedTexts.h"
 #include "tracks/StripPainter.h"
 
 #include <QFontMetrics>
@@ -27,12 +28,6 @@ enum RulerBrush
     kCurrentCellInsideBrush = 11,
     kCurrentCellMiddleBrush = 12,
     kCurrentColumnBrush = 13
-};
-
-enum MarkerImage
-{
-    kStartMarker,
-    kEndMarker
 };
 
 constexpr Wide kTicksPerNumber = 5;
@@ -89,16 +84,18 @@ void RulerPainter::PaintGround()
 void RulerPainter::PrepareNumbers()
 {
     QFont font(m_style.textFace);
-    if (m_style.textMinSize > 0)
-        font.setPixelSize(m_style.textMinSize);
+    SetPixelSize(font, m_style.textMinSize);
     m_painter.setFont(font);
     m_painter.setPen(m_style.textColour.ToColor());
+    m_numbers = &ShapedTexts::For(m_painter);
+    m_baseline = BaselineOf(m_view.row.height(), m_numbers->Metrics().height(), m_style.textOffset);
+    m_characterWidth = m_numbers->Metrics().averageCharWidth();
 }
 
 /// How far from its tick a number, or the cell before it, may reach to either side.
 int RulerPainter::NumberReach() const
 {
-    const QFontMetrics metrics = m_painter.fontMetrics();
+    const QFontMetrics& metrics = m_numbers->Metrics();
     int widest = 0;
     for (const char character : {'-', '0', '1', '2', '3', '4', '5', '6', '7', '8', '9'})
         widest = std::max(widest, metrics.horizontalAdvance(QLatin1Char(character)));
@@ -152,14 +149,11 @@ void RulerPainter::PaintTick(long long frame, long long x)
 
 void RulerPainter::PaintNumber(long long frame, long long x)
 {
-    const QFontMetrics metrics = m_painter.fontMetrics();
     const QString text = QString::number(frame);
-    const Wide textX =
-        (2 * x - Wide{metrics.averageCharWidth()} * text.length() - m_stepPixels) / 2;
+    const Wide textX = (2 * x - m_characterWidth * text.length() - m_stepPixels) / 2;
     const QRect& row = m_view.row;
-    const int baseline = BaselineOf(row.height(), metrics.height(), m_style.textOffset);
-    ShapedTexts::For(m_painter).Draw(
-        m_painter, QPoint(row.left() - 1 + static_cast<int>(textX), row.top() + baseline), text);
+    const QPoint origin(row.left() - 1 + static_cast<int>(textX), row.top() + m_baseline);
+    m_numbers->Draw(m_painter, origin, text);
 }
 
 void RulerPainter::PaintMarkers(int timeMarkStart, int timeMarkEnd)

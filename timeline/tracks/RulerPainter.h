@@ -3,6 +3,7 @@
 #include "tracks/RowView.h"
 
 class ImageTables;
+class ShapedTexts;
 struct TickTrackStyle;
 
 /// Paints the frame ruler into a row: ground, ticks, frame numbers, the time-mark markers and the
@@ -41,4 +42,9 @@ private:
     long long m_interval;   ///< frames between ticks
     long long m_step;       ///< frames the walk advances at a time
     long long m_stepPixels; ///< pixels of one step, exact at every zoom
+
+    // Of the frame numbers, once their font is set.
+    ShapedTexts* m_numbers = nullptr;
+    int m_baseline = 0; ///< below the row's top
+    long long m_characterWidth = 0;
 };

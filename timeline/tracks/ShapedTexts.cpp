@@ -23,11 +23,28 @@ qreal AscentOf(const QString& text, const QPainter& painter)
     return line.isValid() ? line.ascent() : 0;
 }
 
+/// The texts of all fonts; the one used last stands first.
+std::list<ShapedTexts>& All()
+{
+    static std::list<ShapedTexts> all;
+    return all;
+}
+
 } // namespace
+
+void ShapedTexts::ClearAll()
+{
+    All().clear();
+}
+
+std::size_t ShapedTexts::FontCount()
+{
+    return All().size();
+}
 
 ShapedTexts& ShapedTexts::For(const QPainter& painter)
 {
-    static std::list<ShapedTexts> all; // the one used last stands first
+    std::list<ShapedTexts>& all = All();
     const QFont& font = painter.font();
     const int dpi = painter.device()->logicalDpiY();
     const auto found = std::find_if(all.begin(), all.end(), [&](const ShapedTexts& each) {

@@ -17,6 +17,11 @@ class ShapedTexts
 public:
     /// The texts of the painter's font on the painter's device. Valid until the next call.
     static ShapedTexts& For(const QPainter& painter);
+    /// Lets go of the texts of all fonts; what For gave before is then gone.
+    static void ClearAll();
+    /// The number of fonts whose texts are kept, and of the texts of this one.
+    static std::size_t FontCount();
+    int TextCount() const { return m_entries.size(); }
 
     /// The width of the text in one line, in pixels, as QFontMetrics::size has it.
     int Width(const QString& text);

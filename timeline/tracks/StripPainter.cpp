@@ -17,7 +17,8 @@ int Phase(int distance, int period)
 
 } // namespace
 
-void FillStrip(QPainter& painter, const QRect& rect, BrushGroup group, int index, QPoint origin)
+void FillStrip(QPainter& painter, const QRect& rect, BrushGroup group, long long index,
+               QPoint origin)
 {
     FillStrip(painter, rect, TimelineLibrary::Instance().images.WideStrip(group, index), origin);
 }

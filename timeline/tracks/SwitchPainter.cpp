@@ -12,17 +12,14 @@
 
 namespace {
 
-constexpr int kButtonStates = 4;
-constexpr int kArrowImages = 8;
-
-/// The picture at @p place of row @p row in a group whose rows hold @p perRow pictures; empty for
-/// what lies outside the row or the group.
-const QPixmap& PictureInRow(int group, int row, int perRow, int place)
+/// The picture of a state of a button or arrow; empty for a state that it does not have, which
+/// would be another's picture.
+const QPixmap& PictureOfState(PictureGroup group, int set, PictureSetSize states, int state)
 {
-    const ImageTables& images = TimelineLibrary::Instance().images;
-    const bool inRow = place >= 0 && place < perRow;
-    const bool inGroup = row >= 0 && row < images.PictureCount(group);
-    return images.Picture(group, inRow && inGroup ? row * perRow + place : -1);
+    constexpr int kNoPicture = -1;
+    const bool exists = state >= 0 && state < states;
+    return TimelineLibrary::Instance().images.Picture(
+        group, exists ? IndexInSets(set, states, state) : kNoPicture);
 }
 
 void DrawButton(QPainter& painter, const RowView& view, const QRect& box, const QPixmap& picture,
@@ -52,12 +49,12 @@ void DrawButton(QPainter& painter, const RowView& view, const QRect& box, const 
 
 const QPixmap& SwitchPictures::Button(int state) const
 {
-    return PictureInRow(kSwitchButtonPictures, m_style.buttonBmpType, kButtonStates, state);
+    return PictureOfState(kSwitchButtonPictures, m_style.buttonBmpType, kSwitchButtonStates, state);
 }
 
 const QPixmap& SwitchPictures::Arrow(int image) const
 {
-    return PictureInRow(kScrollArrowPictures, m_style.scrollBmpType, kArrowImages, image);
+    return PictureOfState(kScrollArrowPictures, m_style.scrollBmpType, kScrollArrowStates, image);
 }
 
 SwitchLayout SwitchPictures::Layout(QSize row, int count) const

@@ -10,16 +10,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 namespace {
 
 constexpr int kTransitionBits = TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT;
-
-GlyphStyle TransitionGlyphStyle(const LineKeyTrackStyle& style)
-{
-    return {TL_TRACK_TRANSITION_KEY, style.keyBmpType, style.relatedKeyBmpType, style.keyAlign};
-}
 
 /// The top of a span of @p height in a row: spans stand one pixel lower than glyphs.
 int SpanTop(int align, int rowHeight, int height)
@@ -28,6 +22,11 @@ int SpanTop(int align, int rowHeight, int height)
 }
 
 } // namespace
+
+GlyphStyle TransitionGlyphStyle(const LineKeyTrackStyle& style)
+{
+    return {TL_TRACK_TRANSITION_KEY, style.keyBmpType, style.relatedKeyBmpType, style.keyAlign};
+}
 
 TransitionPainter::TransitionPainter(QPainter& painter, const RowView& view,
                                      const LineKeyTrackStyle& style)
@@ -85,7 +84,8 @@ void TransitionPainter::DrawTransition(const DisplayKey& key)
         return;
     }
     const long long halfCell = CellCentre(axis, 0);
-    // A span that ends left of the row must not leave the line of its clamped end there.
+    // A transition out of a key that ends left of the row has nothing to show: clamping its end to
+    // the row, as that of one into a key, would leave a line in the first column for each of them.
     if (m_style.line.lineHeight < 1 || farX + halfCell < 0)
         return;
     const long long from = std::clamp<long long>(farX + halfCell, 0, width);
@@ -93,9 +93,8 @@ void TransitionPainter::DrawTransition(const DisplayKey& key)
     const int height = std::min(m_style.line.lineHeight, kHighestSpan);
     const int top = SpanTop(m_style.keyAlign, m_view.row.height(), height);
     // Keys of a group look like the others: the skin has no entries of their own for them.
-    const int state = key.selected ? 1 : 0;
     DrawSpan(m_painter, m_view, std::min(from, to), std::max(from, to), top, top + height,
-             m_style.line.border[state], m_style.line.fill[state]);
+             m_style.line.border[key.selected], m_style.line.fill[key.selected]);
 }
 
 void TransitionPainter::DrawHandle(const DisplayKey& key)
@@ -107,50 +106,4 @@ void TransitionPainter::DrawHandle(const DisplayKey& key)
     const int group = GlyphGroupOf(m_glyphs, key.IsGrouped());
     GlyphPainter(m_painter, m_view, m_glyphs)
         .DrawPicture(box.topLeft(), TimelineLibrary::Instance().images.Glyph(group, index));
-}
-
-DisplayKeyList CollectTransitionWindow(const CTimelineKeyArray& keys, const KeyFacts& facts,
-                                       const DisplayScope& scope, const RowView& view,
-                                       const LineKeyTrackStyle& style)
-{
-    if (!facts.searchable || facts.hasSubKeys)
-        return CollectAll(keys, scope);
-
-    const FrameWindow window = Widened(
-        GlyphPainter::Window(view, TransitionGlyphStyle(style), facts), facts.longestTransition);
-    const DrawnKeys drawn(keys, facts);
-    const int first = drawn.FirstFrom(window.first);
-    const int end = std::max(first, drawn.FirstFrom(window.last + 1LL));
-
-    // Handles of keys without a transition stand at the row's left edge, however far their keys.
-    std::vector<int> before;
-    std::vector<int> after;
-    for (const int place : facts.lastWithoutTransition) {
-        if (place >= 0 && place < first)
-            before.push_back(place);
-        else if (place >= end && place < drawn.Size())
-            after.push_back(place);
-    }
-    std::sort(before.begin(), before.end());
-    std::sort(after.begin(), after.end());
-
-    DisplayKeyList list;
-    list.reserve(static_cast<std::size_t>(end - first) + before.size() + after.size());
-    for (const int place : before)
-        list.emplace_back(drawn.At(place));
-    for (int place = first; place < end; ++place)
-        list.emplace_back(drawn.At(place));
-    for (const int place : after)
-        list.emplace_back(drawn.At(place));
-    return list;
-}
-
-long long LongestTransition(const DisplayKeyList& list)
-{
-    long long longest = 0;
-    for (const DisplayKey& key : list) {
-        if (key.HasMask(kTransitionBits))
-            longest = std::max(longest, std::abs(1LL * key.key->transitionFrames));
-    }
-    return longest;
 }

@@ -29,6 +29,9 @@ private:
     int m_rowHeight;
 };
 
+/// The glyphs of a transition row.
+GlyphStyle TransitionGlyphStyle(const LineKeyTrackStyle& style);
+
 /// Paints the keys of a transition row: for the unselected keys and then for the selected ones, the
 /// spans of their transitions, and over them the glyphs of the keys with those of their handles.
 class TransitionPainter
@@ -50,11 +53,3 @@ private:
     GlyphStyle m_glyphs;
     TransitionHandles m_handles;
 };
-
-/// The keys of which a transition row shows a glyph, a span or a handle in the painted columns.
-DisplayKeyList CollectTransitionWindow(const CTimelineKeyArray& keys, const KeyFacts& facts,
-                                       const DisplayScope& scope, const RowView& view,
-                                       const LineKeyTrackStyle& style);
-
-/// The longest transition of a list, in frames.
-long long LongestTransition(const DisplayKeyList& list);

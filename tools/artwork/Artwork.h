@@ -19,7 +19,8 @@ Gallery DrawAll();
 /// @return an empty string, or a sentence naming the file that could not be written.
 QString Write(const Gallery& gallery, const QString& folder);
 
-/// All pictures on the grounds they are used on, at their own size and four times enlarged.
+/// All pictures on the grounds they are used on, at their own size and four times enlarged. Those
+/// missing from @p gallery are left out.
 QImage DrawContactSheet(const Gallery& gallery);
 
 // The families, one source each. Each adds its pictures to the gallery.

@@ -2,6 +2,10 @@
 #include "artwork/Palette.h"
 #include "artwork/PixelMap.h"
 
+#include <QStringList>
+
+#include <vector>
+
 namespace Artwork {
 namespace {
 
@@ -12,20 +16,46 @@ constexpr int kSheetWidth = 480; // before zooming
 /// One line of the sheet: pictures of a kind, side by side on the ground they are painted on.
 struct Line
 {
-    int first;
-    int last;
+    QStringList names;
     QRgb ground;
 };
 
-constexpr Line kLines[] = {
-    {0, 1, Palette::kGround},        {2, 3, Palette::kGround},     {4, 5, Palette::kGround},
-    {6, 7, Palette::kGround},        {150, 150, Palette::kGround}, {8, 23, Palette::kCaption},
-    {8, 23, Palette::kCaptionFocus}, {24, 27, Palette::kGround},   {28, 31, Palette::kGround},
-    {32, 41, Palette::kGround},      {42, 71, Palette::kGround},   {72, 85, Palette::kGround},
-    {72, 85, Palette::kSelection},   {86, 93, Palette::kGround},   {148, 149, Palette::kGround},
-    {86, 93, Palette::kSelection},   {94, 107, Palette::kGround},  {108, 121, Palette::kGround},
-    {122, 127, Palette::kGround},    {128, 131, Palette::kRuler},
-};
+QStringList Numbered(int first, int last)
+{
+    QStringList names;
+    for (int number = first; number <= last; ++number)
+        names.append(QString::number(number));
+    return names;
+}
+
+std::vector<Line> AllLines()
+{
+    using namespace Palette;
+    const QStringList linkGlyphs = Numbered(86, 93) + Numbered(148, 149);
+    return {
+        {Numbered(0, 1), kGround},
+        {Numbered(2, 3), kGround},
+        {Numbered(4, 5), kGround},
+        {Numbered(6, 7), kGround},
+        {Numbered(150, 150), kGround},
+        {Numbered(8, 23), kCaption},
+        {Numbered(8, 23), kCaptionFocus},
+        {Numbered(24, 27), kGround},
+        {Numbered(28, 31), kGround},
+        {Numbered(32, 41), kGround},
+        {Numbered(42, 57), kGround},
+        {Numbered(58, 71), kGround},
+        {Numbered(72, 85), kGround},
+        {Numbered(72, 85), kSelection},
+        {linkGlyphs, kGround},
+        {linkGlyphs, kSelection},
+        {Numbered(94, 107), kGround},
+        {Numbered(108, 121), kGround},
+        {Numbered(122, 127), kGround},
+        {Numbered(128, 131), kRuler},
+        {{QStringLiteral("Bitmap/loop"), QStringLiteral("Bitmap/speed")}, kGround},
+    };
+}
 
 // A strip is shown as wide as it is useful to look at.
 QImage Displayed(const QImage& image)
@@ -38,8 +68,8 @@ QImage DrawLine(const Gallery& gallery, const Line& line)
 {
     std::vector<QImage> pictures;
     int height = 0;
-    for (int number = line.first; number <= line.last; ++number) {
-        const auto found = gallery.find(QString::number(number));
+    for (const QString& name : line.names) {
+        const auto found = gallery.find(name);
         if (found == gallery.end())
             continue;
         pictures.push_back(Displayed(found->second));
@@ -62,7 +92,7 @@ QImage DrawContactSheet(const Gallery& gallery)
 {
     std::vector<QImage> lines;
     int height = 0;
-    for (const Line& line : kLines) {
+    for (const Line& line : AllLines()) {
         lines.push_back(DrawLine(gallery, line));
         height += lines.back().height();
     }

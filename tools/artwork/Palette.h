@@ -7,8 +7,6 @@
 /// states differ in luminance and not in hue alone.
 namespace Palette {
 
-constexpr QRgb kNothing = 0;
-
 // Rows.
 constexpr QRgb kRowLine = qRgb(30, 32, 36); ///< the line on top of every row
 constexpr QRgb kGround = qRgb(43, 46, 51);
@@ -46,7 +44,6 @@ constexpr QRgb kThumbDark = qRgb(66, 71, 79);
 
 // Current frame, time mark and range markers.
 constexpr QRgb kCurrent = qRgb(88, 216, 192);
-constexpr QRgb kCurrentLight = qRgb(206, 248, 238);
 constexpr QRgb kTimeMark = qRgb(150, 172, 250);
 constexpr QRgb kTimeMarkDark = qRgb(60, 72, 120);
 
@@ -54,7 +51,6 @@ constexpr QRgb kTimeMarkDark = qRgb(60, 72, 120);
 constexpr QRgb kKeyOutline = qRgb(20, 22, 25);
 constexpr QRgb kKey = qRgb(138, 162, 186);
 constexpr QRgb kKeyLight = qRgb(168, 190, 212);
-constexpr QRgb kRelated = qRgb(176, 156, 216);
 constexpr QRgb kRelatedLight = qRgb(200, 184, 234);
 constexpr QRgb kSelected = qRgb(250, 206, 110);
 constexpr QRgb kSelectedLight = qRgb(255, 244, 214);
@@ -63,7 +59,6 @@ constexpr QRgb kSelectedCore = qRgb(58, 40, 8);
 // Buttons.
 constexpr QRgb kButton = qRgb(58, 62, 69);
 constexpr QRgb kButtonHover = qRgb(72, 78, 87);
-constexpr QRgb kButtonPressed = qRgb(32, 34, 38);
 constexpr QRgb kButtonEdge = qRgb(26, 28, 31);
 constexpr QRgb kButtonLight = qRgb(84, 90, 99);
 constexpr QRgb kButtonOn = qRgb(222, 180, 96);

@@ -1,0 +1,10 @@
+#include "tracks/PaintCaches.h"
+
+#include "tracks/BackgroundCache.h"
+#include "tracks/ShapedTexts.h"
+
+void ClearPaintCaches()
+{
+    BackgroundCache::Shared().Clear();
+    ShapedTexts::ClearAll();
+}
