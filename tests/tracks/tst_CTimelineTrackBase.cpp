@@ -82,7 +82,7 @@ private slots:
 
     // --- Data
 
-    void newTrackHasTheStatedValues()
+    void aNewTrackIsEmptyInactiveAndTwentyPixelsHigh()
     {
         PlainTrack track;
         QCOMPARE(track.Keys().GetSize(), std::size_t(0));

@@ -241,6 +241,31 @@ private slots:
         QTEST(MakeLayout(100, 3).IsButtonVisible(index, offset), "visible");
     }
 
+    void nothingIsDrawnFromTheFirstButtonBeyondTheEndOn_data()
+    {
+        QTest::addColumn<int>("gap");
+        QTest::newRow("beside each other") << kGap;
+        QTest::newRow("over each other") << -30;
+        QTest::newRow("all in one place") << -50;
+        QTest::newRow("to the left") << -70;
+    }
+    void nothingIsDrawnFromTheFirstButtonBeyondTheEndOn()
+    {
+        QFETCH(int, gap);
+        constexpr int kCount = 12;
+        const SwitchLayout layout(QSize(100, kHeight), kButton, kArrow, gap, kCount);
+        for (int offset = -400; offset <= 400; ++offset) {
+            bool beyond = false;
+            for (int index = 0; index < kCount; ++index) {
+                beyond = beyond || layout.AreButtonsBeyondEndFrom(index, offset);
+                QVERIFY(!beyond || !layout.IsButtonVisible(index, offset));
+            }
+        }
+        QCOMPARE(layout.AreButtonsBeyondEndFrom(0, 84), false);
+        // Buttons that go to the left come into view later.
+        QCOMPARE(layout.AreButtonsBeyondEndFrom(0, 85), gap >= -50);
+    }
+
     void statesGainAndLoseTheHoverAndToggle_data()
     {
         QTest::addColumn<int>("state");

@@ -6,6 +6,12 @@
 
 #include <QPainter>
 
+namespace {
+
+constexpr int kInitialWidth = 10; ///< pixels, until the first paint or layout
+
+} // namespace
+
 CTimelineTrackSwitch::CTimelineTrackSwitch()
 {
     setAccessibleName(QStringLiteral("CTimelineTrackSwitch"));
@@ -13,7 +19,7 @@ CTimelineTrackSwitch::CTimelineTrackSwitch()
 
 bool CTimelineTrackSwitch::Init(QWidget* parent)
 {
-    return InitAs(parent, TL_TRACK_SWITCH, 10);
+    return InitAs(parent, TL_TRACK_SWITCH, kInitialWidth);
 }
 
 int CTimelineTrackSwitch::HitTestKey(QPoint point)

@@ -111,7 +111,8 @@ void ClipPainter::DrawClip(const CTimelineKey& clip)
     if (!m_view.Shows(left - 1LL * m_fontHeight, right + 1LL + m_fontHeight))
         return;
 
-    m_painter.setPen(LookOf(clip).border[clip.selected]);
+    const Look look = LookIndex(clip, clip.lockState == TL_KEY_LOCKED);
+    m_painter.setPen(LookOf(look).border[clip.selected]);
     DrawBar(clip, bar);
     if (clip.selected)
         DrawLeadIn(bar, leadInX);
@@ -196,26 +197,35 @@ void ClipPainter::DrawHorizontalLine(int fromX, int toX, int y)
                        m_view.row.left() + std::min(high, m_view.lastColumn), y);
 }
 
-const ClipTrackStyle::Look& ClipPainter::LookOf(const CTimelineKey& clip) const
+ClipPainter::Look ClipPainter::LookIndex(const CTimelineKey& clip, bool isLocked)
 {
-    if (clip.lockState == TL_KEY_LOCKED)
+    if (isLocked)
+        return kLocked;
+    return clip.alternateStyle ? kAlternate : kNormal;
+}
+
+const ClipTrackStyle::Look& ClipPainter::LookOf(Look look) const
+{
+    switch (look) {
+    case kLocked:
         return m_style.locked;
-    return clip.alternateStyle ? m_style.alternate : m_style.normal;
+    case kAlternate:
+        return m_style.alternate;
+    default:
+        return m_style.normal;
+    }
 }
 
 const QBrush& ClipPainter::GradientOf(const CTimelineKey& clip)
 {
     // A selected clip that is locked is filled as if it were not locked, inside the locked border.
-    const bool locked = clip.lockState == TL_KEY_LOCKED && !clip.selected;
-    const ClipTrackStyle::Look* const looks[] = {&m_style.normal, &m_style.locked,
-                                                 &m_style.alternate};
-    const std::size_t look = locked ? 1 : clip.alternateStyle ? 2 : 0;
+    const Look look = LookIndex(clip, clip.lockState == TL_KEY_LOCKED && !clip.selected);
     const std::size_t selected = clip.selected ? 1 : 0;
 
     std::optional<QBrush>& brush = m_gradients[look][selected];
     if (!brush) {
-        const QColor up = looks[look]->gradientUp[selected].ToColor();
-        const QColor down = looks[look]->gradientDown[selected].ToColor();
+        const QColor up = LookOf(look).gradientUp[selected].ToColor();
+        const QColor down = LookOf(look).gradientDown[selected].ToColor();
         QLinearGradient gradient(0, 0, 0, m_height + 1);
         for (const GradientStop& stop : kGradientStops)
             gradient.setColorAt(stop.position, stop.lower ? down : up);

@@ -20,6 +20,8 @@ public:
     using KeyVector = CTimelineKeyArray::KeyVector;
 
     ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style);
+    ClipPainter(const ClipPainter&) = delete;
+    ClipPainter& operator=(const ClipPainter&) = delete;
 
     /// @p searchable: the keys are in frame order and no clip reaches the next key; else all keys
     /// are looked at.
@@ -43,7 +45,17 @@ private:
     void DrawVerticalLine(int x, const Bar& bar);
     void DrawHorizontalLine(int fromX, int toX, int y);
 
-    const ClipTrackStyle::Look& LookOf(const CTimelineKey& clip) const;
+    /// The style's three sets of colours.
+    enum Look : std::size_t
+    {
+        kNormal,
+        kLocked,
+        kAlternate,
+        kLookCount
+    };
+
+    static Look LookIndex(const CTimelineKey& clip, bool isLocked);
+    const ClipTrackStyle::Look& LookOf(Look look) const;
     const QBrush& GradientOf(const CTimelineKey& clip);
 
     QPainter& m_painter;
@@ -55,6 +67,6 @@ private:
     int m_fontHeight;
     int m_firstVisibleFrame;
     int m_lastVisibleFrame;
-    /// Gradients of this paint, made when first needed: three looks, normal and selected.
-    std::array<std::array<std::optional<QBrush>, 2>, 3> m_gradients;
+    /// Gradients of this paint, made when first needed: of each look, normal and selected.
+    std::array<std::array<std::optional<QBrush>, 2>, kLookCount> m_gradients;
 };

@@ -109,8 +109,19 @@ QRect SwitchLayout::ButtonRect(int index, int offset) const
 bool SwitchLayout::IsButtonVisible(int index, int offset) const
 {
     const long long left = ButtonLeft(index, offset);
-    return left + m_button.width() > m_arrow.width() &&
-           left < static_cast<long long>(m_row.width()) - 1 - m_arrow.width();
+    return left + m_button.width() > m_arrow.width() && left < ButtonsEnd();
+}
+
+bool SwitchLayout::AreButtonsBeyondEndFrom(int index, int offset) const
+{
+    // A skin's negative gap may be wider than a button; the buttons then go to the left.
+    const bool goesRight = static_cast<long long>(m_button.width()) + m_gap >= 0;
+    return goesRight && ButtonLeft(index, offset) >= ButtonsEnd();
+}
+
+long long SwitchLayout::ButtonsEnd() const
+{
+    return static_cast<long long>(m_row.width()) - 1 - m_arrow.width();
 }
 
 int SwitchLayout::ArrowTop() const

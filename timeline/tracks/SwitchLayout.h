@@ -54,10 +54,13 @@ public:
     /// Where button @p index is painted, and whether any of it is to be seen between the arrows.
     QRect ButtonRect(int index, int offset) const;
     bool IsButtonVisible(int index, int offset) const;
+    /// Whether button @p index and all that follow it begin beyond the right arrow's left edge.
+    bool AreButtonsBeyondEndFrom(int index, int offset) const;
     int ArrowTop() const;
 
 private:
     long long ButtonLeft(int index, int offset) const;
+    long long ButtonsEnd() const;
 
     QSize m_row;
     QSize m_button;

@@ -1,9 +1,8 @@
 #include "tracks/SwitchPainter.h"
 
-#include "tracks/ShapedTexts.h"
-
 #include "library/TimelineLibrary.h"
 #include "tracks/RowView.h"
+#include "tracks/ShapedTexts.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -24,9 +23,10 @@ const QPixmap& PictureOfState(PictureGroup group, int set, PictureSetSize states
 }
 
 void DrawButton(QPainter& painter, const RowView& view, const QRect& box, const QPixmap& picture,
-                const _tmpTLSwitchBtnData& button, const SwitchTrackStyle& style)
+                const _tmpTLSwitchBtnData& button, const SwitchTrackStyle& style,
+                ShapedTexts& texts)
 {
-    const QFontMetrics metrics = painter.fontMetrics();
+    const QFontMetrics& metrics = texts.Metrics();
     const int textWidth = metrics.horizontalAdvance(button.text);
     const int x = box.x() + static_cast<int>((box.width() - textWidth) / 2.0 + 0.5);
     // A text wider than its button hangs over both ends, and letters may overhang their place.
@@ -42,7 +42,7 @@ void DrawButton(QPainter& painter, const RowView& view, const QRect& box, const 
     const int baseline = static_cast<int>(box.y() + box.height() - space * 0.5);
     const bool on = IsSwitchOn(button.state);
     painter.setPen((on ? style.textColourOn : style.textColour).ToColor());
-    ShapedTexts::For(painter).Draw(painter, QPoint(x, baseline), button.text);
+    texts.Draw(painter, QPoint(x, baseline), button.text);
 }
 
 } // namespace
@@ -70,13 +70,16 @@ void DrawSwitchRow(QPainter& painter, const RowView& view, const SwitchTrackStyl
     const SwitchPictures pictures(style);
     const SwitchLayout layout = pictures.Layout(rect.size(), static_cast<int>(row.buttons.size()));
 
+    ShapedTexts& texts = ShapedTexts::For(painter);
     for (std::size_t i = 0; i < row.buttons.size(); ++i) {
         const int index = static_cast<int>(i);
+        if (layout.AreButtonsBeyondEndFrom(index, row.scrollOffset))
+            break;
         if (!layout.IsButtonVisible(index, row.scrollOffset))
             continue;
         const QRect box = layout.ButtonRect(index, row.scrollOffset).translated(rect.topLeft());
-        DrawButton(painter, view, box, pictures.Button(row.buttons[i].state), row.buttons[i],
-                   style);
+        DrawButton(painter, view, box, pictures.Button(row.buttons[i].state), row.buttons[i], style,
+                   texts);
     }
     if (!row.arrowsShown)
         return;
