@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstring>
+
 using namespace KestovaTest;
 
 namespace {
@@ -57,6 +59,11 @@ private slots:
     void releasingHidesTheTracksAndTheyCanBeShownInTheNextWindow();
     void tracksThatWereNeverShownSurviveTheRelease();
     void frameStateSurvivesTheWindow();
+    void releasingWithoutAFactoryKeepsTheWindow();
+    void aFurtherCreateGivesTheNextWindowItsOwnContainerInterface();
+    void aWindowWithoutItsTimelineIsStillToldToRepaint();
+    void aWindowMayHaveNoWidget();
+    void aManagerWithoutATimelineDeletesItsTracks();
     void aWindowThatDiesWithoutItsTimelineLeavesNothingDangling();
 
     void destroyingTheManagerReleasesTheWindow();
@@ -185,13 +192,19 @@ void tst_CTimelineManager::failingWindowCreationReleasesTheWindow()
     RecordingHost host;
     TestFactory factory;
     CTimelineManager manager(&mainWindow);
-    factory.prepare = [](TestWindow& window) { window.createAnswer = false; };
+    QStringList seen;
+    factory.prepare = [&seen](TestWindow& window) {
+        window.createAnswer = false;
+        window.reaction = [&seen](const QString& line) { seen << line; };
+    };
     manager.SetTimelineWndFactoryBase(&factory);
     manager.CreateTimelineManager(&host, DefaultSkin());
     QVERIFY(!manager.CreateTimelineMainWidget(&dock));
     QVERIFY(!manager.GetTimelineWnd());
     QCOMPARE(factory.made, 1);
     QCOMPARE(factory.released, 1);
+    // None of the half-made window's other operations was called.
+    QCOMPARE(seen, QStringList{"create"});
 }
 
 void tst_CTimelineManager::failingContainerCreationReleasesTheWindow()
@@ -243,6 +256,8 @@ void tst_CTimelineManager::currentFrameSetBeforeTheWindowIsClampedAndShownLater(
     manager.CreateTimelineManager(&host, DefaultSkin());
     manager.SetFrameCount(5);
     manager.SetCurrentFrame(10);
+    // Clamped when it was set: a frame count that grows afterwards does not bring 10 back.
+    manager.SetFrameCount(100);
     QVERIFY(manager.CreateTimelineMainWidget(&dock));
     factory.window->TakeCalls();
     manager.ShowTimelineWnd(true);
@@ -275,10 +290,17 @@ void tst_CTimelineManager::showingPushesTheRememberedStateInOrder()
     fixture.manager->SetTimeMarkFrame(10, 20);
     fixture.manager->SetFrameCount(15);
     fixture.ForgetCalls();
+    int markWhenShown = -1;
+    fixture.Window().reaction = [&](const QString& line) {
+        int markEnd = 0;
+        if (line == QStringLiteral("show true"))
+            fixture.manager->GetTimeMarkFrame(markWhenShown, markEnd);
+    };
     fixture.manager->ShowTimelineWnd(true);
     QStringList calls = fixture.Window().calls;
     calls.removeAll(QStringLiteral("refreshed"));
     QCOMPARE(calls, (QStringList{"frame 14", "show true"}));
+    QCOMPARE(markWhenShown, 10);
     int start = 0;
     int end = 0;
     fixture.manager->GetTimeMarkFrame(start, end);
@@ -417,6 +439,68 @@ void tst_CTimelineManager::frameStateSurvivesTheWindow()
     fixture.manager->GetTimeMarkFrame(start, end);
     QCOMPARE(start, 4);
     QCOMPARE(end, 40);
+}
+
+void tst_CTimelineManager::releasingWithoutAFactoryKeepsTheWindow()
+{
+    HostFixture fixture;
+    fixture.manager->SetTimelineWndFactoryBase(nullptr);
+    QVERIFY(fixture.manager->ReleaseTimelineWnd());
+    QVERIFY(fixture.manager->GetTimelineWnd());
+    fixture.manager->SetTimelineWndFactoryBase(&fixture.factory);
+}
+
+void tst_CTimelineManager::aFurtherCreateGivesTheNextWindowItsOwnContainerInterface()
+{
+    HostFixture fixture;
+    const auto interfaceOf = [](const CTimelineManager& manager) {
+        void* pointer = nullptr;
+        std::memcpy(&pointer, reinterpret_cast<const char*>(&manager) + 40, sizeof pointer);
+        return pointer;
+    };
+    void* const first = interfaceOf(*fixture.manager);
+    QVERIFY(fixture.manager->CreateTimelineManager(&fixture.host, DefaultSkin()));
+    QVERIFY(interfaceOf(*fixture.manager) != first);
+    QVERIFY(fixture.manager->CreateTimelineMainWidget(fixture.dock));
+    fixture.ForgetCalls();
+    fixture.Container()->SendToHost(1312, nullptr, nullptr);
+    QCOMPARE(fixture.host.calls, QStringList{"cleared"});
+}
+
+void tst_CTimelineManager::aWindowWithoutItsTimelineIsStillToldToRepaint()
+{
+    HostFixture fixture;
+    delete fixture.Container();
+    fixture.ForgetCalls();
+    fixture.manager->InvalidateTimeline();
+    QCOMPARE(fixture.Window().calls, QStringList{"repaint"});
+}
+
+void tst_CTimelineManager::aWindowMayHaveNoWidget()
+{
+    QMainWindow mainWindow;
+    QDockWidget dock(&mainWindow);
+    RecordingHost host;
+    TestFactory factory;
+    factory.prepare = [](TestWindow& window) { delete window.GetWidget(); };
+    CTimelineManager manager(&mainWindow);
+    manager.SetTimelineWndFactoryBase(&factory);
+    manager.CreateTimelineManager(&host, DefaultSkin());
+    QVERIFY(manager.CreateTimelineMainWidget(&dock));
+    QVERIFY(!dock.widget());
+    QVERIFY(!factory.window->GetContainer()->parentWidget());
+    manager.ShowTimelineWnd(true);
+    manager.SetTimelineWndFocus();
+}
+
+void tst_CTimelineManager::aManagerWithoutATimelineDeletesItsTracks()
+{
+    HostFixture fixture;
+    const QPointer<CTimelineTrackBase> arm = fixture.Root(TL_TRACK_KEY, QStringLiteral("Arm"));
+    fixture.manager->ReleaseTimelineWnd();
+    QVERIFY(!arm.isNull());
+    fixture.manager.reset();
+    QVERIFY(arm.isNull());
 }
 
 void tst_CTimelineManager::aWindowThatDiesWithoutItsTimelineLeavesNothingDangling()

@@ -1,3 +1,5 @@
+#include "CMyContainerInterface.h"
+#include "container/CTimelineContainer.h"
 #include "support/HostFixture.h"
 #include "support/TimelineFixture.h"
 
@@ -22,6 +24,9 @@ private slots:
     void noSecondFinalNoticeIsGiven();
     void aFinalNoticeOfANewFrameOwesNothing();
 
+    void aFinalNoticeOfANewFrameTellsTheWindow();
+    void theMenuQueryHandsOverTheHostsList();
+    void aDropOfTheContainerReachesTheHost();
     void timeMarkMessagesStoreUnclamped_data();
     void timeMarkMessagesStoreUnclamped();
 
@@ -142,6 +147,38 @@ void tst_CTimelineManagerMessages::aFinalNoticeOfANewFrameOwesNothing()
     QCOMPARE(fixture.host.TakeCalls(), (QStringList{"frame 12 false", "frame 14 true"}));
     fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 14, 0, 0);
     QVERIFY(fixture.host.calls.isEmpty());
+}
+
+void tst_CTimelineManagerMessages::aFinalNoticeOfANewFrameTellsTheWindow()
+{
+    HostFixture fixture;
+    fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 21, 0, 0);
+    QCOMPARE(fixture.Window().calls, QStringList{"frame 21"});
+    QCOMPARE(fixture.host.calls, QStringList{"frame 21 true"});
+}
+
+void tst_CTimelineManagerMessages::theMenuQueryHandsOverTheHostsList()
+{
+    HostFixture fixture;
+    CTimelineTrackBase* const arm = fixture.Root(TL_TRACK_KEY, QStringLiteral("Arm"));
+    std::vector<_tmpTLMenuMapData*> menu;
+    // As the track reports it: the list's address travels as the first value.
+    fixture.Container()->OnTrackMessage(1116, arm, 0, QVariant::fromValue<void*>(&menu), 0, 0);
+    QCOMPARE(fixture.host.menuList, &menu);
+}
+
+void tst_CTimelineManagerMessages::aDropOfTheContainerReachesTheHost()
+{
+    HostFixture fixture;
+    fixture.host.dropAnswer = true;
+    CMyContainerInterface road(fixture.manager.get());
+    static_assert(sizeof road == 2 * sizeof(void*));
+    QVERIFY(road.OnContainerDrop(TL_DROP_CLIP, QStringLiteral("a.clp")));
+    const VZ::CArrayList<CTimelineTrackBase*> tracks;
+    fixture.host.editAnswer = 5;
+    QCOMPARE(road.OnContainerTrackEdit(TL_EDIT_CUT, tracks, 1, 2), 5);
+    QCOMPARE(road.OnContainerMessage(1313, nullptr, nullptr, 0, 0, 0), 0);
+    QCOMPARE(fixture.host.calls, (QStringList{"drop 9 a.clp", "edit 12 [] 1 2", "changed"}));
 }
 
 void tst_CTimelineManagerMessages::timeMarkMessagesStoreUnclamped_data()

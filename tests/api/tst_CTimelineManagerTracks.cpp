@@ -48,7 +48,9 @@ const Refusal kExistenceChecked[] = {
     {"SetTrackEditMode", [](Manager& m, Track* t) { VZ::CArrayList<TLEditType> e; return !m.SetTrackEditMode(t, e); }},
     {"GetTrackSelFrame", [](Manager& m, Track* t) { int a = 77; int b = 78; m.GetTrackSelFrame(t, a, b); return a == 77 && b == 78; }},
     {"GetTrackCaptionBtnState", [](Manager& m, Track* t) { int s = 77; return !m.GetTrackCaptionBtnState(t, 1, s) && s == 77; }},
-    {"SetTrackCaptionBtnState", [](Manager& m, Track* t) { int s = 2; return !m.SetTrackCaptionBtnState(t, 1, s); }},
+    {"SetTrackCaptionBtnState", [](Manager& m, Track* t) { int s = 2; m.SetTrackCaptionBtnState(t, 1, s); const auto* style = t ? t->StyleAs<TrackStyle>() : nullptr; return !style || style->captionButtons.empty() || style->captionButtons.front().state == 0; }},
+    {"SetActiveRootTrack", [](Manager& m, Track* t) { return !t || !m.SetActiveRootTrack(t); }},
+    {"SetTrackSelFrame", [](Manager& m, Track* t) { m.SetTrackSelFrame(t, 3, 4); return !t || t->RangeStart() == -1; }},
     {"GetTrackSwitchBtnList", [](Manager& m, Track* t) { std::vector<_tmpTLSwitchBtnData> b; return !m.GetTrackSwitchBtnList(t, b); }},
     {"SetTrackSwitchBtnList", [](Manager& m, Track* t) { std::vector<_tmpTLSwitchBtnData> b; return !m.SetTrackSwitchBtnList(t, b); }},
     {"GetTrackSwitchScrollState", [](Manager& m, Track* t) { bool s = true; return !m.GetTrackSwitchScrollState(t, s) && s; }},
@@ -190,6 +192,8 @@ void tst_CTimelineManagerTracks::createTrackMakesTheClassOfItsType()
     QCOMPARE(track->GetTrackId(), track);
     QVERIFY(track->GetStyle());
     QVERIFY(fixture.manager->IsTrackExist(track));
+    // Shown, though it has no place yet.
+    QVERIFY(!track->isHidden());
 }
 
 void tst_CTimelineManagerTracks::createTrackRefusesOtherTypes_data()
