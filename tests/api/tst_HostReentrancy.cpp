@@ -9,6 +9,8 @@
 
 #include <QtTest>
 
+#include <utility>
+
 using namespace KestovaTest;
 
 namespace {
@@ -88,6 +90,8 @@ private slots:
     void survivesAHostThat();
     void nothingFollowsFromATrackThatIsGone();
     void aHostMayMoveTheFrameFromTheFramesOwnNotice();
+    void aWindowMayBeReleasedWhileItIsBeingMade_data();
+    void aWindowMayBeReleasedWhileItIsBeingMade();
     void aWindowThatOutlivesItsManagerSpeaksToNobody();
     void hiddenTracksAreLookedAtAfreshWhenTheyAreShown();
 };
@@ -205,6 +209,47 @@ void tst_HostReentrancy::aHostMayMoveTheFrameFromTheFramesOwnNotice()
     fixture.host.reaction = nullptr;
     // The notice that was not final is followed by exactly one that is.
     QCOMPARE(fixture.host.calls, (QStringList{"frame 30 false", "frame 30 true"}));
+}
+
+void tst_HostReentrancy::aWindowMayBeReleasedWhileItIsBeingMade_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<bool>("insideACallback");
+    for (const bool inside : {false, true}) {
+        const char* const where = inside ? " inside a callback" : "";
+        QTest::addRow("when it is created%s", where) << "create" << inside;
+        QTest::addRow("when it is asked for its geometry%s", where) << "geometry" << inside;
+    }
+}
+
+void tst_HostReentrancy::aWindowMayBeReleasedWhileItIsBeingMade()
+{
+    QFETCH(QString, operation);
+    QFETCH(bool, insideACallback);
+    HostFixture fixture;
+    fixture.factory.prepare = [&](TestWindow& made) {
+        made.reaction = [&](const QString& line) {
+            if (line.startsWith(operation))
+                fixture.manager->ReleaseTimelineWnd();
+        };
+    };
+    bool answer = true;
+    const auto make = [&] { answer = fixture.manager->CreateTimelineMainWidget(fixture.dock); };
+    if (insideACallback) {
+        bool isDone = false;
+        fixture.host.reaction = [&](const QString&) {
+            if (!std::exchange(isDone, true))
+                make();
+        };
+        fixture.Window().GotoFrame(12);
+        fixture.host.reaction = nullptr;
+    } else {
+        make();
+    }
+    QVERIFY(!answer);
+    QVERIFY(!fixture.manager->GetTimelineWnd());
+    fixture.factory.prepare = nullptr;
+    QVERIFY(fixture.manager->CreateTimelineMainWidget(fixture.dock));
 }
 
 void tst_HostReentrancy::aWindowThatOutlivesItsManagerSpeaksToNobody()

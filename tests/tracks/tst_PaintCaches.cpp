@@ -64,6 +64,28 @@ private slots:
         ClearPaintCaches();
     }
 
+    void aRowWithoutWidthOrHeightPaintsNothingAndSaysNothing()
+    {
+        static int messages;
+        messages = 0;
+        const auto before = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext&, const QString&) { ++messages; });
+        QImage painted[2];
+        for (const QSize& size : {QSize(0, kHeight), QSize(kSize.width(), 0)}) {
+            BackgroundCache cache;
+            Canvas canvas;
+            canvas.m_size = size;
+            painted[size.width() == 0] = canvas.Paint(cache, Style());
+        }
+        qInstallMessageHandler(before);
+        QCOMPARE(messages, 0);
+        for (const QImage& image : painted) {
+            QImage untouched = image;
+            untouched.fill(Qt::magenta);
+            QVERIFY(image == untouched);
+        }
+    }
+
     void rowsThatLookAlikeShareOnePicture()
     {
         BackgroundCache cache;

@@ -93,14 +93,21 @@ bool CTimelineManager::CreateTimelineMainWidget(QDockWidget* dock)
 /// Puts the window's timeline widget under the window's own, where the window wants it.
 bool CTimelineManager::PlaceContainer()
 {
+    const auto alive = ManagerSideState::LifeOf(this);
     const QPointer<CTimelineContainer> container = Container();
     if (!container)
         return false;
     container->SetOwnerInterface(m_containerInterface);
-    QRect geometry;
     CTimelineWndBase* const window = m_window;
+    // The container may outlive a window that is released in its own operation, the other way round
+    // as well.
+    const auto isThere = [&] { return *alive && m_window == window && container; };
+    QRect geometry;
     window->GetInitialGeometry(geometry);
-    return container && container->Create(window->GetWidget(), geometry) && container;
+    if (!isThere())
+        return false;
+    QWidget* const widget = window->GetWidget();
+    return isThere() && container->Create(widget, geometry) && isThere();
 }
 
 bool CTimelineManager::ShowTimelineWnd(bool show)

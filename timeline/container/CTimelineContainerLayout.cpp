@@ -23,6 +23,9 @@ namespace {
 // notification would start over without end.
 constexpr int kDeepestLayout = 4;
 
+// The caption picture whose width rows leave free at the right when they are placed again.
+constexpr int kRightMarginPicture = 0;
+
 /// Counts a layout for as long as it lasts, unless the container goes away in it.
 class DepthGuard
 {
@@ -104,8 +107,9 @@ void CTimelineContainer::RefreshRows()
 {
     if (!m_scrollTrack || !m_tickTrack)
         return;
-    const int right = rect().right() - rect().left() -
-                      TimelineLibrary::Instance().images.Picture(kCaptionPictures, 0).width();
+    const int right =
+        rect().right() - rect().left() -
+        TimelineLibrary::Instance().images.Picture(kCaptionPictures, kRightMarginPicture).width();
     const int top = m_layout.TickCaptionSize().height();
     int y = top;
     for (CTimelineTrackBase* const track : m_tree.Rows()) {

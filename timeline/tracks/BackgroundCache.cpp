@@ -54,6 +54,8 @@ BackgroundCache& BackgroundCache::Shared()
 void BackgroundCache::Draw(QPainter& painter, const RowView& view, const TrackStyle& style,
                            const TimeRange& range)
 {
+    if (view.IsEmpty() || view.row.isEmpty())
+        return;
     if (!HasGround(style) || !DrawsPixelForPixel(painter)) {
         DrawBackground(painter, view, style, range);
         return;
@@ -83,6 +85,7 @@ BackgroundCache::Key BackgroundCache::KeyOf(const RowView& view, const TrackStyl
     key.scrollX = axis.scrollX;
     key.pixelsPerFrame = axis.info.pixelsPerFrame;
     key.framesPerPixel = axis.info.framesPerPixel;
+    // Not derived from the zoom: an axis that was never computed has steps of its own.
     const int steps[] = {axis.info.step1, axis.info.step2, axis.info.step3, axis.info.step4};
     std::copy(std::begin(steps), std::end(steps), std::begin(key.steps));
     key.range = range;

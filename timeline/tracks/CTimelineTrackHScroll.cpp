@@ -1,11 +1,11 @@
 #include "tracks/CTimelineTrackHScroll.h"
 
+#include "model/MessageCodes.h"
 #include "tracks/StripPainter.h"
 
 namespace {
 
 constexpr int kInitialWidth = 10;
-constexpr int kViewChanged = 1201; // message: zoom or scroll offset changed
 constexpr int kGroundBrush = 1;
 constexpr int kThumbBrush = 9;
 
@@ -57,7 +57,7 @@ ScrollThumb CTimelineTrackHScroll::Thumb() const
 void CTimelineTrackHScroll::SyncThumb(bool force)
 {
     Thumb().SyncThumb(force);
-    Send(kViewChanged);
+    Send(kTrackViewChanged);
 }
 
 void CTimelineTrackHScroll::PublishFrameInfo()
@@ -68,32 +68,32 @@ void CTimelineTrackHScroll::PublishFrameInfo()
 bool CTimelineTrackHScroll::ScrollToFrame(int frame, int align)
 {
     if (Thumb().ScrollToFrame(frame, align))
-        Send(kViewChanged);
+        Send(kTrackViewChanged);
     return true;
 }
 
 void CTimelineTrackHScroll::UnZoom()
 {
     Thumb().UnZoom();
-    Send(kViewChanged);
+    Send(kTrackViewChanged);
 }
 
 void CTimelineTrackHScroll::ZoomIn()
 {
     Thumb().ZoomIn();
-    Send(kViewChanged);
+    Send(kTrackViewChanged);
 }
 
 void CTimelineTrackHScroll::ZoomOut()
 {
     Thumb().ZoomOut();
-    Send(kViewChanged);
+    Send(kTrackViewChanged);
 }
 
 void CTimelineTrackHScroll::ZoomAll()
 {
     Thumb().ZoomAll();
-    Send(kViewChanged);
+    Send(kTrackViewChanged);
 }
 
 bool CTimelineTrackHScroll::CanUnZoom() const
@@ -126,5 +126,5 @@ void CTimelineTrackHScroll::GetScrollInfo(float& left, float& right) const
 void CTimelineTrackHScroll::SetScrollInfo(float left, float right)
 {
     if (Thumb().SetScrollInfo(left, right))
-        Send(kViewChanged);
+        Send(kTrackViewChanged);
 }
