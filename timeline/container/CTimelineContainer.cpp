@@ -19,7 +19,7 @@ constexpr int kFixedTrackStyle = 1;
 
 CTimelineContainer::CTimelineContainer(CTimelineWndBase* window)
     : m_window(window), m_layout(TimelineLibrary::Instance().images),
-      m_captions(TimelineLibrary::Instance().images)
+      m_captions(TimelineLibrary::Instance().images), m_keyDrag(*this)
 {
     setSizePolicy(
         QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding, QSizePolicy::DefaultType));
@@ -118,16 +118,6 @@ int CTimelineContainer::OnTrackMessage(int code, CTimelineTrackBase* track, int 
 {
     const CallOut callOut;
     return DispatchTrackMessage(*this, {code, track, number, value1, value2, value3});
-}
-
-bool CTimelineContainer::OnTrackDrop(QDropEvent*, CTimelineTrackBase*)
-{
-    return false;
-}
-
-bool CTimelineContainer::OnTrackDragCheck(QDropEvent*, CTimelineTrackBase*, int)
-{
-    return false;
 }
 
 bool CTimelineContainer::FocusContainer()

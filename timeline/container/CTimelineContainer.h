@@ -5,6 +5,7 @@
 #include "TimelineEnums.h"
 #include "container/CaptionColumn.h"
 #include "container/DropFileRules.h"
+#include "container/MultiTrackKeyDrag.h"
 #include "container/RowLayout.h"
 #include "container/TrackTree.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
@@ -185,6 +186,8 @@ public:
     /// Reports an edit of @p tracks to the owner. @return its answer; -1 without an owner.
     int SendEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
                  const QVariant& value1, const QVariant& value2);
+    /// The drag of the selected keys of all tracks; one at a time.
+    MultiTrackKeyDrag& KeyDrag() { return m_keyDrag; }
     /// What a track reports, see DispatchTrackMessage. @return -1 for an unknown code and without
     /// an owner, else what the code answers, which is 0 for most.
     int OnTrackMessage(int code, CTimelineTrackBase* track, int number, QVariant value1,
@@ -196,6 +199,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void enterEvent(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     bool OnTrackDrop(QDropEvent* event, CTimelineTrackBase* track) override;
@@ -220,6 +230,7 @@ private:
     RowLayout m_layout;
     CaptionColumn m_captions;
     DropFileRules m_dropRules;
+    MultiTrackKeyDrag m_keyDrag;
     std::unique_ptr<QPixmap> m_backBuffer;
     QMutex m_paintMutex;
     QTimelineCaptionArea* m_captionArea = nullptr;

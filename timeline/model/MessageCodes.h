@@ -12,6 +12,12 @@ enum TrackCode : int
     kTrackTimeMarkMoved = 1106,
     kTrackTimeMarkSet = 1107,
     kTrackPressed = 1108,
+    kTrackKeyMoveBegins = 1109,
+    kTrackKeyMoveStep = 1110, ///< value 2: frames since the last step
+    kTrackKeyMoveEnds = 1111, ///< value 2: frames since the last step
+    kTrackKeyCopyBegins = 1112,
+    kTrackKeyCopyStep = 1113,
+    kTrackKeyCopyEnds = 1114,
     kTrackDoubleClicked = 1115,
     kTrackMenuQuery = 1116, ///< value 1: the address of the list that the host fills
     kTrackMenuChosen = 1117,

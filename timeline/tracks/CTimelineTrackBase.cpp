@@ -21,7 +21,8 @@ std::unordered_set<const CTimelineTrackBase*>& LiveTracks()
 
 } // namespace
 
-CTimelineTrackBase::CTimelineTrackBase() : m_keys(new CTimelineKeyArray)
+CTimelineTrackBase::CTimelineTrackBase()
+    : m_keys(new CTimelineKeyArray), m_gesture(*this, [this] { EndGesture(); })
 {
     LiveTracks().insert(this);
     setFocusPolicy(Qt::ClickFocus);
@@ -148,5 +149,3 @@ void CTimelineTrackBase::leaveEvent(QEvent* event)
         setMouseTracking(false);
     QWidget::leaveEvent(event);
 }
-
-void CTimelineTrackBase::BuildContextMenu(QPoint) {}

@@ -4,6 +4,7 @@
 #include "CTimelineClipboard.h"
 #include "CTimelineKeyArray.h"
 #include "TimelineEnums.h"
+#include "library/OpenGesture.h"
 #include "skin/TrackStyles.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/KeyFacts.h"
@@ -58,6 +59,10 @@ public:
     /// To open the menu of the right button at @p globalPoint (screen coordinates); the base does
     /// nothing.
     virtual void BuildContextMenu(QPoint globalPoint);
+
+    /// Ends the gesture that is under way as a release of the button at the pointer's last place
+    /// would; nothing without one.
+    virtual void EndGesture();
 
     /// Fetches the style of the track's kind and @p styleIndex from the skin; false when a key is
     /// missing (the style is then partly filled).
@@ -144,14 +149,28 @@ public:
     /// Who gets the track's messages; not owned, null for nobody.
     void SetOwner(CTimelineTrackBaseInterface* owner) { m_owner = owner; }
 
+    /// Sends a message to the owner; -1 without one. The owner may call the host, which may delete
+    /// the track: who goes on afterwards asks first.
+    int Send(int code, const QVariant& value2 = QVariant(0), const QVariant& value3 = QVariant(0));
+
 protected:
     void enterEvent(QEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+    /// Watches the gesture that is under way; every handler has an OpenGesture::Handling of it.
+    OpenGesture& Gesture() { return m_gesture; }
 
     /// What Init does for every kind: parent, type, size (width, current height) and size policy.
     bool InitAs(QWidget* parent, int trackType, int width);
-    /// Sends a message to the owner; -1 without one.
-    int Send(int code, const QVariant& value2 = QVariant(0), const QVariant& value3 = QVariant(0));
     static FrameAxis& Axis();
 
     /// Gives the widget @p size unless it has it; true when it changed. A resize in every paint
@@ -191,4 +210,5 @@ private:
     CTimelineTrackBaseInterface* m_owner = nullptr;
     bool m_attached = false;
     KeyFacts m_facts;
+    OpenGesture m_gesture;
 };

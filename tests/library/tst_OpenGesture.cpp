@@ -1,0 +1,168 @@
+#include "library/OpenGesture.h"
+#include "support/Pointer.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <memory>
+
+using namespace KestovaTest;
+
+namespace {
+
+/// A widget inside a home widget whose gesture counts how often it was finished by the watch.
+class Pad : public QWidget
+{
+public:
+    explicit Pad(QWidget* parent) : QWidget(parent)
+    {
+        setMinimumSize(50, 50);
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+    OpenGesture gesture{*this, [this] { Finish(); }};
+    int finished = 0;
+
+private:
+    void Finish()
+    {
+        gesture.End();
+        ++finished;
+    }
+};
+
+/// A window with a home, a pad in it, and an edit field beside the home.
+struct Scene
+{
+    Scene() : home(new QWidget(&window)), pad(new Pad(home)), outside(new QLineEdit(&window))
+    {
+        auto* const layout = new QVBoxLayout(&window);
+        layout->addWidget(home);
+        layout->addWidget(outside);
+        (new QVBoxLayout(home))->addWidget(pad);
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            qFatal("the window does not become active");
+        pad->setFocus();
+    }
+
+    QWidget window;
+    QWidget* home;
+    Pad* pad;
+    QLineEdit* outside;
+};
+
+} // namespace
+
+class tst_OpenGesture : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void finishesWhenTheFocusLeavesTheTimeline();
+    void goesOnWhenTheFocusStaysInTheTimeline();
+    void finishesWhenTheWidgetIsHidden();
+    void finishesWhenAModalDialogOpens();
+    void waitsForTheHandlerThatIsRunning();
+    void finishesALostGestureBeforeTheNextHandlerStarts();
+    void watchesNothingAfterTheEnd();
+    void survivesItsWidgetsEndInsideAHandler();
+};
+
+void tst_OpenGesture::finishesWhenTheFocusLeavesTheTimeline()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    scene.outside->setFocus();
+    QCOMPARE(scene.pad->finished, 0); // never from inside the change of focus
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.pad->finished, 1);
+    QVERIFY(!scene.pad->gesture.IsOn());
+}
+
+void tst_OpenGesture::goesOnWhenTheFocusStaysInTheTimeline()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    scene.home->setFocus();
+    scene.window.setFocus();
+    scene.pad->setFocus();
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.pad->finished, 0);
+    QVERIFY(scene.pad->gesture.IsOn());
+}
+
+void tst_OpenGesture::finishesWhenTheWidgetIsHidden()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    scene.window.hide();
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.pad->finished, 1);
+}
+
+void tst_OpenGesture::finishesWhenAModalDialogOpens()
+{
+    Scene scene;
+    QDialog dialog(&scene.window);
+    scene.pad->gesture.Begin();
+    dialog.open();
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.pad->finished, 1);
+}
+
+void tst_OpenGesture::waitsForTheHandlerThatIsRunning()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    {
+        const OpenGesture::Handling outer(scene.pad->gesture);
+        {
+            const OpenGesture::Handling inner(scene.pad->gesture);
+            scene.outside->setFocus();
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(scene.pad->finished, 0);
+    }
+    QCOMPARE(scene.pad->finished, 1);
+}
+
+void tst_OpenGesture::finishesALostGestureBeforeTheNextHandlerStarts()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    scene.outside->setFocus();
+    const OpenGesture::Handling handling(scene.pad->gesture);
+    QCOMPARE(scene.pad->finished, 1);
+}
+
+void tst_OpenGesture::watchesNothingAfterTheEnd()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    scene.outside->setFocus();
+    scene.pad->gesture.End();
+    scene.pad->setFocus();
+    scene.outside->setFocus();
+    scene.window.hide();
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.pad->finished, 0);
+}
+
+void tst_OpenGesture::survivesItsWidgetsEndInsideAHandler()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    const QPointer<Pad> pad(scene.pad);
+    {
+        const OpenGesture::Handling handling(scene.pad->gesture);
+        delete scene.pad;
+    }
+    QVERIFY(!pad);
+}
+
+QTEST_MAIN(tst_OpenGesture)
+#include "tst_OpenGesture.moc"

@@ -1,0 +1,86 @@
+#include "library/OpenGesture.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QWidget>
+
+#include <utility>
+
+namespace {
+
+/// Whether the focus on @p focus still belongs to the timeline that @p widget is a part of: to a
+/// widget inside it, or to one that it stands in, as the host's window has it for a moment.
+bool IsFocusOfTimeline(const QWidget* focus, const QWidget& widget)
+{
+    const QWidget* const home = widget.parentWidget() ? widget.parentWidget() : &widget;
+    return focus && (focus == home || home->isAncestorOf(focus) || focus->isAncestorOf(home));
+}
+
+} // namespace
+
+OpenGesture::OpenGesture(QWidget& widget, std::function<void()> finish)
+    : m_widget(widget), m_finish(std::move(finish))
+{
+}
+
+void OpenGesture::Begin()
+{
+    if (std::exchange(m_isOn, true))
+        return;
+    m_isLost = false;
+    m_widget.installEventFilter(this);
+    m_focus = connect(qApp, &QApplication::focusChanged, this,
+                      [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
+}
+
+void OpenGesture::End()
+{
+    if (!std::exchange(m_isOn, false))
+        return;
+    m_isLost = false;
+    m_widget.removeEventFilter(this);
+    disconnect(m_focus);
+}
+
+bool OpenGesture::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Hide || event->type() == QEvent::WindowBlocked)
+        Lose();
+    return QObject::eventFilter(watched, event);
+}
+
+void OpenGesture::OnFocusChanged(QWidget* now)
+{
+    if (!IsFocusOfTimeline(now, m_widget))
+        Lose();
+}
+
+void OpenGesture::Lose()
+{
+    if (std::exchange(m_isLost, true) || m_handlers > 0)
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { FinishIfLost(); }, Qt::QueuedConnection);
+}
+
+void OpenGesture::FinishIfLost()
+{
+    // A handler that runs a nested event loop finishes it when it returns.
+    if (m_isOn && m_isLost && m_handlers == 0)
+        m_finish();
+}
+
+OpenGesture::Handling::Handling(OpenGesture& gesture) : m_gesture(&gesture)
+{
+    gesture.FinishIfLost();
+    if (m_gesture)
+        ++m_gesture->m_handlers;
+}
+
+OpenGesture::Handling::~Handling()
+{
+    if (!m_gesture)
+        return;
+    --m_gesture->m_handlers;
+    m_gesture->FinishIfLost();
+}
