@@ -34,6 +34,10 @@ void Pointer::Send(QEvent::Type type, Qt::MouseButton button)
         m_isInside = true;
         QEnterEvent enter(m_point, m_point, window->mapToGlobal(m_point));
         QCoreApplication::sendEvent(window, &enter);
+        // A move to where the last pointer of this process was left would not be one.
+        const QPointF corner(-1, -1);
+        qt_handleMouseEvent(window, corner, window->mapToGlobal(corner.toPoint()), Qt::NoButton,
+                            Qt::NoButton, QEvent::MouseMove, Qt::NoModifier, now);
     }
     qt_handleMouseEvent(window, m_point, window->mapToGlobal(m_point), m_buttons, button, type,
                         modifiers, now);

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPointer>
 
+#include <utility>
+
 CTimelineTrackTransKey::CTimelineTrackTransKey()
 {
     setAccessibleName(QStringLiteral("CTimelineTrackTransKey"));
@@ -67,6 +69,7 @@ void CTimelineTrackTransKey::mousePressEvent(QMouseEvent* event)
         EndGesture();
     if (!self)
         return;
+    m_releaseIsDone = m_releaseIsDone && !isLeft;
     const int key = isLeft ? HitTestHandle(event->pos()) : -1;
     if (key < 0) {
         CTimelineTrackBase::mousePressEvent(event);
@@ -96,10 +99,12 @@ void CTimelineTrackTransKey::mouseReleaseEvent(QMouseEvent* event)
     const OpenGesture::Handling handling(Gesture());
     if (!self)
         return;
-    if (event->button() == Qt::LeftButton && m_handleDrag.IsOn())
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (isLeft && m_handleDrag.IsOn())
         EndGesture();
-    else
-        CTimelineTrackBase::mouseReleaseEvent(event);
+    if (!self || (isLeft && std::exchange(m_releaseIsDone, false)))
+        return;
+    CTimelineTrackBase::mouseReleaseEvent(event);
 }
 
 void CTimelineTrackTransKey::EndGesture()
@@ -110,5 +115,6 @@ void CTimelineTrackTransKey::EndGesture()
     }
     const CallOut callOut;
     Gesture().End();
+    m_releaseIsDone = true;
     m_handleDrag.Release();
 }

@@ -4,7 +4,7 @@
 #include "model/MessageCodes.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackTransKey.h"
-#include "tracks/TrackReport.h"
+#include "tracks/TrackReports.h"
 #include "tracks/TransitionHandles.h"
 
 #include <utility>
@@ -17,12 +17,11 @@ void TransitionGesture::Press(int index)
     // The drag may end while the host is being told of the press; the key is selected even then.
     HeldKey key = m_key;
 
-    TrackReport report(m_track);
-    if (!report.Send(kTrackPressed))
+    if (!Report(m_track, kTrackPressed))
         return;
     if (key.Find(keys))
         keys.SetSelectionByIndex(key.Index(), key.Index(), true, TL_KEY_ANY_KIND);
-    report.Send(kTrackSelectionChanged);
+    Report(m_track, kTrackSelectionChanged);
 }
 
 void TransitionGesture::DragTo(int x)
@@ -35,9 +34,8 @@ void TransitionGesture::DragTo(int x)
     if (!amount)
         return;
 
-    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
-        if (!report.Send(kTrackTrimBegins, m_key.Index(), *amount))
+        if (!Report(m_track, kTrackTrimBegins, m_key.Index(), *amount))
             return;
         // The host may have ended the drag, or made another key of this one.
         key = m_key.Find(m_track.Keys());
@@ -46,7 +44,7 @@ void TransitionGesture::DragTo(int x)
         if (!key || !amount)
             return;
     }
-    report.Send(kTrackTrimStep, m_key.Index(), *amount);
+    Report(m_track, kTrackTrimStep, m_key.Index(), *amount);
 }
 
 void TransitionGesture::Release()
@@ -55,5 +53,5 @@ void TransitionGesture::Release()
     const int index = m_key.Index();
     m_key.LetGo();
     if (std::exchange(m_hasMoved, false))
-        TrackReport(m_track).Send(kTrackTrimEnds, index);
+        Report(m_track, kTrackTrimEnds, index);
 }
