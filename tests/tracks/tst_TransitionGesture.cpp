@@ -129,6 +129,31 @@ private slots:
         QVERIFY(scene.row->Keys().SelectedIndexes().empty());
     }
 
+    void aPressBesideTheHandlesIsTheCommonOne()
+    {
+        TransitionRow scene;
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        scene.Press(300);
+        scene.MoveTo(320);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(),
+                 QStringList({"same body row", "cleared", "changed", "frame 60 false",
+                              "frame 60 true", "changed", "frame 64 false", "frame 64 true"}));
+    }
+
+    void theCommonMoveRunsAfterEachStep()
+    {
+        TransitionRow scene;
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        scene.row->SetRange(30, 40);
+        scene.Press(75);
+        scene.MoveTo(152); // over the range's first marker
+        QCOMPARE(scene.row->cursor().shape(), Qt::SizeHorCursor);
+        scene.MoveTo(100);
+        QVERIFY(!scene.HasOwnCursor());
+        scene.Release();
+    }
+
     // --- the drag -------------------------------------------------------------------------------
 
     void draggingLeftLengthensATransitionIntoTheKey()
@@ -264,6 +289,18 @@ private slots:
                           Qt::NoModifier);
         QCoreApplication::sendEvent(scene.row, &press);
         QCOMPARE(scene.TakeCalls(), kEnds + kPressed);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList());
+    }
+
+    void theReleaseThatFollowsALostDragIsNotAnotherGestures()
+    {
+        TransitionRow scene;
+        DragOneStep(scene);
+        scene.outside->setFocus();
+        scene.fixture.Settle();
+        QCOMPARE(scene.TakeCalls(), kEnds);
+        scene.MoveTo(300);
         scene.Release();
         QCOMPARE(scene.TakeCalls(), QStringList());
     }
