@@ -3,8 +3,12 @@
 #include "tracks/TransitionPainter.h"
 #include "tracks/TransitionWindow.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
+
+#include <utility>
 
 CTimelineTrackTransKey::CTimelineTrackTransKey()
 {
@@ -54,4 +58,63 @@ int CTimelineTrackTransKey::HitTestHandle(QPoint point)
     if (!style)
         return -1;
     return TransitionHandles(Axis(), *style, GetRowHeight()).Find(Keys(), Facts(), point);
+}
+
+void CTimelineTrackTransKey::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (self && isLeft && Gesture().IsOn())
+        EndGesture();
+    if (!self)
+        return;
+    m_releaseIsDone = m_releaseIsDone && !isLeft;
+    const int key = isLeft ? HitTestHandle(event->pos()) : -1;
+    if (key < 0) {
+        CTimelineTrackBase::mousePressEvent(event);
+        return;
+    }
+    Gesture().Begin();
+    m_handleDrag.Press(key);
+}
+
+void CTimelineTrackTransKey::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self && m_handleDrag.IsOn()) {
+        if (event->buttons() & Qt::LeftButton)
+            m_handleDrag.DragTo(event->x());
+        else
+            EndGesture(); // the button went up where nobody saw it
+    }
+    if (self)
+        CTimelineTrackBase::mouseMoveEvent(event);
+}
+
+void CTimelineTrackTransKey::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (!self)
+        return;
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (isLeft && m_handleDrag.IsOn())
+        EndGesture();
+    if (!self || (isLeft && std::exchange(m_releaseIsDone, false)))
+        return;
+    CTimelineTrackBase::mouseReleaseEvent(event);
+}
+
+void CTimelineTrackTransKey::EndGesture()
+{
+    if (!m_handleDrag.IsOn()) {
+        CTimelineTrackBase::EndGesture();
+        return;
+    }
+    const CallOut callOut;
+    Gesture().End();
+    m_releaseIsDone = true;
+    m_handleDrag.Release();
 }
