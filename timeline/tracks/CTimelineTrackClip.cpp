@@ -3,7 +3,7 @@
 #include "axis/FrameAxis.h"
 #include "model/MessageCodes.h"
 #include "tracks/ClipPainter.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -171,8 +171,8 @@ void CTimelineTrackClip::GoToFrameAt(int x)
 {
     FrameAxis& axis = Axis();
     axis.currentFrame = std::max(std::min(PixelToFrame(x), axis.frameCount - 1), 0);
-    if (Report(*this, kTrackFrameMoved))
-        Report(*this, kTrackFrameSet);
+    if (TrackReport(*this).Send(kTrackFrameMoved))
+        TrackReport(*this).Send(kTrackFrameSet);
 }
 
 void CTimelineTrackClip::ShowCursorFor(int kind)

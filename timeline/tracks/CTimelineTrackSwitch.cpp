@@ -3,7 +3,7 @@
 #include "model/MessageCodes.h"
 #include "tracks/RowView.h"
 #include "tracks/SwitchPainter.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -82,7 +82,7 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
     Gesture().Begin();
     m_press = {true, -1, event->pos()};
     // The press may end while the host is being told of it.
-    if (!Report(*this, kTrackPressed) || !m_press.isDown)
+    if (!TrackReport(*this).Send(kTrackPressed) || !m_press.isDown)
         return;
     const int arrow = Layout().HitArrow(event->pos());
     if (arrow == kNoArrow) {
@@ -90,7 +90,7 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
         return;
     }
     ScrollBy(arrow);
-    if (Report(*this, kTrackButtonsScrolled))
+    if (TrackReport(*this).Send(kTrackButtonsScrolled))
         RefreshArrows(arrow, true);
 }
 
@@ -148,12 +148,12 @@ void CTimelineTrackSwitch::Release(QPoint point)
     if (button >= 0 && HitTestKey(point) == button && GetOwner()) {
         int& state = m_buttons[static_cast<std::size_t>(button)].state;
         state = Toggled(state);
-        if (!Report(*this, kTrackSwitchToggled, button))
+        if (!TrackReport(*this).Send(kTrackSwitchToggled, button))
             return;
     } else {
         ShowHover(-1);
     }
-    if (Report(*this, kTrackRepaint))
+    if (TrackReport(*this).Send(kTrackRepaint))
         RefreshArrows(Layout().HitArrow(point), m_press.isDown);
 }
 

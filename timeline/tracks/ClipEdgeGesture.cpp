@@ -5,7 +5,7 @@
 #include "model/MessageCodes.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackClip.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 
 #include <algorithm>
 #include <utility>
@@ -45,14 +45,14 @@ void ClipEdgeGesture::Press(const ClipEdgeHit& edge)
     // The drag may end while the host is being told of the press; the clip is selected even then.
     HeldKey clip = m_clip;
 
-    if (!Report(m_track, kTrackPressed))
+    if (!TrackReport(m_track).Send(kTrackPressed))
         return;
     keys.ClearAllSelection();
-    if (!Report(m_track, kTrackSelectionCleared))
+    if (!TrackReport(m_track).Send(kTrackSelectionCleared))
         return;
     if (clip.Find(keys))
         keys.SetSelectionByIndex(clip.Index(), clip.Index(), true, TL_KEY_ANY_KIND);
-    Report(m_track, kTrackSelectionChanged);
+    TrackReport(m_track).Send(kTrackSelectionChanged);
 }
 
 void ClipEdgeGesture::DragTo(int x)
@@ -67,7 +67,7 @@ void ClipEdgeGesture::DragTo(int x)
         return;
 
     if (!std::exchange(m_hasMoved, true)) {
-        if (!Report(m_track, codes->begins, m_clip.Index(), *amount))
+        if (!TrackReport(m_track).Send(codes->begins, m_clip.Index(), *amount))
             return;
         // The host may have ended the drag, or made another clip of this one.
         clip = m_clip.Find(m_track.Keys());
@@ -77,7 +77,7 @@ void ClipEdgeGesture::DragTo(int x)
         if (!amount)
             return;
     }
-    Report(m_track, codes->step, m_clip.Index(), *amount);
+    TrackReport(m_track).Send(codes->step, m_clip.Index(), *amount);
 }
 
 void ClipEdgeGesture::Release()
@@ -87,5 +87,5 @@ void ClipEdgeGesture::Release()
     const DragCodes* const codes = CodesOf(std::exchange(m_kind, -1));
     m_clip.LetGo();
     if (std::exchange(m_hasMoved, false) && codes)
-        Report(m_track, codes->ends, clip);
+        TrackReport(m_track).Send(codes->ends, clip);
 }

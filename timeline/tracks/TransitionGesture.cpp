@@ -4,7 +4,7 @@
 #include "model/MessageCodes.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackTransKey.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 #include "tracks/TransitionHandles.h"
 
 #include <utility>
@@ -17,11 +17,11 @@ void TransitionGesture::Press(int index)
     // The drag may end while the host is being told of the press; the key is selected even then.
     HeldKey key = m_key;
 
-    if (!Report(m_track, kTrackPressed))
+    if (!TrackReport(m_track).Send(kTrackPressed))
         return;
     if (key.Find(keys))
         keys.SetSelectionByIndex(key.Index(), key.Index(), true, TL_KEY_ANY_KIND);
-    Report(m_track, kTrackSelectionChanged);
+    TrackReport(m_track).Send(kTrackSelectionChanged);
 }
 
 void TransitionGesture::DragTo(int x)
@@ -35,7 +35,7 @@ void TransitionGesture::DragTo(int x)
         return;
 
     if (!std::exchange(m_hasMoved, true)) {
-        if (!Report(m_track, kTrackTrimBegins, m_key.Index(), *amount))
+        if (!TrackReport(m_track).Send(kTrackTrimBegins, m_key.Index(), *amount))
             return;
         // The host may have ended the drag, or made another key of this one.
         key = m_key.Find(m_track.Keys());
@@ -44,7 +44,7 @@ void TransitionGesture::DragTo(int x)
         if (!key || !amount)
             return;
     }
-    Report(m_track, kTrackTrimStep, m_key.Index(), *amount);
+    TrackReport(m_track).Send(kTrackTrimStep, m_key.Index(), *amount);
 }
 
 void TransitionGesture::Release()
@@ -53,5 +53,5 @@ void TransitionGesture::Release()
     const int index = m_key.Index();
     m_key.LetGo();
     if (std::exchange(m_hasMoved, false))
-        Report(m_track, kTrackTrimEnds, index);
+        TrackReport(m_track).Send(kTrackTrimEnds, index);
 }
