@@ -22,5 +22,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void PaintColumns(QPainter& painter, const LineKeyTrackStyle& style, const QRect& columns);
     bool CoversRow(const QPainter& painter, const QRect& rect) const;
 };
