@@ -10,6 +10,12 @@
 
 #include <utility>
 
+namespace {
+
+constexpr int kMostParts = 4; // that are worth a look at the keys each
+
+} // namespace
+
 CTimelineTrackTransKey::CTimelineTrackTransKey()
 {
     setAccessibleName(QStringLiteral("CTimelineTrackTransKey"));
@@ -41,14 +47,29 @@ void CTimelineTrackTransKey::paintEvent(QPaintEvent* event)
     const auto* style = StyleAs<LineKeyTrackStyle>();
     if (!style)
         return;
-    const QRect columns = event->rect();
+    QPainter painter(this);
+    // A current frame that moves far leaves two strips to paint, with much between them. Parts are
+    // clipped one by one, since what reaches into two of them must not be painted twice in either.
+    const QRegion region = event->region();
+    if (region.rectCount() > kMostParts) {
+        PaintColumns(painter, *style, region.boundingRect());
+        return;
+    }
+    for (const QRect& part : region) {
+        painter.setClipRect(part);
+        PaintColumns(painter, *style, part);
+    }
+}
+
+void CTimelineTrackTransKey::PaintColumns(QPainter& painter, const LineKeyTrackStyle& style,
+                                          const QRect& columns)
+{
     const RowView view(rect(), Axis(), columns.left(), columns.right());
     if (view.IsEmpty())
         return;
-    QPainter painter(this);
-    const DisplayKeyList list = CollectTransitionWindow(Keys(), Facts(), Scope(), view, *style);
+    const DisplayKeyList list = CollectTransitionWindow(Keys(), Facts(), Scope(), view, style);
     NoteTransition(LongestTransition(list));
-    TransitionPainter(painter, view, *style).Draw(list);
+    TransitionPainter(painter, view, style).Draw(list);
     DrawOwnKeyBars(painter, view);
 }
 

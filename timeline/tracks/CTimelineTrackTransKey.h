@@ -29,6 +29,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void PaintColumns(QPainter& painter, const LineKeyTrackStyle& style, const QRect& columns);
     bool CoversRow(const QPainter& painter, const QRect& rect) const;
 
     TransitionGesture m_handleDrag{*this};
