@@ -1,11 +1,8 @@
-#include "CTimelineKey.h"
 #include "container/CTimelineContainer.h"
-#include "container/TestTracks.h"
 #include "library/TimelineLibrary.h"
-#include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 #include "support/TimelineFixture.h"
-#include "tracks/ClipBuilder.h"
+#include "tracks/DropScene.h"
 #include "tracks/FileDrag.h"
 #include "tracks/HostDeeds.h"
 
@@ -16,36 +13,6 @@
 using namespace KestovaTest;
 
 namespace {
-
-/// A timeline of a root with three rows, of which the first is active.
-class Scene
-{
-public:
-    HostFixture fixture;
-    CTimelineTrackBase* body;
-    CTimelineTrackBase* arm;
-    CTimelineTrackBase* leg;
-
-    Scene()
-        : body(fixture.Root(TL_TRACK_CLIP, "Body")), arm(fixture.Child(body, TL_TRACK_CLIP, "Arm")),
-          leg(fixture.Child(body, TL_TRACK_CLIP, "Leg"))
-    {
-        fixture.Settle();
-        fixture.manager->SetActiveChildTrack(arm);
-        fixture.ForgetCalls();
-    }
-
-    CTimelineManager& Manager() { return *fixture.manager; }
-    /// Only the filter at @p index is on.
-    void SetFilter(int index)
-    {
-        Manager().SetEnableDragEnterFiletype(index == 0, index == 1, index == 2, index == 3,
-                                             index == 4, index == 5);
-    }
-    QStringList Calls() { return fixture.host.TakeCalls(); }
-
-    FileDrag Drag(const QString& path) { return FileDrag(&fixture.mainWindow, path); }
-};
 
 QPoint PointAt(const CTimelineTrackBase* track, int frame)
 {
@@ -59,8 +26,7 @@ int CurrentFrame()
 
 } // namespace
 
-/// Files dragged onto rows and dropped there, and the host's questions around a drop. The drags
-/// enter as those of the windowing system do.
+/// Files dragged onto rows and dropped there. The drags enter as those of the windowing system do.
 class tst_TrackDrop : public QObject
 {
     Q_OBJECT
@@ -77,7 +43,6 @@ private slots:
     void anyOneFlagAcceptsARecognisedFile();
     void theHostMaySetTheFlagsWhenItIsAsked();
     void anAcceptedDragGetsTheProposedAction();
-    void everyRecognisedExtensionAsksTheHost_data();
     void everyRecognisedExtensionAsksTheHost();
     void aRefusedFileAsksNobody_data();
     void aRefusedFileAsksNobody();
@@ -94,7 +59,6 @@ private slots:
     void aDropOnTheActiveTrack();
     void aDropOnAnInactiveTrackFirstActivatesIt();
     void theHostsAnswerDecidesOverTheDrop();
-    void everyExtensionDropsAsItsType_data();
     void everyExtensionDropsAsItsType();
     void aSoundDropsByTheLastTwoFlags_data();
     void aSoundDropsByTheLastTwoFlags();
@@ -108,25 +72,6 @@ private slots:
     void nothingFollowsFromAHostThat();
     void aHostThatDeletesATrackHeldOverRefusesTheFile();
     void withoutAnOwnerNoFileIsTaken();
-
-    // After the drop
-    void aLoadedClipBecomesTheSelection();
-    void theFirstKeyOfTheFrameIsPicked();
-    void aLockedClipIsNotPicked();
-    void nothingIsPickedWithoutAKeyExactlyAtTheFrame();
-    void theActiveTrackIsOnlyTold();
-    void aPickLaysTheRowsOut();
-    void survivesPicksOfAHostThat_data();
-    void survivesPicksOfAHostThat();
-
-    // Queries
-    void aLockedClipIsIdleUpToItsLastFrame_data();
-    void aLockedClipIsIdleUpToItsLastFrame();
-    void thereIsNoIdleClipWithoutATrackOrKeys();
-    void filesOverTheWaveRowAreCheckedByItsClips_data();
-    void filesOverTheWaveRowAreCheckedByItsClips();
-    void theLastRootsWaveRowCounts();
-    void withoutAWaveRowNothingLiesUnderAFile();
 };
 
 void tst_TrackDrop::initTestCase()
@@ -138,8 +83,8 @@ void tst_TrackDrop::initTestCase()
 
 void tst_TrackDrop::aDragStory()
 {
-    Scene scene;
-    FileDrag drag = scene.Drag("/files/walk.kxmotion");
+    DropScene scene;
+    FileDrag drag(&scene.fixture.mainWindow, "/files/walk.kxmotion");
     scene.fixture.host.reaction = [&](const QString& line) {
         // The host has room for the file from frame 30 on.
         scene.SetFilter(line.endsWith(" 35") ? 1 : -1);
@@ -157,8 +102,8 @@ void tst_TrackDrop::aDragStory()
 
 void tst_TrackDrop::enteringARowIsAlwaysAccepted()
 {
-    Scene scene;
-    QVERIFY(scene.Drag("/a.png").EnterAt(scene.arm, QPoint(5, 5)));
+    DropScene scene;
+    QVERIFY(FileDrag(&scene.fixture.mainWindow, "/a.png").EnterAt(scene.arm, QPoint(5, 5)));
     FileDrag text(&scene.fixture.mainWindow, QList<QUrl>());
     text.data.setText("no file at all");
     QVERIFY(text.EnterAt(scene.leg, QPoint(5, 5)));
@@ -167,8 +112,8 @@ void tst_TrackDrop::enteringARowIsAlwaysAccepted()
 
 void tst_TrackDrop::leavingARowIsIgnored()
 {
-    Scene scene;
-    FileDrag drag = scene.Drag("/a.kxs");
+    DropScene scene;
+    FileDrag drag(&scene.fixture.mainWindow, "/a.kxs");
     drag.EnterAt(scene.arm, QPoint(5, 5));
     // Caught on its way back from the row.
     struct Watch : QObject
@@ -197,8 +142,8 @@ void tst_TrackDrop::leavingARowIsIgnored()
 
 void tst_TrackDrop::aRecognisedFileIsRefusedWhenAllSixFlagsAreFalse()
 {
-    Scene scene;
-    FileDrag drag = scene.Drag("/a.kxs");
+    DropScene scene;
+    FileDrag drag(&scene.fixture.mainWindow, "/a.kxs");
     drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
     QVERIFY(!drag.MoveTo(scene.arm, PointAt(scene.arm, 20)));
     QCOMPARE(scene.Calls(), QStringList("drag Arm /a.kxs 20"));
@@ -219,27 +164,27 @@ void tst_TrackDrop::anyOneFlagAcceptsARecognisedFile_data()
 void tst_TrackDrop::anyOneFlagAcceptsARecognisedFile()
 {
     QFETCH(int, flag);
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(flag);
-    FileDrag drag = scene.Drag("/a.kxs");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.kxs");
     drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
     QVERIFY(drag.MoveTo(scene.arm, PointAt(scene.arm, 20)));
 }
 
 void tst_TrackDrop::theHostMaySetTheFlagsWhenItIsAsked()
 {
-    Scene scene;
+    DropScene scene;
     scene.fixture.host.reaction = [&](const QString&) { scene.SetFilter(3); };
-    FileDrag drag = scene.Drag("/a.kxs");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.kxs");
     drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
     QVERIFY(drag.MoveTo(scene.arm, PointAt(scene.arm, 20)));
 }
 
 void tst_TrackDrop::anAcceptedDragGetsTheProposedAction()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
-    FileDrag drag = scene.Drag("/a.kxs");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.kxs");
     // Another action was agreed on before, as over another row.
     struct Watch : QObject
     {
@@ -260,24 +205,19 @@ void tst_TrackDrop::anAcceptedDragGetsTheProposedAction()
     QCOMPARE(drag.action, Qt::MoveAction);
 }
 
-void tst_TrackDrop::everyRecognisedExtensionAsksTheHost_data()
-{
-    QTest::addColumn<QString>("name");
-    for (const char* const name :
-         {"a.kx7idle", "a.kxmotion", "a.kxanim", "a.kxfcs", "a.kxperform", "a.kx3dmotion",
-          "a.kxs2idle", "a.kxs", "a.clp", "a.wav", "a.mp3", "A.KXMOTION", "take.final.Kxs"})
-        QTest::newRow(name) << name;
-}
-
 void tst_TrackDrop::everyRecognisedExtensionAsksTheHost()
 {
-    QFETCH(QString, name);
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
-    FileDrag drag = scene.Drag("/" + name);
-    drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
-    QVERIFY(drag.MoveTo(scene.arm, PointAt(scene.arm, 20)));
-    QCOMPARE(scene.Calls(), QStringList(QStringLiteral("drag Arm /%1 20").arg(name)));
+    for (const QString& name :
+         {"a.kx7idle", "a.kxmotion", "a.kxanim", "a.kxfcs", "a.kxperform", "a.kx3dmotion",
+          "a.kxs2idle", "a.kxs", "a.clp", "a.wav", "a.mp3", "A.KXMOTION", "take.final.Kxs"}) {
+        FileDrag drag(&scene.fixture.mainWindow, "/" + name);
+        drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
+        QVERIFY2(drag.MoveTo(scene.arm, PointAt(scene.arm, 20)), qPrintable(name));
+        QCOMPARE(scene.Calls(), QStringList(QStringLiteral("drag Arm /%1 20").arg(name)));
+        drag.Leave();
+    }
 }
 
 void tst_TrackDrop::aRefusedFileAsksNobody_data()
@@ -297,7 +237,7 @@ void tst_TrackDrop::aRefusedFileAsksNobody_data()
 void tst_TrackDrop::aRefusedFileAsksNobody()
 {
     QFETCH(QList<QUrl>, urls);
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     FileDrag drag(&scene.fixture.mainWindow, urls);
     drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
@@ -307,7 +247,7 @@ void tst_TrackDrop::aRefusedFileAsksNobody()
 
 void tst_TrackDrop::theFirstFileCounts()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     const QUrl clip = QUrl::fromLocalFile("/a.clp");
     const QUrl other = QUrl::fromLocalFile("/a.png");
@@ -340,10 +280,10 @@ void tst_TrackDrop::theHostIsAskedForTheFrameUnderThePointer()
     QFETCH(int, scrollX);
     QFETCH(int, x);
     QFETCH(int, frame);
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     ResetAxis(1000, scale, scrollX);
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(scene.arm, QPoint(x, 5));
     drag.MoveTo(scene.arm, QPoint(x, 5));
     QCOMPARE(scene.Calls(), QStringList(QStringLiteral("drag Arm /a.clp %1").arg(frame)));
@@ -351,10 +291,10 @@ void tst_TrackDrop::theHostIsAskedForTheFrameUnderThePointer()
 
 void tst_TrackDrop::aDragBeyondTheFrameCountIsRefusedBeforeTheHostIsAsked()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     ResetAxis(100, 4.0);
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(scene.arm, PointAt(scene.arm, 120));
     QVERIFY(!drag.MoveTo(scene.arm, PointAt(scene.arm, 120)));
     QVERIFY(!drag.MoveTo(scene.arm, PointAt(scene.arm, 101)));
@@ -366,7 +306,7 @@ void tst_TrackDrop::aDragBeyondTheFrameCountIsRefusedBeforeTheHostIsAsked()
 
 void tst_TrackDrop::aDragWithNoTrackSkipsTheFrameTest()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile("/a.clp")});
@@ -378,11 +318,11 @@ void tst_TrackDrop::aDragWithNoTrackSkipsTheFrameTest()
 
 void tst_TrackDrop::theCaptionColumnRefusesEveryFile()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     CTimelineContainer* const container = scene.fixture.Container();
     const QPoint caption(5, scene.arm->geometry().center().y());
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     QVERIFY(!drag.EnterAt(container, caption));
     // Coming from a row the drag enters the captions and is refused there as well.
     QVERIFY(drag.MoveTo(scene.arm, PointAt(scene.arm, 20)));
@@ -393,7 +333,7 @@ void tst_TrackDrop::theCaptionColumnRefusesEveryFile()
 
 void tst_TrackDrop::theContainerItselfTakesNoFile()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     CTimelineContainer* const container = scene.fixture.Container();
     QVERIFY(!container->acceptDrops());
@@ -405,20 +345,20 @@ void tst_TrackDrop::theContainerItselfTakesNoFile()
             below = QPoint(container->width() / 2, y);
     }
     QVERIFY(!below.isNull());
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     QVERIFY(!drag.EnterAt(container, below));
     QCOMPARE(scene.Calls(), QStringList());
 }
 
 void tst_TrackDrop::everyRowTakesPart()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     // Edit modes have no part in it.
     CTimelineTrackBase* const other = scene.fixture.Root(TL_TRACK_KEY, "Plain");
     scene.fixture.Settle();
     scene.fixture.ForgetCalls();
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(other, PointAt(other, 7));
     QVERIFY(drag.MoveTo(other, PointAt(other, 7)));
     QCOMPARE(scene.Calls(), QStringList("drag Plain /a.clp 7"));
@@ -428,9 +368,9 @@ void tst_TrackDrop::everyRowTakesPart()
 
 void tst_TrackDrop::aDropOnTheActiveTrack()
 {
-    Scene scene;
+    DropScene scene;
     scene.fixture.host.dropAnswer = true;
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
     QVERIFY(drag.Drop());
     QCOMPARE(scene.Calls(), (QStringList{"frame 20 false", "frame 20 true", "drop 9 /a.clp"}));
@@ -438,12 +378,12 @@ void tst_TrackDrop::aDropOnTheActiveTrack()
 
 void tst_TrackDrop::aDropOnAnInactiveTrackFirstActivatesIt()
 {
-    Scene scene;
+    DropScene scene;
     scene.fixture.host.dropAnswer = true;
     CTimelineTrackBase* const head = scene.fixture.Root(TL_TRACK_CLIP, "Head");
     scene.fixture.Settle();
     scene.fixture.ForgetCalls();
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(scene.leg, PointAt(scene.leg, 20));
     QVERIFY(drag.Drop());
     QCOMPARE(scene.Calls(),
@@ -457,8 +397,8 @@ void tst_TrackDrop::aDropOnAnInactiveTrackFirstActivatesIt()
 
 void tst_TrackDrop::theHostsAnswerDecidesOverTheDrop()
 {
-    Scene scene;
-    FileDrag drag = scene.Drag("/a.clp");
+    DropScene scene;
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     for (const bool answer : {true, false}) {
         scene.fixture.host.dropAnswer = answer;
         drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
@@ -466,44 +406,39 @@ void tst_TrackDrop::theHostsAnswerDecidesOverTheDrop()
     }
 }
 
-void tst_TrackDrop::everyExtensionDropsAsItsType_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("type");
-    const std::pair<const char*, int> rows[] = {{"a.kxanim", 1},
-                                                {"a.kxmotion", 2},
-                                                {"a.kx3dmotion", 3},
-                                                {"a.kxperform", 4},
-                                                {"a.kx7idle", 6},
-                                                {"a.kxs2idle", 6},
-                                                {"a.kxfcs", 7},
-                                                {"a.kxs", 8},
-                                                {"a.clp", 9},
-                                                {"a.kx7automotion", 10},
-                                                {"take.final.kxs", 8},
-                                                {"A.ClP", 9},
-                                                {"archive.kxs.bak", 0},
-                                                {"a.png", 0},
-                                                {"a.wav", 0},
-                                                {"a.mp3", 0},
-                                                {"kxs", 0}};
-    for (const auto& [name, type] : rows)
-        QTest::newRow(name) << name << type;
-}
-
 void tst_TrackDrop::everyExtensionDropsAsItsType()
 {
-    QFETCH(QString, name);
-    QFETCH(int, type);
-    Scene scene;
+    DropScene scene;
     scene.fixture.host.dropAnswer = true;
-    FileDrag drag = scene.Drag("/" + name);
-    drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
-    QCOMPARE(drag.Drop(), type != 0);
-    QStringList calls{"frame 20 false", "frame 20 true"};
-    if (type != 0)
-        calls << QStringLiteral("drop %1 /%2").arg(type).arg(name);
-    QCOMPARE(scene.Calls(), calls);
+    const std::pair<const char*, int> rows[] = {{"/a.kxanim", 1},
+                                                {"/a.kxmotion", 2},
+                                                {"/a.kx3dmotion", 3},
+                                                {"/a.kxperform", 4},
+                                                {"/a.kx7idle", 6},
+                                                {"/a.kxs2idle", 6},
+                                                {"/a.kxfcs", 7},
+                                                {"/a.kxs", 8},
+                                                {"/a.clp", 9},
+                                                {"/a.kx7automotion", 10},
+                                                {"/take.final.kxs", 8},
+                                                {"/A.ClP", 9},
+                                                {"/archive.kxs.bak", 0},
+                                                {"/a.png", 0},
+                                                {"/a.wav", 0},
+                                                {"/a.mp3", 0},
+                                                {"/kxs", 0}};
+    int frame = 20;
+    for (const auto& [path, type] : rows) {
+        ++frame;
+        FileDrag drag(&scene.fixture.mainWindow, path);
+        drag.EnterAt(scene.arm, PointAt(scene.arm, frame));
+        QVERIFY2(drag.Drop() == (type != 0), path);
+        QStringList calls{QStringLiteral("frame %1 false").arg(frame),
+                          QStringLiteral("frame %1 true").arg(frame)};
+        if (type != 0)
+            calls << QStringLiteral("drop %1 %2").arg(type).arg(path);
+        QCOMPARE(scene.Calls(), calls);
+    }
 }
 
 void tst_TrackDrop::aSoundDropsByTheLastTwoFlags_data()
@@ -523,10 +458,10 @@ void tst_TrackDrop::aSoundDropsByTheLastTwoFlags()
     QFETCH(bool, sixth);
     QFETCH(int, type);
     for (const bool others : {false, true}) {
-        Scene scene;
+        DropScene scene;
         scene.fixture.host.dropAnswer = true;
         scene.Manager().SetEnableDragEnterFiletype(others, others, others, others, fifth, sixth);
-        FileDrag drag = scene.Drag("/Voice.WAV");
+        FileDrag drag(&scene.fixture.mainWindow, "/Voice.WAV");
         drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
         QCOMPARE(drag.Drop(), type != 0);
         QStringList calls{"frame 20 false", "frame 20 true"};
@@ -538,10 +473,10 @@ void tst_TrackDrop::aSoundDropsByTheLastTwoFlags()
 
 void tst_TrackDrop::anAutomaticMotionIsRefusedWhileDraggingYetDrops()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     scene.fixture.host.dropAnswer = true;
-    FileDrag drag = scene.Drag("/a.kx7automotion");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.kx7automotion");
     drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
     QVERIFY(!drag.MoveTo(scene.arm, PointAt(scene.arm, 20)));
     QVERIFY(drag.Drop());
@@ -551,7 +486,7 @@ void tst_TrackDrop::anAutomaticMotionIsRefusedWhileDraggingYetDrops()
 
 void tst_TrackDrop::aDropOfNoFileIsRefused()
 {
-    Scene scene;
+    DropScene scene;
     scene.fixture.host.dropAnswer = true;
     for (const QList<QUrl>& urls :
          {QList<QUrl>(), QList<QUrl>{QUrl("https://files.example/a.kxs")}}) {
@@ -579,9 +514,9 @@ void tst_TrackDrop::theCurrentFrameStaysInsideTheTimeline()
     QFETCH(int, frameCount);
     QFETCH(int, x);
     QFETCH(int, frame);
-    Scene scene;
+    DropScene scene;
     ResetAxis(frameCount, 4.0);
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(scene.arm, QPoint(x, 5));
     drag.Drop();
     QCOMPARE(CurrentFrame(), frame);
@@ -605,7 +540,7 @@ void tst_TrackDrop::nothingFollowsFromAHostThat()
 {
     QFETCH(QString, moment);
     QFETCH(int, deed);
-    Scene scene;
+    DropScene scene;
     HostFixture& fixture = scene.fixture;
     CTimelineTrackBase* const head = fixture.Root(TL_TRACK_CLIP, "Head");
     CTimelineTrackBase* const hand = fixture.Child(head, TL_TRACK_CLIP, "Hand");
@@ -621,7 +556,7 @@ void tst_TrackDrop::nothingFollowsFromAHostThat()
         Do(deed, fixture, {hand, head, scene.arm, scene.leg, scene.body});
         before = fixture.host.calls;
     };
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(hand, PointAt(hand, 20));
     const bool isAccepted = drag.MoveTo(hand, PointAt(hand, 20));
     if (before.isEmpty()) {
@@ -646,12 +581,12 @@ void tst_TrackDrop::nothingFollowsFromAHostThat()
 
 void tst_TrackDrop::aHostThatDeletesATrackHeldOverRefusesTheFile()
 {
-    Scene scene;
+    DropScene scene;
     scene.fixture.host.reaction = [&](const QString&) {
         scene.SetFilter(0);
         scene.Manager().DeleteTrack(scene.arm);
     };
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     const QPoint point = PointAt(scene.arm, 20);
     drag.EnterAt(scene.arm, point);
     QVERIFY(!drag.MoveTo(scene.arm, point));
@@ -660,222 +595,14 @@ void tst_TrackDrop::aHostThatDeletesATrackHeldOverRefusesTheFile()
 
 void tst_TrackDrop::withoutAnOwnerNoFileIsTaken()
 {
-    Scene scene;
+    DropScene scene;
     scene.SetFilter(0);
     scene.fixture.host.dropAnswer = true;
     scene.fixture.Container()->SetOwnerInterface(nullptr);
-    FileDrag drag = scene.Drag("/a.clp");
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
     drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
     QVERIFY(!drag.Drop());
     QCOMPARE(scene.Calls(), QStringList());
-}
-
-// ---- After the drop ----
-
-void tst_TrackDrop::aLoadedClipBecomesTheSelection()
-{
-    Scene scene;
-    scene.fixture.AddKeys(scene.arm, {5});
-    scene.fixture.AddKeys(scene.leg, {10, 20, 30});
-    scene.arm->Keys().SetSelectionByIndex(0, 0, true, 0);
-    scene.leg->Keys().SetSelectionByIndex(2, 2, true, 0);
-    scene.Manager().SetCurrentFrame(20);
-    scene.fixture.ForgetCalls();
-    scene.Manager().SetDropTrackFocusAndPickJustLoadClip(scene.leg);
-    QCOMPARE(scene.Calls(), (QStringList{"active Body Leg", "cleared"}));
-    QVERIFY(scene.leg->IsActive());
-    QVERIFY(!scene.arm->IsActive());
-    QCOMPARE(scene.arm->Keys().SelectedIndexes(), std::vector<int>{});
-    // What the track itself had selected stays.
-    QCOMPARE(scene.leg->Keys().SelectedIndexes(), (std::vector<int>{1, 2}));
-}
-
-void tst_TrackDrop::theFirstKeyOfTheFrameIsPicked()
-{
-    Scene scene;
-    scene.fixture.AddKeys(scene.leg, {10, 20, 20, 20});
-    scene.Manager().SetCurrentFrame(20);
-    scene.Manager().SetDropTrackFocusAndPickJustLoadClip(scene.leg);
-    QCOMPARE(scene.leg->Keys().SelectedIndexes(), std::vector<int>{1});
-}
-
-void tst_TrackDrop::aLockedClipIsNotPicked()
-{
-    Scene scene;
-    scene.fixture.AddKeys(scene.leg, {20});
-    scene.leg->Keys().GetAt(0)->lockState = TL_KEY_LOCKED;
-    scene.Manager().SetCurrentFrame(20);
-    scene.Manager().SetDropTrackFocusAndPickJustLoadClip(scene.leg);
-    QCOMPARE(scene.leg->Keys().SelectedIndexes(), std::vector<int>{});
-}
-
-void tst_TrackDrop::nothingIsPickedWithoutAKeyExactlyAtTheFrame()
-{
-    Scene scene;
-    scene.fixture.AddKeys(scene.arm, {5});
-    scene.arm->Keys().SetSelectionByIndex(0, 0, true, 0);
-    // The second covers the frame, but does not start there.
-    scene.leg->Keys().Add(MakeClip(2, 5), false);
-    scene.leg->Keys().Add(MakeClip(15, 10), false);
-    scene.Manager().SetCurrentFrame(20);
-    scene.fixture.ForgetCalls();
-    scene.Manager().SetDropTrackFocusAndPickJustLoadClip(scene.leg);
-    QCOMPARE(scene.Calls(), (QStringList{"active Body Leg", "cleared"}));
-    QVERIFY(scene.leg->IsActive());
-    QCOMPARE(scene.arm->Keys().SelectedIndexes(), std::vector<int>{});
-    QCOMPARE(scene.leg->Keys().SelectedIndexes(), std::vector<int>{});
-}
-
-void tst_TrackDrop::theActiveTrackIsOnlyTold()
-{
-    Scene scene;
-    scene.fixture.AddKeys(scene.arm, {20});
-    scene.Manager().SetCurrentFrame(20);
-    scene.fixture.ForgetCalls();
-    scene.Manager().SetDropTrackFocusAndPickJustLoadClip(scene.arm);
-    QCOMPARE(scene.Calls(), (QStringList{"same Body Arm", "cleared"}));
-    QCOMPARE(scene.arm->Keys().SelectedIndexes(), std::vector<int>{0});
-}
-
-void tst_TrackDrop::aPickLaysTheRowsOut()
-{
-    Scene scene;
-    scene.fixture.AddKeys(scene.arm, {20});
-    const QRect place = scene.arm->geometry();
-    const auto pickAt = [&](int frame) {
-        scene.Manager().SetCurrentFrame(frame);
-        scene.arm->setGeometry(place.translated(0, 3));
-        // A layout cut to the container's height would leave that.
-        scene.fixture.Container()->resize(scene.fixture.Container()->width(), 50);
-        scene.arm->setGeometry(place.translated(0, 3));
-        scene.Manager().SetDropTrackFocusAndPickJustLoadClip(scene.arm);
-    };
-    const int height = scene.fixture.Container()->height();
-    pickAt(20);
-    QCOMPARE(scene.arm->geometry(), place);
-    QCOMPARE(scene.fixture.Container()->height(), height);
-    // Without a pick nothing moves.
-    pickAt(21);
-    QCOMPARE(scene.arm->geometry(), place.translated(0, 3));
-}
-
-void tst_TrackDrop::survivesPicksOfAHostThat_data()
-{
-    QTest::addColumn<QString>("moment");
-    QTest::addColumn<int>("deed");
-    for (const char* const moment : {"active Body Leg", "cleared"}) {
-        for (int deed = 0; deed < HostDeeds; ++deed)
-            QTest::addRow("%s when '%s'", kDeedNames[deed], moment) << moment << deed;
-    }
-}
-
-void tst_TrackDrop::survivesPicksOfAHostThat()
-{
-    QFETCH(QString, moment);
-    QFETCH(int, deed);
-    Scene scene;
-    HostFixture& fixture = scene.fixture;
-    fixture.AddKeys(scene.leg, {20});
-    const VZ::CPointer<CTimelineKey> key = scene.leg->Keys().GetAt(0);
-    scene.Manager().SetCurrentFrame(20);
-    fixture.ForgetCalls();
-    bool isDone = false;
-    QStringList before;
-    fixture.host.reaction = [&](const QString& line) {
-        if (line != moment || std::exchange(isDone, true))
-            return;
-        Do(deed, fixture, {scene.leg, scene.arm, scene.body});
-        before = fixture.host.calls;
-    };
-    scene.Manager().SetDropTrackFocusAndPickJustLoadClip(scene.leg);
-    QVERIFY(isDone);
-    QCOMPARE(fixture.host.calls, before);
-    QVERIFY(!key->selected);
-    QVERIFY(RowAfterDeed(fixture));
-}
-
-// ---- Queries ----
-
-void tst_TrackDrop::aLockedClipIsIdleUpToItsLastFrame_data()
-{
-    QTest::addColumn<int>("frame");
-    QTest::addColumn<bool>("idle");
-    // A locked clip from 10 on, an open one from 40 on.
-    QTest::newRow("before") << 9 << false;
-    QTest::newRow("its first frame") << 10 << true;
-    QTest::newRow("its last frame") << 19 << true;
-    QTest::newRow("one frame later") << 20 << false;
-    QTest::newRow("in the open one") << 42 << false;
-}
-
-void tst_TrackDrop::aLockedClipIsIdleUpToItsLastFrame()
-{
-    QFETCH(int, frame);
-    Scene scene;
-    const VZ::CPointer<CTimelineKey> locked = MakeClip(10, 9);
-    locked->lockState = TL_KEY_LOCKED;
-    scene.arm->Keys().Add(locked, false);
-    scene.arm->Keys().Add(MakeClip(40, 9), false);
-    QCOMPARE(locked->frame + locked->displayLength, 19);
-    QTEST(scene.Manager().CheckIdleClip(scene.arm, frame), "idle");
-    QCOMPARE(scene.Calls(), QStringList());
-}
-
-void tst_TrackDrop::thereIsNoIdleClipWithoutATrackOrKeys()
-{
-    Scene scene;
-    QVERIFY(!scene.Manager().CheckIdleClip(nullptr, 0));
-    QVERIFY(!scene.Manager().CheckIdleClip(scene.arm, 0));
-}
-
-void tst_TrackDrop::filesOverTheWaveRowAreCheckedByItsClips_data()
-{
-    QTest::addColumn<int>("frame");
-    QTest::addColumn<bool>("covered");
-    QTest::newRow("before") << 9 << false;
-    QTest::newRow("its first frame") << 10 << true;
-    QTest::newRow("its last frame") << 19 << true;
-    QTest::newRow("one frame later") << 20 << false;
-}
-
-void tst_TrackDrop::filesOverTheWaveRowAreCheckedByItsClips()
-{
-    QFETCH(int, frame);
-    Scene scene;
-    CTimelineTrackBase* const wave = MakeTrack(TL_TRACK_WAVE, "Wave", 1, &scene.fixture.mainWindow);
-    scene.fixture.Container()->ShowChildTrack(scene.body, wave, 0, true);
-    QVERIFY(!scene.Manager().CheckDragFileUnderVisemeClip(frame));
-    wave->Keys().Add(MakeClip(10, 9), false); // not locked: all clips count
-    QTEST(scene.Manager().CheckDragFileUnderVisemeClip(frame), "covered");
-}
-
-void tst_TrackDrop::theLastRootsWaveRowCounts()
-{
-    Scene scene;
-    CTimelineContainer& container = *scene.fixture.Container();
-    const auto addWave = [&](CTimelineTrackBase* root, int frame) {
-        CTimelineTrackBase* const wave =
-            MakeTrack(TL_TRACK_WAVE, "Wave", 1, &scene.fixture.mainWindow);
-        wave->Keys().Add(MakeClip(frame, 5), false);
-        container.ShowChildTrack(root, wave, 9, true);
-    };
-    addWave(scene.body, 10);
-    addWave(scene.body, 30); // only the first of a root counts
-    QVERIFY(scene.Manager().CheckDragFileUnderVisemeClip(10));
-    QVERIFY(!scene.Manager().CheckDragFileUnderVisemeClip(30));
-    CTimelineTrackBase* const head = scene.fixture.Root(TL_TRACK_CLIP, "Head");
-    addWave(head, 50);
-    QVERIFY(scene.Manager().CheckDragFileUnderVisemeClip(50));
-    QVERIFY(!scene.Manager().CheckDragFileUnderVisemeClip(10));
-    scene.fixture.Root(TL_TRACK_CLIP, "Foot"); // a root without one replaces none
-    QVERIFY(scene.Manager().CheckDragFileUnderVisemeClip(50));
-}
-
-void tst_TrackDrop::withoutAWaveRowNothingLiesUnderAFile()
-{
-    Scene scene;
-    scene.arm->Keys().Add(MakeClip(10, 9), false);
-    QVERIFY(!scene.Manager().CheckDragFileUnderVisemeClip(12));
 }
 
 QTEST_MAIN(tst_TrackDrop)
