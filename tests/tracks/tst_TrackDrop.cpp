@@ -209,12 +209,13 @@ void tst_TrackDrop::everyRecognisedExtensionAsksTheHost()
 {
     DropScene scene;
     scene.SetFilter(0);
-    for (const QString& name :
+    for (const char* const each :
          {"a.kx7idle", "a.kxmotion", "a.kxanim", "a.kxfcs", "a.kxperform", "a.kx3dmotion",
           "a.kxs2idle", "a.kxs", "a.clp", "a.wav", "a.mp3", "A.KXMOTION", "take.final.Kxs"}) {
+        const QString name = QLatin1String(each);
         FileDrag drag(&scene.fixture.mainWindow, "/" + name);
         drag.EnterAt(scene.arm, PointAt(scene.arm, 20));
-        QVERIFY2(drag.MoveTo(scene.arm, PointAt(scene.arm, 20)), qPrintable(name));
+        QVERIFY2(drag.MoveTo(scene.arm, PointAt(scene.arm, 20)), each);
         QCOMPARE(scene.Calls(), QStringList(QStringLiteral("drag Arm /%1 20").arg(name)));
         drag.Leave();
     }
