@@ -2,7 +2,6 @@
 
 #include "axis/ClampedInt.h"
 #include "library/TimelineLibrary.h"
-#include "model/MessageCodes.h"
 #include "tracks/TrackReport.h"
 
 #include <algorithm>
@@ -20,8 +19,7 @@ bool ReportCurrentFrame(CTimelineTrackBase& track)
 {
     // The host may have taken frames away since the current one was written.
     WriteCurrentFrame(Axis().currentFrame);
-    TrackReport report(track);
-    return report.Send(kTrackFrameMoved) && report.Send(kTrackFrameSet);
+    return TrackReport(track).SendCurrentFrame();
 }
 
 int NearestFrame(long long frame)
