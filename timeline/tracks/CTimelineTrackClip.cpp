@@ -171,8 +171,7 @@ void CTimelineTrackClip::GoToFrameAt(int x)
 {
     FrameAxis& axis = Axis();
     axis.currentFrame = std::max(std::min(PixelToFrame(x), axis.frameCount - 1), 0);
-    if (TrackReport(*this).Send(kTrackFrameMoved))
-        TrackReport(*this).Send(kTrackFrameSet);
+    TrackReport(*this).SendCurrentFrame();
 }
 
 void CTimelineTrackClip::ShowCursorFor(int kind)
