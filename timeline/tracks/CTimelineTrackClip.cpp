@@ -3,7 +3,7 @@
 #include "axis/FrameAxis.h"
 #include "model/MessageCodes.h"
 #include "tracks/ClipPainter.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -171,8 +171,9 @@ void CTimelineTrackClip::GoToFrameAt(int x)
 {
     FrameAxis& axis = Axis();
     axis.currentFrame = std::max(std::min(PixelToFrame(x), axis.frameCount - 1), 0);
-    if (Report(*this, kTrackFrameMoved))
-        Report(*this, kTrackFrameSet);
+    TrackReport report(*this);
+    if (report.Send(kTrackFrameMoved))
+        report.Send(kTrackFrameSet);
 }
 
 void CTimelineTrackClip::ShowCursorFor(int kind)

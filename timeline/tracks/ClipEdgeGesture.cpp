@@ -5,7 +5,7 @@
 #include "model/MessageCodes.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackClip.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 
 #include <algorithm>
 #include <utility>
@@ -45,14 +45,15 @@ void ClipEdgeGesture::Press(const ClipEdgeHit& edge)
     // The drag may end while the host is being told of the press; the clip is selected even then.
     HeldKey clip = m_clip;
 
-    if (!Report(m_track, kTrackPressed))
+    TrackReport report(m_track);
+    if (!report.Send(kTrackPressed))
         return;
     keys.ClearAllSelection();
-    if (!Report(m_track, kTrackSelectionCleared))
+    if (!report.Send(kTrackSelectionCleared))
         return;
     if (clip.Find(keys))
         keys.SetSelectionByIndex(clip.Index(), clip.Index(), true, TL_KEY_ANY_KIND);
-    Report(m_track, kTrackSelectionChanged);
+    report.Send(kTrackSelectionChanged);
 }
 
 void ClipEdgeGesture::DragTo(int x)
@@ -66,8 +67,9 @@ void ClipEdgeGesture::DragTo(int x)
     if (!amount)
         return;
 
+    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
-        if (!Report(m_track, codes->begins, m_clip.Index(), *amount))
+        if (!report.Send(codes->begins, m_clip.Index(), *amount))
             return;
         // The host may have ended the drag, or made another clip of this one.
         clip = m_clip.Find(m_track.Keys());
@@ -77,7 +79,7 @@ void ClipEdgeGesture::DragTo(int x)
         if (!amount)
             return;
     }
-    Report(m_track, codes->step, m_clip.Index(), *amount);
+    report.Send(codes->step, m_clip.Index(), *amount);
 }
 
 void ClipEdgeGesture::Release()
@@ -87,5 +89,5 @@ void ClipEdgeGesture::Release()
     const DragCodes* const codes = CodesOf(std::exchange(m_kind, -1));
     m_clip.LetGo();
     if (std::exchange(m_hasMoved, false) && codes)
-        Report(m_track, codes->ends, clip);
+        TrackReport(m_track).Send(codes->ends, clip);
 }

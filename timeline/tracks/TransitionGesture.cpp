@@ -4,7 +4,7 @@
 #include "model/MessageCodes.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackTransKey.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 #include "tracks/TransitionHandles.h"
 
 #include <utility>
@@ -17,11 +17,12 @@ void TransitionGesture::Press(int index)
     // The drag may end while the host is being told of the press; the key is selected even then.
     HeldKey key = m_key;
 
-    if (!Report(m_track, kTrackPressed))
+    TrackReport report(m_track);
+    if (!report.Send(kTrackPressed))
         return;
     if (key.Find(keys))
         keys.SetSelectionByIndex(key.Index(), key.Index(), true, TL_KEY_ANY_KIND);
-    Report(m_track, kTrackSelectionChanged);
+    report.Send(kTrackSelectionChanged);
 }
 
 void TransitionGesture::DragTo(int x)
@@ -34,8 +35,9 @@ void TransitionGesture::DragTo(int x)
     if (!amount)
         return;
 
+    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
-        if (!Report(m_track, kTrackTrimBegins, m_key.Index(), *amount))
+        if (!report.Send(kTrackTrimBegins, m_key.Index(), *amount))
             return;
         // The host may have ended the drag, or made another key of this one.
         key = m_key.Find(m_track.Keys());
@@ -44,7 +46,7 @@ void TransitionGesture::DragTo(int x)
         if (!key || !amount)
             return;
     }
-    Report(m_track, kTrackTrimStep, m_key.Index(), *amount);
+    report.Send(kTrackTrimStep, m_key.Index(), *amount);
 }
 
 void TransitionGesture::Release()
@@ -53,5 +55,5 @@ void TransitionGesture::Release()
     const int index = m_key.Index();
     m_key.LetGo();
     if (std::exchange(m_hasMoved, false))
-        Report(m_track, kTrackTrimEnds, index);
+        TrackReport(m_track).Send(kTrackTrimEnds, index);
 }
