@@ -23,8 +23,7 @@ public:
     static constexpr int kFrames = 50;
     static constexpr int kPixelsPerFrame = 10;
 
-    explicit MouseScene(std::initializer_list<TLEditType> modes,
-                        TL_TRACK_TYPE type = TL_TRACK_KEY)
+    explicit MouseScene(std::initializer_list<TLEditType> modes, TL_TRACK_TYPE type = TL_TRACK_KEY)
         : pointer(&fixture.mainWindow)
     {
         root = fixture.Root(TL_TRACK_KEY, QStringLiteral("body"));
