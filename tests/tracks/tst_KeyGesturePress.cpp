@@ -178,8 +178,7 @@ void tst_KeyGesturePress::leavesTheSelectionAloneAtAPressWithCtrl()
     scene.AddKeys({10, 20});
     scene.Select(scene.row, 0);
     scene.Press(20, Qt::ControlModifier);
-    QCOMPARE(scene.TakeCalls(),
-             QStringList({"same body row", "frame 20 false", "frame 20 true"}));
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "frame 20 false", "frame 20 true"}));
     QCOMPARE(scene.Selection(), Indexes{0});
 }
 
@@ -243,8 +242,7 @@ void tst_KeyGesturePress::togglesNothingWithoutTheModeForDraggingKeys()
     MouseScene scene(kSelectOnly);
     scene.AddKeys({20});
     scene.Click(20, Qt::ControlModifier);
-    QCOMPARE(scene.TakeCalls(),
-             QStringList({"same body row", "frame 20 false", "frame 20 true"}));
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "frame 20 false", "frame 20 true"}));
     QCOMPARE(scene.Selection(), Indexes{});
 }
 
