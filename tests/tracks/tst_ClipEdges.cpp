@@ -4,6 +4,7 @@
 #include "TimelineEnums.h"
 #include "axis/FrameAxis.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
 
 #include <random>
@@ -48,6 +49,18 @@ int HitEndEdgePlainly(const FrameAxis& axis, const CTimelineKeyArray& keys, int 
     return -1;
 }
 
+/// The lead-in found by asking every clip, from the last one.
+int HitTrimEdgePlainly(const FrameAxis& axis, const CTimelineKeyArray& keys, int x)
+{
+    for (int i = static_cast<int>(keys.GetSize()) - 1; i >= 0; --i) {
+        const CTimelineKey& key = *keys.GetAt(i);
+        const int start = axis.FrameToPixel(key.frame - key.transitionFrames);
+        if (key.selected && key.clipLength >= 1 && start >= 0 && x >= start - 2 && x <= start + 1)
+            return i;
+    }
+    return -1;
+}
+
 } // namespace
 
 class tst_ClipEdges : public QObject
@@ -80,7 +93,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QTEST(edges.HitEndEdge(QPoint(x, kMiddle)), "clip");
     }
 
@@ -100,7 +113,7 @@ private slots:
         CTimelineKeyArray keys;
         FillTwoClips(keys);
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QTEST(edges.HitEndEdge(QPoint(105, y)) == 0, "hit");
         QTEST(edges.HitTrimEdge(QPoint(200, y)) == 1, "hit");
     }
@@ -110,7 +123,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kRowHeight + 1);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kRowHeight + 1);
         for (int y = -2; y < 2 * kRowHeight; ++y)
             QCOMPARE(edges.HitEndEdge(QPoint(105, y)), -1);
     }
@@ -120,7 +133,7 @@ private slots:
         const FrameAxis axis = MakeAxis(50, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitEndEdge(QPoint(250, kMiddle)), 1);
         QCOMPARE(edges.HitEndEdge(QPoint(305, kMiddle)), -1);
     }
@@ -131,7 +144,7 @@ private slots:
         const FrameAxis axis = MakeAxis(5, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitEndEdge(QPoint(25, kMiddle)), 1);
     }
 
@@ -141,7 +154,7 @@ private slots:
         CTimelineKeyArray keys;
         keys.Add(MakeClip(10, 0), false);
         keys.SetSelectionByIndex(0, 0, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitEndEdge(QPoint(55, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(50, kMiddle)), -1);
     }
@@ -162,7 +175,7 @@ private slots:
             const bool disordered = below(3) == 0;
             for (int i = 0; disordered && i < count / 3; ++i)
                 keys.GetAt(below(static_cast<int>(keys.GetSize())))->frame = below(500);
-            const ClipEdges edges(axis, keys.Keys(), !disordered, kRowHeight, kClipHeight);
+            const ClipEdges edges(axis, keys, !disordered, kRowHeight, kClipHeight);
             for (int x = -20; x < 400; ++x)
                 QCOMPARE(edges.HitEndEdge(QPoint(x, kMiddle)), HitEndEdgePlainly(axis, keys, x));
         }
@@ -176,7 +189,7 @@ private slots:
         for (int i : {0, 1})
             keys.GetAt(i)->transitionFrames = 4; // start at pixels 30 and 180
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitTrimEdge(QPoint(30, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(177, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(178, kMiddle)), 1);
@@ -191,8 +204,60 @@ private slots:
         FillTwoClips(keys);
         keys.GetAt(1)->transitionFrames = 30; // starts where the first clip does
         keys.SetSelectionByIndex(0, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitTrimEdge(QPoint(50, kMiddle)), 1);
+    }
+
+    void findsTheSameLeadInsAsAskingEveryClip()
+    {
+        std::mt19937 random(21);
+        const auto below = [&](int n) {
+            return static_cast<int>(random() % static_cast<unsigned>(n));
+        };
+        for (int round = 0; round < 100; ++round) {
+            const FrameAxis axis = MakeAxis(600, round % 2 ? 5.0 : 0.3, below(100));
+            CTimelineKeyArray keys;
+            for (int i = below(30); i > 0; --i) {
+                const auto clip = MakeClip(below(500), below(20));
+                clip->transitionFrames = below(10);
+                clip->selected = below(2) == 0;
+                keys.Add(clip, false);
+            }
+            const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+            for (int x = -20; x < 400; ++x)
+                QCOMPARE(edges.HitTrimEdge(QPoint(x, kMiddle)), HitTrimEdgePlainly(axis, keys, x));
+        }
+    }
+
+    void aSelectionLeftOverFromRemovedKeysHasNoLeadIn()
+    {
+        const FrameAxis axis = MakeAxis(100, 5);
+        CTimelineKeyArray keys;
+        FillTwoClips(keys);
+        keys.SetSelectionByIndex(1, 1, true, ~0u);
+        keys.RemoveAt(0); // unselected: the entry of the other one now lies past the end
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        for (const int x : {50, 200})
+            QCOMPARE(edges.HitTrimEdge(QPoint(x, kMiddle)), -1);
+    }
+
+    void lookingForALeadInCostsOnlyWhatIsSelected()
+    {
+        const FrameAxis axis = MakeAxis(1 << 20, 5);
+        CTimelineKeyArray::KeyVector clips;
+        for (int i = 0; i < 200000; ++i)
+            clips.push_back(MakeClip(i * 3, 1));
+        CTimelineKeyArray keys;
+        keys.AddKeys(clips, false);
+        keys.SetSelectionByIndex(7, 7, true, ~0u);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < 5000; ++i)
+            QCOMPARE(edges.HitTrimEdge(QPoint(-10, kMiddle)), -1);
+        // Asking every clip 5000 times takes several seconds, asking one of them a few
+        // milliseconds.
+        QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
     }
 
     void hasNoTrimEdgeLeftOfTheRow()
@@ -201,13 +266,13 @@ private slots:
         FillTwoClips(keys);
         keys.SetSelectionByIndex(0, 0, true, ~0u);
         const FrameAxis scrolled = MakeAxis(100, 5, 51); // the clip starts at pixel -1
-        QCOMPARE(ClipEdges(scrolled, keys.Keys(), true, kRowHeight, kClipHeight)
+        QCOMPARE(ClipEdges(scrolled, keys, true, kRowHeight, kClipHeight)
                      .HitTrimEdge(QPoint(0, kMiddle)),
                  -1);
         const FrameAxis atEdge = MakeAxis(100, 5, 50);
-        QCOMPARE(ClipEdges(atEdge, keys.Keys(), true, kRowHeight, kClipHeight)
-                     .HitTrimEdge(QPoint(0, kMiddle)),
-                 0);
+        QCOMPARE(
+            ClipEdges(atEdge, keys, true, kRowHeight, kClipHeight).HitTrimEdge(QPoint(0, kMiddle)),
+            0);
     }
 
     void editModesDecideTheKindOfEdge_data()
@@ -235,7 +300,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         int asked = 0;
         const ClipEdgeHit hit =
             edges.HitTest(QPoint(105, kMiddle), {loop, speed, trim}, [&asked, answer] {
@@ -255,7 +320,7 @@ private slots:
         FillTwoClips(keys);
         keys.GetAt(1)->transitionFrames = 19; // starts at pixel 105, where the first clip ends
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         const QPoint point(105, kMiddle);
         const ClipEdgeHit withTrim = edges.HitTest(point, {true, true, true}, NobodyToAsk);
         QCOMPARE(withTrim.clip, 1);
@@ -270,7 +335,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         const ClipEdgeHit hit =
             edges.HitTest(QPoint(70, kMiddle), {true, false, true}, NobodyToAsk);
         QCOMPARE(hit.clip, -1);

@@ -8,6 +8,7 @@
 #include "skin/TrackStyles.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/KeyFacts.h"
+#include "tracks/KeyGesture.h"
 
 #include <QVariant>
 #include <QWidget>
@@ -56,8 +57,9 @@ public:
     virtual int HitTestRangeMarker(QPoint point);
     /// Paints the kind's keys and gives the widget the size of @p rect.
     virtual void DrawKeys(QPainter* painter, QRect rect);
-    /// To open the menu of the right button at @p globalPoint (screen coordinates); the base does
-    /// nothing.
+    /// Does what a press at @p globalPoint (screen coordinates) does to selection and current
+    /// frame, then lets the host fill a menu, opens it there and reports what was chosen. Returns
+    /// when the menu is closed: whatever the host did meanwhile, the track itself may be gone.
     virtual void BuildContextMenu(QPoint globalPoint);
 
     /// Ends the gesture that is under way as a release of the button at the pointer's last place
@@ -120,6 +122,9 @@ public:
     /// Fills the clipboard with fresh copies of the selected keys, in frame order; false without
     /// any (the clipboard then keeps what it has).
     bool CopySelectionToClipboard();
+    /// Puts aside @p copies of the track's keys, in frame order; false without any (the clipboard
+    /// then keeps what it has).
+    bool FillClipboard(const KeyVector& copies);
 
     int GetTrackType() const { return m_trackType; }
     int GetRowHeight() const { return m_rowHeight; }
@@ -211,4 +216,5 @@ private:
     bool m_attached = false;
     KeyFacts m_facts;
     OpenGesture m_gesture;
+    KeyGesture m_keyGesture;
 };

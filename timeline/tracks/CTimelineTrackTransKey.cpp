@@ -3,8 +3,18 @@
 #include "tracks/TransitionPainter.h"
 #include "tracks/TransitionWindow.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
+
+#include <utility>
+
+namespace {
+
+constexpr int kMostParts = 4; // that are worth a look at the keys each
+
+} // namespace
 
 CTimelineTrackTransKey::CTimelineTrackTransKey()
 {
@@ -37,14 +47,29 @@ void CTimelineTrackTransKey::paintEvent(QPaintEvent* event)
     const auto* style = StyleAs<LineKeyTrackStyle>();
     if (!style)
         return;
-    const QRect columns = event->rect();
+    QPainter painter(this);
+    // A current frame that moves far leaves two strips to paint, with much between them. Parts are
+    // clipped one by one, since what reaches into two of them must not be painted twice in either.
+    const QRegion region = event->region();
+    if (region.rectCount() > kMostParts) {
+        PaintColumns(painter, *style, region.boundingRect());
+        return;
+    }
+    for (const QRect& part : region) {
+        painter.setClipRect(part);
+        PaintColumns(painter, *style, part);
+    }
+}
+
+void CTimelineTrackTransKey::PaintColumns(QPainter& painter, const LineKeyTrackStyle& style,
+                                          const QRect& columns)
+{
     const RowView view(rect(), Axis(), columns.left(), columns.right());
     if (view.IsEmpty())
         return;
-    QPainter painter(this);
-    const DisplayKeyList list = CollectTransitionWindow(Keys(), Facts(), Scope(), view, *style);
+    const DisplayKeyList list = CollectTransitionWindow(Keys(), Facts(), Scope(), view, style);
     NoteTransition(LongestTransition(list));
-    TransitionPainter(painter, view, *style).Draw(list);
+    TransitionPainter(painter, view, style).Draw(list);
     DrawOwnKeyBars(painter, view);
 }
 
@@ -54,4 +79,63 @@ int CTimelineTrackTransKey::HitTestHandle(QPoint point)
     if (!style)
         return -1;
     return TransitionHandles(Axis(), *style, GetRowHeight()).Find(Keys(), Facts(), point);
+}
+
+void CTimelineTrackTransKey::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (self && isLeft && Gesture().IsOn())
+        EndGesture();
+    if (!self)
+        return;
+    m_releaseIsDone = m_releaseIsDone && !isLeft;
+    const int key = isLeft ? HitTestHandle(event->pos()) : -1;
+    if (key < 0) {
+        CTimelineTrackBase::mousePressEvent(event);
+        return;
+    }
+    Gesture().Begin();
+    m_handleDrag.Press(key);
+}
+
+void CTimelineTrackTransKey::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self && m_handleDrag.IsOn()) {
+        if (event->buttons() & Qt::LeftButton)
+            m_handleDrag.DragTo(event->x());
+        else
+            EndGesture(); // the button went up where nobody saw it
+    }
+    if (self)
+        CTimelineTrackBase::mouseMoveEvent(event);
+}
+
+void CTimelineTrackTransKey::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (!self)
+        return;
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (isLeft && m_handleDrag.IsOn())
+        EndGesture();
+    if (!self || (isLeft && std::exchange(m_releaseIsDone, false)))
+        return;
+    CTimelineTrackBase::mouseReleaseEvent(event);
+}
+
+void CTimelineTrackTransKey::EndGesture()
+{
+    if (!m_handleDrag.IsOn()) {
+        CTimelineTrackBase::EndGesture();
+        return;
+    }
+    const CallOut callOut;
+    Gesture().End();
+    m_releaseIsDone = true;
+    m_handleDrag.Release();
 }
