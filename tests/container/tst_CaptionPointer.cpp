@@ -94,6 +94,7 @@ private slots:
 
     void aLostPointerLeavesNoButtonPressed_data();
     void aLostPointerLeavesNoButtonPressed();
+    void aPressWithoutReleaseEndsAtTheNextPress();
     void aRowThatIsHiddenUnderThePressComesBackUnpressed();
     void aStyleThatIsReadAnewUnderThePressTakesTheButtonAway();
     void aRowThatIsDeletedUnderThePressIsForgotten();
@@ -395,6 +396,8 @@ void tst_CaptionPointer::theMouseOnRulerAndScrollBarTouchesNoCaption()
                      qPrintable(line));
         QVERIFY(!Container().Pointer().IsPressed());
         QCOMPARE(S().StatesOf(S().arm), (States{0, 0, 0}));
+        // They do arrive, at the places that they have in the container.
+        QCOMPARE(Container().Pointer().LastPosition(), fixed->mapTo(&Container(), QPoint(90, 4)));
     }
 }
 
@@ -648,6 +651,23 @@ void tst_CaptionPointer::aLostPointerLeavesNoButtonPressed()
     S().pointer.LoseButtons();
     S().fixture.Settle();
     VerifyThatTheNextClickWorks();
+}
+
+void tst_CaptionPointer::aPressWithoutReleaseEndsAtTheNextPress()
+{
+    Press(Button(S().arm, kAddId));
+    Journal journal(S().fixture);
+    const QPoint point = Button(S().leg, kAddId);
+    // Without a move in between, which would have told already that the button went up.
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(point), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&Container(), &press);
+    QCOMPARE(S().StatesOf(S().arm), (States{0, 0, 0}));
+    QCOMPARE(S().StatesOf(S().leg), (States{2, 0, 0}));
+    QCOMPARE(journal.Take(), QStringList{"window refreshed"});
+    Hover(point);
+    Release();
+    QCOMPARE(journal.Take(), (QStringList{S().Clicked(S().leg, kAddId), "window refreshed"}));
 }
 
 void tst_CaptionPointer::aRowThatIsHiddenUnderThePressComesBackUnpressed()
