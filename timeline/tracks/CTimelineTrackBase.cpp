@@ -32,6 +32,7 @@ CTimelineTrackBase::CTimelineTrackBase()
 CTimelineTrackBase::~CTimelineTrackBase()
 {
     LiveTracks().erase(this);
+    LeaveDrag();
 }
 
 bool CTimelineTrackBase::IsAlive(const CTimelineTrackBase* track)
