@@ -23,8 +23,8 @@ struct Entry
 
 constexpr Entry kSeparatorEntry{TL_EDIT_BEGIN, nullptr, nullptr};
 
-/// The entries of both menus. The timeline gives those that are named Cut, Copy, Paste, Delete and
-/// Break their shortcuts for as long as a row's menu is open. Tab and Shift+Tab are its own.
+/// The entries of both menus. In a row's menu the timeline gives those that are named Cut, Copy,
+/// Paste, Delete and Break their shortcuts. Tab and Shift+Tab, which select, are its own.
 constexpr std::array<Entry, 11> kEntries{{
     {TL_EDIT_CUT, QT_TRANSLATE_NOOP("EditMenu", "Cut"), "Ctrl+X"},
     {TL_EDIT_COPY, QT_TRANSLATE_NOOP("EditMenu", "Copy"), "Ctrl+C"},
