@@ -17,9 +17,19 @@ auto Members(const Scene& scene)
 
 TrackId Scene::AddTrack(SceneTrack track)
 {
-    track.id = ++lastId;
+    const TrackId id = ++lastId;
+    track.id = id;
+    NumberKeys(track.keys);
     tracks.append(std::move(track));
-    return lastId;
+    return id;
+}
+
+void Scene::NumberKeys(QVector<SceneKey>& keys)
+{
+    for (SceneKey& key : keys) {
+        key.id = ++lastId;
+        NumberKeys(key.subKeys);
+    }
 }
 
 GroupId Scene::AddGroup(const QString& name)

@@ -48,10 +48,13 @@ struct Scene
     TimeMark timeMark;
     Motion motion;   ///< what the Motion clip plays; without joints when there is none
     SpokenLine line; ///< what the Lips clip was made from; without cues when there is none
-    int lastId = 0;  ///< the highest number given to a track or group so far
+    int lastId = 0;  ///< the highest number given to a track, group or key so far
 
-    /// Appends the track under a new number, which is returned.
+    /// Appends the track under a new number, which is returned. Its keys and their sub-keys get new
+    /// numbers as well.
     TrackId AddTrack(SceneTrack track);
+    /// Gives new numbers to the keys and to their sub-keys, whatever numbers they had.
+    void NumberKeys(QVector<SceneKey>& keys);
     /// Makes a group of that name; its number is returned.
     GroupId AddGroup(const QString& name);
 

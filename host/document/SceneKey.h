@@ -12,6 +12,11 @@ namespace host {
 using GroupId = int;
 constexpr GroupId kNoGroup = 0;
 
+/// Names a key for as long as the scene lives, wherever it is moved: a selection, a pasted copy and
+/// an undone edit find their key by it. Numbers are unique in a scene and are never given again.
+using KeyId = int;
+constexpr KeyId kNoKey = 0;
+
 /// On one frame the key with the higher priority is shown.
 constexpr int kDefaultPriority = 100;
 
@@ -42,6 +47,7 @@ struct ClipSpan
 /// One item of a row: a key at a frame, or a clip from that frame on.
 struct SceneKey
 {
+    KeyId id = kNoKey;
     int frame = 0; ///< in a row: scene frame; among sub-keys: frames after the clip's first
     QString name;  ///< label of a clip
     int priority = kDefaultPriority;

@@ -89,10 +89,14 @@ FaceRows AddFaceTracks(Scene& scene)
     SceneTrack rests = MakeRow(TrackKind::Transition, QStringLiteral("MouthRest"),
                                QStringLiteral("Mouth Rest"), root);
     rests.keys = RestKeys(lips.keys.first());
+    // Starts without clips: the user drops the recordings on it.
+    const SceneTrack sound =
+        MakeRow(TrackKind::Clip, QStringLiteral("Sound"), QStringLiteral("Sound"), root);
 
     FaceRows rows;
     rows.lips = scene.AddTrack(lips);
     rows.rests = scene.AddTrack(rests);
+    scene.AddTrack(sound);
     scene.relations.append({RelationKind::ClipBars, {rows.lips, rows.rests}});
     return rows;
 }

@@ -4,11 +4,12 @@ namespace host {
 
 namespace {
 
-/// What every row with keys allows.
-const QVector<EditMode> kKeyModes{
-    EditMode::MoveKeys,   EditMode::SelectTimeRange, EditMode::Cut,       EditMode::Copy,
-    EditMode::Paste,      EditMode::Delete,          EditMode::InsertKey, EditMode::SelectPrevious,
-    EditMode::SelectNext, EditMode::SelectAll};
+/// What rows of clips allow as well as rows of keys.
+const QVector<EditMode> kRowModes{
+    EditMode::MoveKeys,       EditMode::SelectTimeRange, EditMode::Cut,
+    EditMode::Copy,           EditMode::Paste,           EditMode::Delete,
+    EditMode::SelectPrevious, EditMode::SelectNext,      EditMode::SelectAll};
+const QVector<EditMode> kKeyModes = kRowModes + QVector<EditMode>{EditMode::InsertKey};
 
 QVector<EditMode> EditModesOf(TrackKind kind)
 {
@@ -16,7 +17,7 @@ QVector<EditMode> EditModesOf(TrackKind kind)
     case TrackKind::Switch:
         return {};
     case TrackKind::Clip:
-        return kKeyModes + QVector<EditMode>{EditMode::LoopClip, EditMode::ChangeClipSpeed,
+        return kRowModes + QVector<EditMode>{EditMode::LoopClip, EditMode::ChangeClipSpeed,
                                              EditMode::TrimClip, EditMode::BreakClip};
     case TrackKind::Viseme:
         return {EditMode::EditSubKeys,    EditMode::MoveKeys,   EditMode::Delete,

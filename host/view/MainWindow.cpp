@@ -1,21 +1,64 @@
 #include "MainWindow.h"
 
+#include "EditMenu.h"
 #include "TimelineWindow.h"
 
 #include <QDockWidget>
+#include <QMenuBar>
+#include <QStatusBar>
 
 namespace host {
 
-MainWindow::MainWindow() : m_dock(new QDockWidget(this)), m_manager(this), m_tracks(m_manager)
+namespace {
+
+constexpr int kMessageTime = 5000; ///< milliseconds that a line stays in the status bar
+constexpr int kAddKeyButton = 3;   ///< the caption button of that number in the skin
+
+} // namespace
+
+MainWindow::MainWindow()
+    : m_dock(new QDockWidget(this)), m_tracks(m_manager), m_gestures(m_tracks, m_session),
+      m_commands(m_manager, m_tracks, m_session), m_drops(m_manager, m_tracks, m_session),
+      m_manager(this),
+      m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
 {
     setWindowTitle(tr("Kestova Host"));
     m_dock->setWindowTitle(tr("Timeline"));
     m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     addDockWidget(Qt::BottomDockWidgetArea, m_dock);
+    statusBar()->setSizeGripEnabled(false);
+    m_session.committed = [this](const QString& name, const Scene&) { Tell(name); };
+    m_drops.told = [this](const QString& text) { Tell(text); };
+    ConnectTimeline();
+}
+
+void MainWindow::ConnectTimeline()
+{
+    m_callbacks.situationChanged = [this] { m_editMenu->UpdateActions(); };
+    m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
+        MoveTimeMark(mark, frame, isFinal);
+    };
     m_callbacks.switchButtonToggled = [this](CTimelineTrackBase* track, int button) {
         ToggleRows(track, button);
     };
-    m_callbacks.timeMarkMoved = [this](int mark, int frame) { MoveTimeMark(mark, frame); };
+    m_callbacks.captionButtonClicked = [this](CTimelineTrackBase* track, int button) {
+        ClickCaptionButton(track, button);
+    };
+    m_callbacks.keysEdited = [this](TLEditType type, const TrackList& list, int value1,
+                                    int value2) { return EditKeys(type, list, value1, value2); };
+    m_callbacks.menuOpening = [this](CTimelineTrackBase* track,
+                                     std::vector<_tmpTLMenuMapData*>& menu) {
+        m_editMenu->FillRowMenu(track, menu);
+    };
+    m_callbacks.menuChosen = [this](CTimelineTrackBase* track, int command) {
+        m_editMenu->RunFromRow(track, command);
+    };
+    m_callbacks.fileHeld = [this](CTimelineTrackBase* track, const QString& path) {
+        m_drops.Hold(track, path);
+    };
+    m_callbacks.fileDropped = [this](TLDropFileType type, const QString& path) {
+        return m_drops.Drop(type, path);
+    };
 }
 
 bool MainWindow::CreateTimeline(const QString& skinPath)
@@ -27,11 +70,11 @@ bool MainWindow::CreateTimeline(const QString& skinPath)
 
 bool MainWindow::SetScene(const Scene& scene)
 {
-    m_scene = scene;
-    Window()->SetTimeBase(m_scene.frameRate, m_scene.frameCount);
-    m_manager.SetFrameCount(m_scene.frameCount);
-    m_manager.SetTimeMarkFrame(m_scene.timeMark.start, m_scene.timeMark.end);
-    if (!m_tracks.Show(m_scene))
+    m_session.Restart(scene);
+    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
+    m_manager.SetFrameCount(scene.frameCount);
+    m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+    if (!m_tracks.Show(scene))
         return false;
     if (CTimelineTrackBase* const lips = m_manager.GetLipsTrack())
         m_manager.SetActiveChildTrack(lips);
@@ -47,9 +90,18 @@ void MainWindow::GotoFrame(int frame)
     m_manager.ScrollToFrame(m_manager.GetCurrentFrame(), kToTheMiddle);
 }
 
+int MainWindow::EditKeys(TLEditType type, const TrackList& list, int value1, int value2)
+{
+    const int answer = type <= TL_EDIT_CLIP_TRIM_END ? m_gestures.Handle(type, list, value1, value2)
+                                                     : m_commands.Handle(type, list);
+    m_editMenu->UpdateActions();
+    return answer;
+}
+
 void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
 {
-    SceneTrack* const row = m_scene.FindTrack(m_tracks.IdOf(switchTrack));
+    Scene scene = m_session.Current();
+    SceneTrack* const row = scene.FindTrack(m_tracks.IdOf(switchTrack));
     std::vector<_tmpTLSwitchBtnData> states;
     if (!row || button < 0 || button >= row->buttons.size() ||
         !m_manager.GetTrackSwitchBtnList(switchTrack, states))
@@ -58,12 +110,30 @@ void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
     SwitchButton& toggled = row->buttons[button];
     toggled.on = states[static_cast<std::size_t>(button)].state >= kFirstStateOn;
     for (const TrackId track : qAsConst(toggled.tracks))
-        m_tracks.SetRowShown(m_scene, track, toggled.on);
+        m_tracks.SetRowShown(scene, track, toggled.on);
+    m_session.Apply(toggled.on ? tr("Show Rows") : tr("Hide Rows"), scene);
 }
 
-void MainWindow::MoveTimeMark(int mark, int frame)
+void MainWindow::MoveTimeMark(int mark, int frame, bool isFinal)
 {
-    (mark == 0 ? m_scene.timeMark.start : m_scene.timeMark.end) = frame;
+    Scene scene = m_session.Current();
+    (mark == 0 ? scene.timeMark.start : scene.timeMark.end) = frame;
+    m_session.Step(tr("Move Marker"), scene);
+    if (isFinal)
+        m_session.Commit();
+}
+
+void MainWindow::ClickCaptionButton(CTimelineTrackBase* track, int button)
+{
+    if (button != kAddKeyButton)
+        return;
+    m_commands.Do(track, TL_EDIT_INSERT_KEY);
+    m_editMenu->UpdateActions();
+}
+
+void MainWindow::Tell(const QString& text)
+{
+    statusBar()->showMessage(text, kMessageTime);
 }
 
 TimelineWindow* MainWindow::Window()

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "FileDrops.h"
+#include "GestureEdits.h"
+#include "KeyCommands.h"
 #include "SceneTracks.h"
 #include "TimelineCallbacks.h"
 #include "TimelineWindowFactory.h"
-#include "document/Scene.h"
+#include "document/EditSession.h"
 
 #include <KestovaTimelineQU/KestovaTimelineQU.h>
 
@@ -11,9 +14,11 @@
 
 namespace host {
 
+class EditMenu;
 class TimelineWindow;
 
-/// The editor's window: holds the scene and the timeline that shows it in a dock.
+/// The editor's window: holds the scene and the timeline that shows it in a dock, and applies to
+/// the scene what the user does there.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -28,18 +33,32 @@ public:
     /// Makes @p frame current, or the last one when there are fewer, and brings it into view.
     void GotoFrame(int frame);
 
+    /// The scene with all edits so far.
+    const Scene& CurrentScene() const { return m_session.Current(); }
+    /// The timeline, and which of its tracks stands for which of the scene.
+    CTimelineManager& Timeline() { return m_manager; }
+    const SceneTracks& Tracks() const { return m_tracks; }
+
 private:
+    void ConnectTimeline();
+    int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
-    void MoveTimeMark(int mark, int frame);
+    void MoveTimeMark(int mark, int frame, bool isFinal);
+    void ClickCaptionButton(CTimelineTrackBase* track, int button);
+    void Tell(const QString& text);
     TimelineWindow* Window();
 
     // Destroyed from the last to the first: the manager goes before what it calls.
-    Scene m_scene;
+    EditSession m_session;
     QDockWidget* m_dock;
     TimelineCallbacks m_callbacks;
     TimelineWindowFactory m_factory;
-    CTimelineManager m_manager;
     SceneTracks m_tracks;
+    GestureEdits m_gestures;
+    KeyCommands m_commands;
+    FileDrops m_drops;
+    CTimelineManager m_manager;
+    EditMenu* m_editMenu; // the menu bar's
 };
 
 } // namespace host

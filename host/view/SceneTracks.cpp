@@ -64,8 +64,22 @@ bool SceneTracks::Show(const Scene& scene)
                 SetRowShown(scene, row, button.on);
         }
     }
+    m_shown = scene;
     m_manager.InvalidateTimeline();
     return true;
+}
+
+void SceneTracks::ShowKeys(const Scene& scene, const QVector<TrackId>& touched)
+{
+    for (const SceneTrack& track : scene.tracks) {
+        const SceneTrack* const shown = m_shown.FindTrack(track.id);
+        CTimelineKeyArray* const keys = KeysOf(track.id);
+        if (!shown || !keys || (shown->keys == track.keys && !touched.contains(track.id)))
+            continue;
+        m_keys.Update(*keys, track.keys);
+    }
+    m_shown = scene;
+    m_manager.InvalidateTimeline();
 }
 
 void SceneTracks::SetRowShown(const Scene& scene, TrackId row, bool shown)
@@ -93,6 +107,7 @@ void SceneTracks::Clear()
         m_manager.DeleteTrack(track);
     m_tracks.clear();
     m_keys = TimelineKeys();
+    m_shown = Scene();
 }
 
 bool SceneTracks::MakeTrack(const SceneTrack& track)

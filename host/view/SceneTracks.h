@@ -21,11 +21,18 @@ public:
     /// skin lacks a style that the scene asks for; the timeline then shows a part of the scene.
     bool Show(const Scene& scene);
 
+    /// Brings the keys of the tracks shown into line with @p scene, which has the same tracks: of
+    /// those whose keys are others than when they were last shown, and of @p touched, whose keys
+    /// the timeline has changed by itself. Selected keys stay selected.
+    void ShowKeys(const Scene& scene, const QVector<TrackId>& touched = {});
+
     /// Shows or hides a child row, at its place among its siblings.
     void SetRowShown(const Scene& scene, TrackId row, bool shown);
 
     /// The timeline's track for the scene's, or null.
     CTimelineTrackBase* TrackOf(TrackId id) const { return m_tracks.value(id); }
+    /// The timeline's keys of the scene's track, or null.
+    CTimelineKeyArray* KeysOf(TrackId id) const { return m_manager.GetKeyDataArray(TrackOf(id)); }
     /// The scene's track for the timeline's, or kNoTrack.
     TrackId IdOf(CTimelineTrackBase* track) const { return m_tracks.key(track, kNoTrack); }
 
@@ -38,6 +45,7 @@ private:
     CTimelineManager& m_manager;
     QHash<TrackId, CTimelineTrackBase*> m_tracks;
     TimelineKeys m_keys;
+    Scene m_shown; ///< the scene whose keys the timeline shows
 };
 
 } // namespace host

@@ -2,16 +2,81 @@
 
 namespace host {
 
-void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool)
+namespace {
+
+constexpr int kRefused = -1;
+
+template <class Handler, class... Arguments>
+void Tell(const Handler& handler, Arguments&&... arguments)
 {
-    if (timeMarkMoved)
-        timeMarkMoved(mark, frame);
+    if (handler)
+        handler(std::forward<Arguments>(arguments)...);
+}
+
+} // namespace
+
+void TimelineCallbacks::OnCurrentFrameChanged(int, bool)
+{
+    Tell(situationChanged); // the frame display hears of it through the timeline's window
+}
+
+void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
+{
+    Tell(timeMarkMoved, mark, frame, flag);
+}
+
+void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase*, CTimelineTrackBase*)
+{
+    Tell(situationChanged);
 }
 
 void TimelineCallbacks::OnSwitchBtnStateChanged(CTimelineTrackBase* track, int button)
 {
-    if (switchButtonToggled)
-        switchButtonToggled(track, button);
+    Tell(switchButtonToggled, track, button);
+}
+
+int TimelineCallbacks::OnEditingKeys(TLEditType type,
+                                     const VZ::CArrayList<CTimelineTrackBase*>& tracks, int value1,
+                                     int value2)
+{
+    return keysEdited ? keysEdited(type, tracks, value1, value2) : kRefused;
+}
+
+void TimelineCallbacks::OnCaptionBtnChanged(CTimelineTrackBase* track, int button, QPoint)
+{
+    Tell(captionButtonClicked, track, button);
+}
+
+void TimelineCallbacks::OnQueryTrackRightMenu(CTimelineTrackBase* track,
+                                              std::vector<_tmpTLMenuMapData*>* menu)
+{
+    if (menu)
+        Tell(menuOpening, track, *menu);
+}
+
+void TimelineCallbacks::OnSelectedTrackRightMenu(CTimelineTrackBase* track, int command)
+{
+    Tell(menuChosen, track, command);
+}
+
+void TimelineCallbacks::OnSelectedDataCleared()
+{
+    Tell(situationChanged);
+}
+
+void TimelineCallbacks::OnSelectedDataChanged()
+{
+    Tell(situationChanged);
+}
+
+bool TimelineCallbacks::OnTrackDropFile(TLDropFileType type, QString path)
+{
+    return fileDropped && fileDropped(type, path);
+}
+
+void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int)
+{
+    Tell(fileHeld, track, path);
 }
 
 } // namespace host

@@ -9,7 +9,7 @@ class GroupToken : public CReltedGroupBase
 {
 };
 
-void AddClip(CTimelineKey& made, const ClipSpan& clip)
+void WriteClip(CTimelineKey& made, const ClipSpan& clip)
 {
     made.clipLength = clip.length;
     made.loopCount = clip.loops;
@@ -19,11 +19,38 @@ void AddClip(CTimelineKey& made, const ClipSpan& clip)
     made.hostSwitch = true; // rows of keys draw the clip's frame
 }
 
-void AddTransition(CTimelineKey& made, const Transition& transition)
+void WriteTransition(CTimelineKey& made, const Transition& transition)
 {
     made.transitionFrames = transition.frames;
     made.kindMask |=
         transition.direction == BlendDirection::Into ? TL_KEY_TRANSITION_IN : TL_KEY_TRANSITION_OUT;
+}
+
+ClipSpan ReadClip(const CTimelineKey& key)
+{
+    return {key.clipLength, key.loopCount, key.transitionFrames, key.hostValue3, key.hostValue2};
+}
+
+std::optional<Transition> ReadTransition(const CTimelineKey& key)
+{
+    if (key.kindMask & TL_KEY_TRANSITION_OUT)
+        return Transition{BlendDirection::OutOf, key.transitionFrames};
+    if (key.kindMask & TL_KEY_TRANSITION_IN)
+        return Transition{BlendDirection::Into, key.transitionFrames};
+    return std::nullopt;
+}
+
+/// The keys of the array by their numbers. While copies are dragged a number stands for several
+/// keys: then for none, as the copies are the timeline's to take away again.
+QHash<KeyId, VZ::CPointer<CTimelineKey>> KeysByNumber(const CTimelineKeyArray& array)
+{
+    QHash<KeyId, VZ::CPointer<CTimelineKey>> found;
+    for (const VZ::CPointer<CTimelineKey>& key : array.Keys()) {
+        const KeyId id = TimelineKeys::IdOf(*key);
+        const bool isNew = !found.contains(id);
+        found[id] = isNew ? key : VZ::CPointer<CTimelineKey>();
+    }
+    return found;
 }
 
 } // namespace
@@ -32,32 +59,80 @@ TimelineKeys::KeyVector TimelineKeys::Make(const QVector<SceneKey>& keys)
 {
     KeyVector made;
     made.reserve(static_cast<std::size_t>(keys.size()));
-    for (const SceneKey& key : keys)
-        made.push_back(Make(key));
+    for (const SceneKey& key : keys) {
+        made.emplace_back(new CTimelineKey);
+        Write(*made.back(), key);
+    }
     return made;
 }
 
-VZ::CPointer<CTimelineKey> TimelineKeys::Make(const SceneKey& key)
+void TimelineKeys::Update(CTimelineKeyArray& array, const QVector<SceneKey>& keys)
 {
-    VZ::CPointer<CTimelineKey> made(new CTimelineKey);
-    made->name = key.name;
-    made->frame = key.frame;
-    made->priority = key.priority;
-    made->lockState = key.locked ? TL_KEY_LOCKED : TL_KEY_UNLOCKED;
-    made->alternateStyle = key.alternate;
-    made->hostValue6 = key.mouthShape;
-    if (key.startsLink)
-        made->keyType |= TL_KEY_LINK_START;
-    if (key.clip)
-        AddClip(*made, *key.clip);
-    if (key.transition)
-        AddTransition(*made, *key.transition);
-    if (!key.subKeys.isEmpty()) {
-        made->subKeys = new CTimelineKeyArray;
-        made->subKeys->AddKeys(Make(key.subKeys), false);
+    const QHash<KeyId, VZ::CPointer<CTimelineKey>> known = KeysByNumber(array);
+    array.RemoveAll(); // the frames of keys that an array holds are not to be written
+    KeyVector updated;
+    updated.reserve(static_cast<std::size_t>(keys.size()));
+    for (const SceneKey& key : keys) {
+        const VZ::CPointer<CTimelineKey> held = known.value(key.id);
+        updated.push_back(held ? held : VZ::CPointer<CTimelineKey>(new CTimelineKey));
+        Write(*updated.back(), key);
     }
-    made->group = TokenOf(key.group);
-    return made;
+    array.AddKeys(updated, false);
+}
+
+KeyId TimelineKeys::IdOf(const CTimelineKey& key)
+{
+    return key.hostValue7;
+}
+
+SceneKey TimelineKeys::Read(const CTimelineKey& key)
+{
+    SceneKey read;
+    read.frame = key.frame;
+    read.name = key.name;
+    read.priority = key.priority;
+    read.locked = key.lockState == TL_KEY_LOCKED;
+    read.alternate = key.alternateStyle;
+    read.mouthShape = key.hostValue6;
+    read.startsLink = (key.keyType & TL_KEY_LINK_START) != 0;
+    read.transition = ReadTransition(key);
+    if (key.clipLength > 0)
+        read.clip = ReadClip(key);
+    if (key.subKeys) {
+        for (const VZ::CPointer<CTimelineKey>& subKey : key.subKeys->Keys())
+            read.subKeys.append(Read(*subKey));
+    }
+    return read;
+}
+
+void TimelineKeys::Write(CTimelineKey& made, const SceneKey& key)
+{
+    static const CTimelineKey plain;
+    made.hostValue7 = key.id;
+    made.name = key.name;
+    made.frame = key.frame;
+    made.priority = key.priority;
+    made.lockState = key.locked ? TL_KEY_LOCKED : TL_KEY_UNLOCKED;
+    made.alternateStyle = key.alternate;
+    made.hostValue6 = key.mouthShape;
+    made.keyType = plain.keyType | (key.startsLink ? TL_KEY_LINK_START : 0);
+    made.kindMask = plain.kindMask;
+    made.transitionFrames = plain.transitionFrames;
+    if (key.clip)
+        WriteClip(made, *key.clip);
+    if (key.transition)
+        WriteTransition(made, *key.transition);
+    WriteSubKeys(made, key.subKeys);
+    made.group = TokenOf(key.group);
+}
+
+void TimelineKeys::WriteSubKeys(CTimelineKey& made, const QVector<SceneKey>& subKeys)
+{
+    if (subKeys.isEmpty() && !made.subKeys)
+        return;
+    if (!made.subKeys)
+        made.subKeys = new CTimelineKeyArray;
+    Update(*made.subKeys, subKeys);
 }
 
 VZ::CPointer<CReltedGroupBase> TimelineKeys::TokenOf(GroupId group)

@@ -128,6 +128,7 @@ void tst_Scene::comparesDifferentAfterAnyChange_data()
     const auto key = [&row](const char* name, const std::function<void(SceneKey&)>& change) {
         row(name, [change](Scene& s) { change(s.tracks[1].keys[0]); });
     };
+    key("key number", [](SceneKey& k) { ++k.id; });
     key("frame", [](SceneKey& k) { ++k.frame; });
     key("key name", [](SceneKey& k) { k.name = QStringLiteral("x"); });
     key("priority", [](SceneKey& k) { ++k.priority; });

@@ -1,0 +1,43 @@
+#include "EditSession.h"
+
+namespace host {
+
+void EditSession::Restart(const Scene& scene)
+{
+    m_before.reset();
+    m_current = scene;
+}
+
+void EditSession::Begin()
+{
+    Commit();
+    m_before = m_current;
+    m_name.clear();
+}
+
+void EditSession::Step(const QString& name, const Scene& scene)
+{
+    if (!IsOpen())
+        Begin();
+    m_name = name;
+    m_current = scene;
+}
+
+void EditSession::Commit()
+{
+    if (!IsOpen())
+        return;
+    const Scene before = *m_before;
+    m_before.reset();
+    if (before != m_current && committed)
+        committed(m_name, before);
+}
+
+void EditSession::Apply(const QString& name, const Scene& scene)
+{
+    Begin();
+    Step(name, scene);
+    Commit();
+}
+
+} // namespace host

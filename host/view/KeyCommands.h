@@ -1,0 +1,48 @@
+#pragma once
+
+#include "KeySelections.h"
+#include "document/EditSession.h"
+
+namespace host {
+
+/// The commands on keys: cut, copy, paste, delete, insert, break and the selecting ones. They come
+/// from menus, which name a track, and some of them from the timeline itself (keys that were
+/// dragged as copies are copied and pasted), which lists its tracks.
+class KeyCommands
+{
+public:
+    /// All are kept and outlive this object.
+    KeyCommands(CTimelineManager& manager, SceneTracks& tracks, EditSession& session);
+
+    /// Whether the command is possible now on @p track (null: the active one).
+    bool CanDo(CTimelineTrackBase* track, TLEditType type) const;
+    /// Does it, on all tracks that it concerns: cut, copy and delete on every track with selected
+    /// keys, paste on every track with keys put aside, the others on @p track (null: the active
+    /// one). False when it is not possible.
+    bool Do(CTimelineTrackBase* track, TLEditType type);
+
+    /// The timeline asks for the edit on these tracks, and fills their clipboards itself when the
+    /// answer to a copy or cut is 0 or more. -1 refuses.
+    int Handle(TLEditType type, const TrackList& list);
+
+private:
+    QVector<TrackId> RowsThatCan(TLEditType type) const;
+    QVector<TrackId> SelectedRowsThatCan(std::initializer_list<TLEditType> types) const;
+    void ClearClipboards();
+    bool Copy(const QVector<TrackId>& rows);
+    bool Cut(const QVector<TrackId>& rows);
+    /// Pastes at the current frame; the keys made stand in the result, by row.
+    QVector<KeySelection> Paste(const QVector<TrackId>& rows);
+    bool PasteAndSelect(const QVector<TrackId>& rows);
+    void SelectInstead(const QVector<KeySelection>& selections);
+    bool Delete(const QString& name, const QVector<TrackId>& rows);
+    bool Insert(TrackId row);
+    bool Break(TrackId row);
+    void Apply(const QString& name, const Scene& scene);
+
+    CTimelineManager& m_manager;
+    SceneTracks& m_tracks;
+    EditSession& m_session;
+};
+
+} // namespace host

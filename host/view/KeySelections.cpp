@@ -1,0 +1,79 @@
+#include "KeySelections.h"
+
+#include "SceneTracks.h"
+
+namespace host {
+
+namespace {
+
+QVector<KeyId> SelectedIn(const CTimelineKeyArray& keys)
+{
+    QVector<KeyId> selected;
+    for (const int index : keys.SelectedIndexes()) {
+        const KeyId id = KeyIdAt(keys, index);
+        if (id != kNoKey)
+            selected.append(id);
+    }
+    return selected;
+}
+
+KeySelection SelectionInside(TrackId row, const CTimelineKeyArray& keys)
+{
+    KeySelection selection{row, kNoKey, {}};
+    if (keys.SelGetSize() == 0)
+        return selection;
+    const VZ::CPointer<CTimelineKey> clip = keys.SelGetKeyAt(0);
+    if (!clip || !clip->subKeys)
+        return selection;
+    selection.clip = TimelineKeys::IdOf(*clip);
+    selection.keys = SelectedIn(*clip->subKeys);
+    return selection;
+}
+
+} // namespace
+
+QVector<TrackId> TracksOf(const SceneTracks& tracks, const TrackList& list)
+{
+    QVector<TrackId> ids;
+    for (CTimelineTrackBase* const track : list) {
+        const TrackId id = tracks.IdOf(track);
+        if (id != kNoTrack)
+            ids.append(id);
+    }
+    return ids;
+}
+
+KeyId KeyIdAt(const CTimelineKeyArray& keys, int index)
+{
+    if (index < 0 || index >= static_cast<int>(keys.GetSize()))
+        return kNoKey;
+    return TimelineKeys::IdOf(*keys.GetAt(index));
+}
+
+QVector<KeySelection> SelectionOn(const SceneTracks& tracks, const Scene& scene,
+                                  const QVector<TrackId>& rows)
+{
+    QVector<KeySelection> selections;
+    for (const TrackId row : rows) {
+        const SceneTrack* const track = scene.FindTrack(row);
+        const CTimelineKeyArray* const keys = tracks.KeysOf(row);
+        if (!track || !keys)
+            continue;
+        const bool isInside = rows.size() == 1 && track->editModes.contains(EditMode::EditSubKeys);
+        selections.append(isInside ? SelectionInside(row, *keys)
+                                   : KeySelection{row, kNoKey, SelectedIn(*keys)});
+    }
+    return selections;
+}
+
+void SelectOnly(CTimelineKeyArray& keys, const QVector<KeyId>& selected)
+{
+    keys.ClearAllSelection();
+    const int count = static_cast<int>(keys.GetSize());
+    for (int index = 0; index < count; ++index) {
+        if (selected.contains(KeyIdAt(keys, index)))
+            keys.SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
+    }
+}
+
+} // namespace host

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "document/KeyEdits.h"
+
+#include <KestovaTimelineQU/KestovaTimelineQU.h>
+
+namespace host {
+
+class SceneTracks;
+
+using TrackList = VZ::CArrayList<CTimelineTrackBase*>;
+
+/// The scene's tracks for the timeline's, without those that are not of the scene.
+QVector<TrackId> TracksOf(const SceneTracks& tracks, const TrackList& list);
+
+/// The number of the scene key at @p index of a row of the timeline, or kNoKey.
+KeyId KeyIdAt(const CTimelineKeyArray& keys, int index);
+
+/// The keys that are selected on the rows. A single row whose clips are edited inside gives the
+/// selected sub-keys of its first selected clip.
+QVector<KeySelection> SelectionOn(const SceneTracks& tracks, const Scene& scene,
+                                  const QVector<TrackId>& rows);
+
+/// Selects these keys of the row and no others.
+void SelectOnly(CTimelineKeyArray& keys, const QVector<KeyId>& selected);
+
+} // namespace host

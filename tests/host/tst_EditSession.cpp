@@ -1,0 +1,131 @@
+#include "document/EditSession.h"
+
+#include <QtTest>
+
+using namespace host;
+
+namespace {
+
+Scene SceneOf(int frameCount)
+{
+    Scene scene;
+    scene.frameCount = frameCount;
+    return scene;
+}
+
+/// A session at ten frames that writes down what it commits.
+struct Recorded
+{
+    EditSession session;
+    QStringList commits;
+
+    Recorded()
+    {
+        session.Restart(SceneOf(10));
+        session.committed = [this](const QString& name, const Scene& before) {
+            commits.append(QStringLiteral("%1: %2 to %3")
+                               .arg(name)
+                               .arg(before.frameCount)
+                               .arg(session.Current().frameCount));
+        };
+    }
+};
+
+} // namespace
+
+class tst_EditSession : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void keepsTheSceneAsItWasBeforeUntilTheCommit();
+    void stepsOfOneEditAreCommittedOnce();
+    void anEditThatChangedNothingIsNotCommitted();
+    void beginningCommitsTheEditUnderWay();
+    void aStepWithoutABeginBeginsAnEdit();
+    void aCommitWithoutAnEditDoesNothing();
+    void anEditOfOneStepLeavesNothingOpen();
+    void restartingDropsTheEditUnderWay();
+};
+
+void tst_EditSession::keepsTheSceneAsItWasBeforeUntilTheCommit()
+{
+    Recorded r;
+    r.session.Begin();
+    QVERIFY(r.session.IsOpen());
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    r.session.Step(QStringLiteral("Grow"), SceneOf(12));
+    QCOMPARE(r.session.Before().frameCount, 10);
+    QCOMPARE(r.session.Current().frameCount, 12);
+    r.session.Commit();
+    QVERIFY(!r.session.IsOpen());
+    QCOMPARE(r.session.Before().frameCount, 12);
+}
+
+void tst_EditSession::stepsOfOneEditAreCommittedOnce()
+{
+    Recorded r;
+    r.session.Begin();
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    r.session.Step(QStringLiteral("Grow"), SceneOf(12));
+    QVERIFY(r.commits.isEmpty());
+    r.session.Commit();
+    QCOMPARE(r.commits, QStringList{QStringLiteral("Grow: 10 to 12")});
+}
+
+void tst_EditSession::anEditThatChangedNothingIsNotCommitted()
+{
+    Recorded r;
+    r.session.Begin();
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    r.session.Step(QStringLiteral("Grow"), SceneOf(10)); // and back
+    r.session.Commit();
+    QVERIFY(r.commits.isEmpty());
+}
+
+void tst_EditSession::beginningCommitsTheEditUnderWay()
+{
+    Recorded r;
+    r.session.Begin();
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    r.session.Begin();
+    QCOMPARE(r.commits, QStringList{QStringLiteral("Grow: 10 to 11")});
+    QCOMPARE(r.session.Before().frameCount, 11);
+}
+
+void tst_EditSession::aStepWithoutABeginBeginsAnEdit()
+{
+    Recorded r;
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    QVERIFY(r.session.IsOpen());
+    QCOMPARE(r.session.Before().frameCount, 10);
+}
+
+void tst_EditSession::aCommitWithoutAnEditDoesNothing()
+{
+    Recorded r;
+    r.session.Commit();
+    QVERIFY(r.commits.isEmpty());
+    QCOMPARE(r.session.Current().frameCount, 10);
+}
+
+void tst_EditSession::anEditOfOneStepLeavesNothingOpen()
+{
+    Recorded r;
+    r.session.Apply(QStringLiteral("Cut"), SceneOf(5));
+    QVERIFY(!r.session.IsOpen());
+    QCOMPARE(r.commits, QStringList{QStringLiteral("Cut: 10 to 5")});
+}
+
+void tst_EditSession::restartingDropsTheEditUnderWay()
+{
+    Recorded r;
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    r.session.Restart(SceneOf(3));
+    r.session.Commit();
+    QVERIFY(r.commits.isEmpty());
+    QCOMPARE(r.session.Current().frameCount, 3);
+}
+
+QTEST_APPLESS_MAIN(tst_EditSession)
+#include "tst_EditSession.moc"

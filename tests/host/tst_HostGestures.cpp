@@ -1,0 +1,468 @@
+#include "EditorFixture.h"
+
+#include "support/Pointer.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QUrl>
+
+using Frames = QVector<int>;
+using KestovaTest::Pointer;
+
+namespace {
+
+constexpr int kPixelsPerFrame = 10; ///< in a window of this size with the whole sample in view
+
+/// The editor with a hand on the mouse.
+struct HandledEditor : EditorFixture
+{
+    HandledEditor() : pointer(&window) {}
+
+    Pointer pointer;
+
+    /// The widget of a row: the timeline's tracks are widgets, though hosts need not know.
+    QWidget* WidgetOf(const char* name)
+    {
+        const void* const track = Row(name);
+        for (QWidget* const widget : window.findChildren<QWidget*>()) {
+            if (widget == track)
+                return widget;
+        }
+        qFatal("the row %s has no widget", name);
+    }
+    /// The middle of a frame's cell.
+    QPoint At(const char* name, int frame)
+    {
+        return QPoint(frame * kPixelsPerFrame + kPixelsPerFrame / 2, WidgetOf(name)->height() / 2);
+    }
+    /// The right edge of a frame's cell, where a clip that ends there has its handle.
+    QPoint EdgeOf(const char* name, int frame)
+    {
+        return QPoint((frame + 1) * kPixelsPerFrame, WidgetOf(name)->height() / 2);
+    }
+    void Drag(const char* name, QPoint from, const QVector<QPoint>& way)
+    {
+        pointer.Press(WidgetOf(name), from);
+        for (const QPoint& point : way)
+            pointer.MoveTo(WidgetOf(name), point);
+        pointer.Release();
+    }
+
+    QString FrameText()
+    {
+        for (const QLabel* const label : window.findChildren<QLabel*>()) {
+            if (label->text().startsWith(QLatin1String("Frame")))
+                return label->text();
+        }
+        return {};
+    }
+
+    QAction* Command(const QString& text)
+    {
+        for (QAction* const action : window.menuBar()->findChildren<QMenu*>().first()->actions()) {
+            if (action->text() == text)
+                return action;
+        }
+        qFatal("no command %s", qPrintable(text));
+    }
+
+    /// Opens the menu of the row at @p point; @p deed is done while it is open, and it is closed.
+    void WithMenu(const char* name, QPoint point, const std::function<void(QMenu&)>& deed)
+    {
+        bool isOpen = false;
+        QTimer::singleShot(0, &window, [&] {
+            auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (!menu)
+                return;
+            isOpen = true;
+            deed(*menu);
+            if (QApplication::activePopupWidget() == menu)
+                menu->close();
+        });
+        QWidget* const row = WidgetOf(name);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, point, row->mapToGlobal(point));
+        QApplication::sendEvent(row, &event);
+        if (!isOpen)
+            qFatal("no menu opened on %s", name);
+        // This platform does not give the window back what the menu has taken.
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            qFatal("the window does not come back");
+    }
+    void Choose(const char* name, QPoint point, const QString& text)
+    {
+        WithMenu(name, point, [&text](QMenu& menu) {
+            for (QAction* const action : menu.actions()) {
+                if (action->text() != text || !action->isEnabled())
+                    continue;
+                const QPoint place = menu.actionGeometry(action).center();
+                QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier, place);
+                return;
+            }
+            qFatal("the menu does not offer %s", qPrintable(text));
+        });
+    }
+
+    /// Drags a file over the row to @p point and lets go there. Whether it was taken.
+    bool DropFile(const char* name, QPoint point, const QString& path)
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QWidget* const row = WidgetOf(name);
+        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(row, &enter);
+        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(row, &move);
+        if (!move.isAccepted())
+            return false;
+        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(row, &drop);
+        return drop.isAccepted();
+    }
+};
+
+} // namespace
+
+class tst_HostGestures : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void scrubbingMovesTheFrameDisplay();
+    void draggingAKeyMovesItInTheScene();
+    void draggingSelectedKeysOfTwoRowsMovesBoth();
+    void draggingStopsAtTheLastFrame();
+    void draggingAKeyOntoAnotherReplacesIt();
+    void draggingWithControlCopies();
+    void draggingAMouthShapeMovesItInItsLine();
+    void draggingAClipsEndLoopsIt();
+    void draggingAClipsEndChangesItsSpeed();
+    void draggingAClipsLeadInTrimsIt();
+    void draggingABlendsHandleLengthensIt();
+    void clickingASwitchHidesItsRows();
+    void draggingARulerMarkerMovesIt();
+    void theMenuOfARowCopiesAndPastes();
+    void theEditMenuBreaksAClip();
+    void theKeysOfTheEditMenuWork();
+    void theKeysOfTheEditMenuWorkAfterARowsMenuWasClosed();
+    void theEditMenuFollowsTheSelection();
+    void droppingASoundPlacesAClip();
+    void droppingSomethingElseIsRefused();
+};
+
+void tst_HostGestures::scrubbingMovesTheFrameDisplay()
+{
+    HandledEditor editor;
+    // A row without edit modes is for scrubbing; so is the empty part of any other.
+    const host::Scene before = editor.Scene();
+    editor.pointer.Press(editor.WidgetOf("LeftArm"), editor.At("LeftArm", 20));
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 20 of 90   00:00:20"));
+    editor.pointer.Release();
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 20);
+    editor.pointer.Click(editor.WidgetOf("LeftArm"), editor.At("LeftArm", 33));
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 33 of 90   00:01:03"));
+    QVERIFY(editor.Scene() == before);
+}
+
+void tst_HostGestures::draggingAKeyMovesItInTheScene()
+{
+    HandledEditor editor;
+    QWidget* const row = editor.WidgetOf("LeftArm");
+    editor.pointer.Press(row, editor.At("LeftArm", 15));
+    editor.pointer.MoveTo(row, editor.At("LeftArm", 18));
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 18, 30, 45, 60, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    editor.pointer.MoveTo(row, editor.At("LeftArm", 12));
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 12, 30, 45, 60, 75, 90}));
+    editor.pointer.Release();
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 12, 30, 45, 60, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    QCOMPARE(editor.SelectedFrames("LeftArm"), (Frames{12}));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move Keys"));
+}
+
+void tst_HostGestures::draggingSelectedKeysOfTwoRowsMovesBoth()
+{
+    HandledEditor editor;
+    editor.Select("LeftArm", {1});
+    editor.SelectToo("Spine", {1});
+    editor.Drag("LeftArm", editor.At("LeftArm", 15), {editor.At("LeftArm", 17)});
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 17, 30, 45, 60, 75, 90}));
+    QCOMPARE(editor.FramesOf("Spine"), (Frames{0, 17, 23, 30, 38, 45, 53, 60, 68, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::draggingStopsAtTheLastFrame()
+{
+    HandledEditor editor;
+    editor.Drag("LeftArm", editor.At("LeftArm", 75),
+                {editor.At("LeftArm", 80), editor.At("LeftArm", 100)});
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 30, 45, 60, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::draggingAKeyOntoAnotherReplacesIt()
+{
+    HandledEditor editor;
+    const host::KeyId moved = editor.KeysOf("LeftArm")[1].id;
+    editor.Drag("LeftArm", editor.At("LeftArm", 15),
+                {editor.At("LeftArm", 45), editor.At("LeftArm", 30)});
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 30, 45, 60, 75, 90}));
+    QCOMPARE(editor.KeysOf("LeftArm")[1].id, moved);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::draggingWithControlCopies()
+{
+    HandledEditor editor;
+    editor.Select("LeftArm", {1, 2});
+    editor.pointer.modifiers = Qt::ControlModifier;
+    editor.Drag("LeftArm", editor.At("LeftArm", 15),
+                {editor.At("LeftArm", 20), editor.At("LeftArm", 22)});
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 22, 30, 37, 45, 60, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    QCOMPARE(editor.SelectedFrames("LeftArm"), (Frames{22, 37}));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Paste"));
+}
+
+void tst_HostGestures::draggingAMouthShapeMovesItInItsLine()
+{
+    HandledEditor editor;
+    const QVector<host::SceneKey> before = editor.KeysOf("Lips")[0].subKeys;
+    int lonely = 1; // a shape with room behind it
+    while (before[lonely + 1].frame - before[lonely].frame < 6)
+        ++lonely;
+    const int frame = before[lonely].frame;
+    editor.Drag("Lips", editor.At("Lips", frame), {editor.At("Lips", frame + 2)});
+    QCOMPARE(editor.KeysOf("Lips")[0].subKeys[lonely].frame, frame + 2);
+    QCOMPARE(editor.FramesOf("Lips"), (Frames{0}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::draggingAClipsEndLoopsIt()
+{
+    HandledEditor editor;
+    host::Scene scene = editor.Scene();
+    scene.FindTrack(editor.Id("Motion"))->keys[0].clip->length = 19;
+    QVERIFY(editor.window.SetScene(scene));
+    QCoreApplication::processEvents();
+    editor.Drag("Motion", editor.EdgeOf("Motion", 19),
+                {editor.At("Motion", 30), editor.At("Motion", 70), editor.At("Motion", 45)});
+    QCOMPARE(editor.KeysOf("Motion")[0].clip->loops, 3);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    QCOMPARE(editor.StatusText(), QStringLiteral("Loop Clip"));
+}
+
+void tst_HostGestures::draggingAClipsEndChangesItsSpeed()
+{
+    HandledEditor editor;
+    host::Scene scene = editor.Scene();
+    host::SceneTrack& row = *scene.FindTrack(editor.Id("Motion"));
+    row.keys[0].clip->length = 29;
+    row.keys[0].clip->longest = 50;
+    row.editModes.removeAll(host::EditMode::LoopClip); // the same edge loops where that is allowed
+    QVERIFY(editor.window.SetScene(scene));
+    QCoreApplication::processEvents();
+    editor.Drag("Motion", editor.EdgeOf("Motion", 29),
+                {editor.EdgeOf("Motion", 34), editor.EdgeOf("Motion", 39)});
+    QCOMPARE(editor.KeysOf("Motion")[0].clip->length, 39);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    editor.Drag("Motion", editor.EdgeOf("Motion", 39),
+                {editor.EdgeOf("Motion", 44), editor.EdgeOf("Motion", 80)});
+    QCOMPARE(editor.KeysOf("Motion")[0].clip->length, 50);
+    QCOMPARE(editor.StatusText(), QStringLiteral("Change Clip Speed"));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::draggingAClipsLeadInTrimsIt()
+{
+    HandledEditor editor;
+    host::Scene scene = editor.Scene();
+    host::SceneKey& clip = scene.FindTrack(editor.Id("Motion"))->keys[0];
+    clip.frame = 20;
+    clip.clip->leadIn = 4;
+    QVERIFY(editor.window.SetScene(scene));
+    QCoreApplication::processEvents();
+    editor.Select("Motion", {0});
+    const int y = editor.WidgetOf("Motion")->height() / 2;
+    const auto edge = [y](int leadIn) { return QPoint((20 - leadIn) * kPixelsPerFrame, y); };
+    editor.Drag("Motion", edge(4), {edge(7), edge(9)});
+    QCOMPARE(editor.KeysOf("Motion")[0].clip->leadIn, 9);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    editor.Drag("Motion", edge(9), {edge(5), edge(-10)});
+    QCOMPARE(editor.KeysOf("Motion")[0].clip->leadIn, 0);
+    QCOMPARE(editor.StatusText(), QStringLiteral("Trim Clip"));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::draggingABlendsHandleLengthensIt()
+{
+    HandledEditor editor;
+    // The blend out of the first key ends at frame 12.
+    editor.Drag("MotionBlend", editor.At("MotionBlend", 12),
+                {editor.At("MotionBlend", 15), editor.At("MotionBlend", 20)});
+    QCOMPARE(editor.KeysOf("MotionBlend")[0].transition->frames, 20);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    QCOMPARE(editor.StatusText(), QStringLiteral("Change Transition"));
+}
+
+void tst_HostGestures::clickingASwitchHidesItsRows()
+{
+    HandledEditor editor;
+    const auto place = [&editor] {
+        return editor.Timeline().GetChildTrackSortIndex(editor.Row("Lips"));
+    };
+    QWidget* const layers = editor.WidgetOf("Layers");
+    const QPoint lips(60, layers->height() / 2);
+    editor.pointer.Click(layers, lips);
+    QCOMPARE(place(), -1);
+    QVERIFY(!editor.Scene().FindTrack(editor.Id("Layers"))->buttons[0].on);
+    editor.pointer.Click(layers, lips);
+    QCOMPARE(place(), 0);
+    QVERIFY(editor.Scene().FindTrack(editor.Id("Layers"))->buttons[0].on);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::draggingARulerMarkerMovesIt()
+{
+    HandledEditor editor;
+    // The ruler lies right above the topmost row and is as wide. Its marker's tip stands low.
+    QWidget* const layers = editor.WidgetOf("Layers");
+    QWidget* const timeline = layers->parentWidget();
+    QWidget* ruler = nullptr;
+    for (QWidget* const child :
+         timeline->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (child->isVisible() && child->x() == layers->x() && child->y() < layers->y())
+            ruler = child;
+    }
+    QVERIFY(ruler);
+    editor.Timeline().SetCurrentFrame(50); // its thumb would otherwise lie above the marker
+    bool isMoved = false;
+    for (int y = ruler->height() - 1; y >= 0 && !isMoved; --y) {
+        editor.pointer.Press(ruler, QPoint(4, y));
+        editor.pointer.MoveTo(ruler, QPoint(105, y));
+        editor.pointer.Release();
+        isMoved = editor.Scene().timeMark.start > 0;
+    }
+    QCOMPARE(editor.Scene().timeMark.start, 10);
+    QCOMPARE(editor.Scene().timeMark.end, 90);
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move Marker"));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::theMenuOfARowCopiesAndPastes()
+{
+    HandledEditor editor;
+    editor.Choose("LeftArm", editor.At("LeftArm", 15), QStringLiteral("Copy"));
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 30, 45, 60, 75, 90}));
+    editor.pointer.Click(editor.WidgetOf("LeftArm"), editor.At("LeftArm", 20));
+    editor.Choose("LeftArm", editor.At("LeftArm", 20), QStringLiteral("Paste"));
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 20, 30, 45, 60, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+    QCOMPARE(editor.SelectedFrames("LeftArm"), (Frames{20}));
+    editor.Choose("LeftArm", editor.At("LeftArm", 20), QStringLiteral("Delete"));
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 30, 45, 60, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::theEditMenuBreaksAClip()
+{
+    HandledEditor editor;
+    editor.pointer.Click(editor.WidgetOf("Motion"), editor.At("Motion", 40));
+    editor.pointer.Click(editor.WidgetOf("Motion"), editor.At("Motion", 40));
+    editor.Timeline().SetCurrentFrame(40); // a click on a clip makes its first frame current
+    editor.Command(QStringLiteral("Break"))->trigger();
+    QCOMPARE(editor.FramesOf("Motion"), (Frames{0, 40}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::theKeysOfTheEditMenuWork()
+{
+    HandledEditor editor;
+    QWidget* const row = editor.WidgetOf("LeftArm");
+    editor.pointer.Click(row, editor.At("LeftArm", 15));
+    QTest::keyClick(&editor.window, Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 30, 45, 60, 75, 90}));
+    editor.pointer.Click(row, editor.At("LeftArm", 10));
+    QTest::keyClick(&editor.window, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 10, 30, 45, 60, 75, 90}));
+    QTest::keyClick(&editor.window, Qt::Key_Delete);
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 30, 45, 60, 75, 90}));
+    QTest::keyClick(&editor.window, Qt::Key_Insert);
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 10, 30, 45, 60, 75, 90}));
+    QTest::keyClick(&editor.window, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(editor.SelectedFrames("LeftArm"), (Frames{0, 10, 30, 45, 60, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::theKeysOfTheEditMenuWorkAfterARowsMenuWasClosed()
+{
+    HandledEditor editor;
+    bool isOffered = false;
+    editor.WithMenu("LeftArm", editor.At("LeftArm", 15), [&isOffered](QMenu& menu) {
+        for (const QAction* const action : menu.actions())
+            isOffered = isOffered || action->shortcut() == QKeySequence(QKeySequence::Delete);
+    });
+    QVERIFY(isOffered); // the same shortcut, which must not stay taken
+    QTest::keyClick(&editor.window, Qt::Key_Delete);
+    QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 30, 45, 60, 75, 90}));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::theEditMenuFollowsTheSelection()
+{
+    HandledEditor editor;
+    QAction* const copy = editor.Command(QStringLiteral("Copy"));
+    QAction* const paste = editor.Command(QStringLiteral("Paste"));
+    QAction* const insert = editor.Command(QStringLiteral("Insert Key"));
+    QWidget* const row = editor.WidgetOf("LeftArm");
+    editor.pointer.Click(row, editor.At("LeftArm", 20));
+    QVERIFY(!copy->isEnabled());
+    QVERIFY(!paste->isEnabled());
+    QVERIFY(insert->isEnabled());
+    editor.pointer.Click(row, editor.At("LeftArm", 15));
+    QVERIFY(copy->isEnabled());
+    QVERIFY(!insert->isEnabled());
+    copy->trigger();
+    QVERIFY(paste->isEnabled());
+}
+
+void tst_HostGestures::droppingASoundPlacesAClip()
+{
+    HandledEditor editor;
+    QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("hello.wav")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(WavBytes(4000, 4000));
+    file.close();
+    QVERIFY(editor.DropFile("Sound", editor.At("Sound", 25), file.fileName()));
+    QCOMPARE(editor.FramesOf("Sound"), (Frames{25}));
+    QCOMPARE(editor.KeysOf("Sound")[0].clip->length, 29);
+    QCOMPARE(editor.SelectedFrames("Sound"), (Frames{25}));
+    QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Sound"));
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 25);
+    QCOMPARE(editor.StatusText(), QStringLiteral("Drop Sound"));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostGestures::droppingSomethingElseIsRefused()
+{
+    HandledEditor editor;
+    const host::Scene before = editor.Scene();
+    QVERIFY(!editor.DropFile("Sound", editor.At("Sound", 25), QStringLiteral("/tmp/a.kxmotion")));
+    QCOMPARE(editor.StatusText(), QStringLiteral("a.kxmotion: expected a sound file (.wav)"));
+    QVERIFY(!editor.DropFile("LeftArm", editor.At("LeftArm", 25), QStringLiteral("/tmp/a.wav")));
+    QCOMPARE(editor.StatusText(), QStringLiteral("a.wav: sounds go on a row of clips"));
+    QVERIFY(editor.Scene() == before);
+}
+
+QTEST_MAIN(tst_HostGestures)
+#include "tst_HostGestures.moc"
