@@ -241,9 +241,9 @@ private slots:
         QCOMPARE(track.size(), QSize(20, 20));
         QCOMPARE(track.sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
         QCOMPARE(track.sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
-        QCOMPARE(track.GetEdgeDrag().edge.clip, -1);
-        QCOMPARE(track.GetEdgeDrag().edge.kind, -1);
-        QVERIFY(!track.GetEdgeDrag().moved);
+        QCOMPARE(track.GetEdgeDrag().Edge().clip, -1);
+        QCOMPARE(track.GetEdgeDrag().Edge().kind, -1);
+        QVERIFY(!track.GetEdgeDrag().HasMoved());
         track.setParent(nullptr);
     }
 

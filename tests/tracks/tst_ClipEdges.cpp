@@ -80,7 +80,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QTEST(edges.HitEndEdge(QPoint(x, kMiddle)), "clip");
     }
 
@@ -100,7 +100,7 @@ private slots:
         CTimelineKeyArray keys;
         FillTwoClips(keys);
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QTEST(edges.HitEndEdge(QPoint(105, y)) == 0, "hit");
         QTEST(edges.HitTrimEdge(QPoint(200, y)) == 1, "hit");
     }
@@ -110,7 +110,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kRowHeight + 1);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kRowHeight + 1);
         for (int y = -2; y < 2 * kRowHeight; ++y)
             QCOMPARE(edges.HitEndEdge(QPoint(105, y)), -1);
     }
@@ -120,7 +120,7 @@ private slots:
         const FrameAxis axis = MakeAxis(50, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitEndEdge(QPoint(250, kMiddle)), 1);
         QCOMPARE(edges.HitEndEdge(QPoint(305, kMiddle)), -1);
     }
@@ -131,7 +131,7 @@ private slots:
         const FrameAxis axis = MakeAxis(5, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitEndEdge(QPoint(25, kMiddle)), 1);
     }
 
@@ -141,7 +141,7 @@ private slots:
         CTimelineKeyArray keys;
         keys.Add(MakeClip(10, 0), false);
         keys.SetSelectionByIndex(0, 0, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitEndEdge(QPoint(55, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(50, kMiddle)), -1);
     }
@@ -162,7 +162,7 @@ private slots:
             const bool disordered = below(3) == 0;
             for (int i = 0; disordered && i < count / 3; ++i)
                 keys.GetAt(below(static_cast<int>(keys.GetSize())))->frame = below(500);
-            const ClipEdges edges(axis, keys.Keys(), !disordered, kRowHeight, kClipHeight);
+            const ClipEdges edges(axis, keys, !disordered, kRowHeight, kClipHeight);
             for (int x = -20; x < 400; ++x)
                 QCOMPARE(edges.HitEndEdge(QPoint(x, kMiddle)), HitEndEdgePlainly(axis, keys, x));
         }
@@ -176,7 +176,7 @@ private slots:
         for (int i : {0, 1})
             keys.GetAt(i)->transitionFrames = 4; // start at pixels 30 and 180
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitTrimEdge(QPoint(30, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(177, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(178, kMiddle)), 1);
@@ -191,7 +191,7 @@ private slots:
         FillTwoClips(keys);
         keys.GetAt(1)->transitionFrames = 30; // starts where the first clip does
         keys.SetSelectionByIndex(0, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         QCOMPARE(edges.HitTrimEdge(QPoint(50, kMiddle)), 1);
     }
 
@@ -201,11 +201,11 @@ private slots:
         FillTwoClips(keys);
         keys.SetSelectionByIndex(0, 0, true, ~0u);
         const FrameAxis scrolled = MakeAxis(100, 5, 51); // the clip starts at pixel -1
-        QCOMPARE(ClipEdges(scrolled, keys.Keys(), true, kRowHeight, kClipHeight)
+        QCOMPARE(ClipEdges(scrolled, keys, true, kRowHeight, kClipHeight)
                      .HitTrimEdge(QPoint(0, kMiddle)),
                  -1);
         const FrameAxis atEdge = MakeAxis(100, 5, 50);
-        QCOMPARE(ClipEdges(atEdge, keys.Keys(), true, kRowHeight, kClipHeight)
+        QCOMPARE(ClipEdges(atEdge, keys, true, kRowHeight, kClipHeight)
                      .HitTrimEdge(QPoint(0, kMiddle)),
                  0);
     }
@@ -235,7 +235,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         int asked = 0;
         const ClipEdgeHit hit =
             edges.HitTest(QPoint(105, kMiddle), {loop, speed, trim}, [&asked, answer] {
@@ -255,7 +255,7 @@ private slots:
         FillTwoClips(keys);
         keys.GetAt(1)->transitionFrames = 19; // starts at pixel 105, where the first clip ends
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         const QPoint point(105, kMiddle);
         const ClipEdgeHit withTrim = edges.HitTest(point, {true, true, true}, NobodyToAsk);
         QCOMPARE(withTrim.clip, 1);
@@ -270,7 +270,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys.Keys(), true, kRowHeight, kClipHeight);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
         const ClipEdgeHit hit =
             edges.HitTest(QPoint(70, kMiddle), {true, false, true}, NobodyToAsk);
         QCOMPARE(hit.clip, -1);

@@ -95,3 +95,8 @@ int FrameAxis::SpanToPixel(long long frames) const
     return ClampedInt(IsFramesPerPixel() ? frames / FramesPerPixel()
                                          : Within(kFarFrame, frames) * info.pixelsPerFrame);
 }
+
+long long FrameAxis::PixelsToFrames(long long pixels) const
+{
+    return IsFramesPerPixel() ? pixels * FramesPerPixel() : pixels / info.pixelsPerFrame;
+}

@@ -28,6 +28,9 @@ public:
     int FrameToPixelPlus(long long frame, long long numerator, long long denominator) const;
     /// The pixels that @p frames cover from the axis's start, trunc(frames * scale).
     int SpanToPixel(long long frames) const;
+    /// The frames that lie between two places @p pixels (at most 2^32) apart: trunc(pixels /
+    /// scale).
+    long long PixelsToFrames(long long pixels) const;
 
 private:
     long long FramesPerPixel() const;

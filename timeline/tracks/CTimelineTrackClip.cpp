@@ -3,9 +3,14 @@
 #include "axis/FrameAxis.h"
 #include "model/MessageCodes.h"
 #include "tracks/ClipPainter.h"
+#include "tracks/TrackReport.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QPointer>
+
+#include <algorithm>
 
 namespace {
 
@@ -79,5 +84,96 @@ ClipEdges CTimelineTrackClip::Edges()
         clipHeight = style->height;
     else if (GetTrackType() == TL_TRACK_WAVE)
         clipHeight = GetRowHeight() - kWaveBarMargin;
-    return ClipEdges(Axis(), Keys().Keys(), Facts().searchable, GetRowHeight(), clipHeight);
+    return ClipEdges(Axis(), Keys(), Facts().searchable, GetRowHeight(), clipHeight);
+}
+
+void CTimelineTrackClip::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackClip> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (self && isLeft && Gesture().IsOn())
+        EndGesture();
+    if (!self)
+        return;
+
+    if (GetEditModes().GetSize() == 0) {
+        GoToFrameAt(event->x());
+        return;
+    }
+    const ClipEdgeHit edge = isLeft ? HitTestEdge(event->pos()) : ClipEdgeHit();
+    if (!edge.IsEdge()) {
+        CTimelineTrackBase::mousePressEvent(event);
+        return;
+    }
+    Gesture().Begin();
+    m_edgeDrag.Press(edge);
+    event->accept();
+    if (self && m_edgeDrag.IsOn())
+        ShowCursorFor(edge.kind);
+}
+
+void CTimelineTrackClip::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackClip> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (!self)
+        return;
+    if (!m_edgeDrag.IsOn()) {
+        if (GetEditModes().GetSize() > 0)
+            ShowCursorFor(HitTestEdge(event->pos()).kind);
+        CTimelineTrackBase::mouseMoveEvent(event);
+        return;
+    }
+    event->accept();
+    if (!(event->buttons() & Qt::LeftButton)) {
+        EndGesture(); // the button went up where nobody saw it
+    } else if (GetEditModes().GetSize() > 0) {
+        unsetCursor();
+        m_edgeDrag.DragTo(event->x());
+    }
+}
+
+void CTimelineTrackClip::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackClip> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (!self)
+        return;
+    if (event->button() == Qt::LeftButton && m_edgeDrag.IsOn()) {
+        EndGesture();
+        event->accept();
+        return;
+    }
+    CTimelineTrackBase::mouseReleaseEvent(event);
+}
+
+void CTimelineTrackClip::EndGesture()
+{
+    if (!m_edgeDrag.IsOn()) {
+        CTimelineTrackBase::EndGesture();
+        return;
+    }
+    const CallOut callOut;
+    Gesture().End();
+    clearFocus();
+    m_edgeDrag.Release();
+}
+
+/// What a press does in a row where nothing can be edited.
+void CTimelineTrackClip::GoToFrameAt(int x)
+{
+    FrameAxis& axis = Axis();
+    axis.currentFrame = std::max(std::min(PixelToFrame(x), axis.frameCount - 1), 0);
+    TrackReport report(*this);
+    if (report.Send(kTrackFrameMoved))
+        report.Send(kTrackFrameSet);
+}
+
+void CTimelineTrackClip::ShowCursorFor(int kind)
+{
+    if (const QCursor* const edgeCursor = CursorFor(kind))
+        setCursor(*edgeCursor);
+    else
+        unsetCursor();
 }

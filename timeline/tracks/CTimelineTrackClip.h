@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/ClipEdgeGesture.h"
 #include "tracks/ClipEdges.h"
 
 #include <QCursor>
@@ -12,13 +13,6 @@ class CTimelineTrackClip : public CTimelineTrackBase
 {
     Q_OBJECT
 public:
-    /// A drag of a clip's edge: which edge, and whether its start has been announced.
-    struct EdgeDrag
-    {
-        ClipEdgeHit edge;
-        bool moved = false;
-    };
-
     CTimelineTrackClip();
     bool Init(QWidget* parent) override;
     void DrawKeys(QPainter* painter, QRect rect) override;
@@ -31,17 +25,27 @@ public:
     /// modes. Asks the owner (message 1212) when both loop and speed editing are allowed.
     ClipEdgeHit HitTestEdge(QPoint point);
 
-    const EdgeDrag& GetEdgeDrag() const { return m_edgeDrag; }
+    const ClipEdgeGesture& GetEdgeDrag() const { return m_edgeDrag; }
     const QCursor& LoopCursor() const { return m_loopCursor; }
     const QCursor& SpeedCursor() const { return m_speedCursor; }
     /// The cursor that announces a drag of @p kind: loop for loop edges, speed for speed and trim
     /// edges, null where there is no edge.
     const QCursor* CursorFor(int kind) const;
 
+    /// Ends a drag of an edge, or else the gesture that is common to all rows.
+    void EndGesture() override;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
 private:
     ClipEdges Edges();
+    void GoToFrameAt(int x);
+    void ShowCursorFor(int kind);
 
-    EdgeDrag m_edgeDrag;
+    ClipEdgeGesture m_edgeDrag{*this};
     QCursor m_loopCursor;
     QCursor m_speedCursor;
 };

@@ -3,8 +3,13 @@
 #include "model/MessageCodes.h"
 #include "tracks/RowView.h"
 #include "tracks/SwitchPainter.h"
+#include "tracks/TrackReport.h"
 
+#include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
+
+#include <utility>
 
 namespace {
 
@@ -61,4 +66,104 @@ SwitchLayout CTimelineTrackSwitch::Layout() const
     if (const auto* style = StyleAs<SwitchTrackStyle>())
         return SwitchPictures(*style).Layout(row, count);
     return SwitchLayout(row, QSize(0, 0), QSize(0, 0), 0, count);
+}
+
+void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QPointer<CTimelineTrackSwitch> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self && m_press.isDown)
+        EndGesture();
+    if (!self)
+        return;
+
+    Gesture().Begin();
+    m_press = {true, -1, event->pos()};
+    TrackReport report(*this);
+    // The press may end while the host is being told of it.
+    if (!report.Send(kTrackPressed) || !m_press.isDown)
+        return;
+    const int arrow = Layout().HitArrow(event->pos());
+    if (arrow == kNoArrow) {
+        m_press.button = HitTestKey(event->pos());
+        return;
+    }
+    ScrollBy(arrow);
+    if (report.Send(kTrackButtonsScrolled))
+        RefreshArrows(arrow, true);
+}
+
+void CTimelineTrackSwitch::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackSwitch> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self && m_press.isDown && !(event->buttons() & Qt::LeftButton))
+        EndGesture(); // the button went up where nobody saw it
+    if (!self)
+        return;
+
+    m_press.lastPoint = event->pos();
+    RefreshArrows(Layout().HitArrow(event->pos()), m_press.isDown);
+    if (!self)
+        return;
+    ShowHover(HitTestKey(event->pos()));
+    Send(kTrackRepaint);
+}
+
+void CTimelineTrackSwitch::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QPointer<CTimelineTrackSwitch> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self)
+        Release(event->pos());
+}
+
+void CTimelineTrackSwitch::mouseDoubleClickEvent(QMouseEvent*) {}
+
+void CTimelineTrackSwitch::leaveEvent(QEvent* event)
+{
+    RefreshArrows(kNoArrow, m_press.isDown);
+    ShowHover(-1);
+    Send(kTrackRepaint);
+    CTimelineTrackBase::leaveEvent(event);
+}
+
+void CTimelineTrackSwitch::EndGesture()
+{
+    if (m_press.isDown)
+        Release(m_press.lastPoint);
+}
+
+void CTimelineTrackSwitch::Release(QPoint point)
+{
+    const CallOut callOut;
+    Gesture().End();
+    const int button = std::exchange(m_press, PressState()).button;
+    clearFocus();
+
+    TrackReport report(*this);
+    if (button >= 0 && HitTestKey(point) == button && report.IsThere()) {
+        int& state = m_buttons[static_cast<std::size_t>(button)].state;
+        state = Toggled(state);
+        if (!report.Send(kTrackSwitchToggled, button))
+            return;
+    } else {
+        ShowHover(-1);
+    }
+    if (report.Send(kTrackRepaint))
+        RefreshArrows(Layout().HitArrow(point), m_press.isDown);
+}
+
+void CTimelineTrackSwitch::ShowHover(int index)
+{
+    for (_tmpTLSwitchBtnData& button : m_buttons)
+        button.state = WithoutHover(button.state);
+    if (index < 0)
+        return;
+    int& state = m_buttons[static_cast<std::size_t>(index)].state;
+    state = WithHover(state);
 }

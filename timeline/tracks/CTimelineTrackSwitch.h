@@ -40,11 +40,33 @@ public:
     int ScrollOffset() const { return m_scrollOffset; }
     const SwitchArrowImages& ArrowImages() const { return m_arrows; }
 
+    /// As a release at the pointer's last place: a button toggles when the pointer is still on it.
+    void EndGesture() override;
+
+protected:
+    void leaveEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override; ///< does nothing
+
 private:
+    /// A press of the left button that is under way.
+    struct PressState
+    {
+        bool isDown = false;
+        int button = -1;  ///< index of the switch button it began on; -1 for none
+        QPoint lastPoint; ///< where the pointer was seen last
+    };
+
     SwitchLayout Layout() const;
+    /// Shows the pointer over button @p index, or over none with -1.
+    void ShowHover(int index);
+    void Release(QPoint point);
 
     Buttons m_buttons;
     SwitchArrowImages m_arrows;
     int m_scrollOffset = 0;
     bool m_arrowsShown = false;
+    PressState m_press;
 };

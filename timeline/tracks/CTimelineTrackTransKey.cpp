@@ -3,8 +3,10 @@
 #include "tracks/TransitionPainter.h"
 #include "tracks/TransitionWindow.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 
 CTimelineTrackTransKey::CTimelineTrackTransKey()
 {
@@ -54,4 +56,59 @@ int CTimelineTrackTransKey::HitTestHandle(QPoint point)
     if (!style)
         return -1;
     return TransitionHandles(Axis(), *style, GetRowHeight()).Find(Keys(), Facts(), point);
+}
+
+void CTimelineTrackTransKey::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (self && isLeft && Gesture().IsOn())
+        EndGesture();
+    if (!self)
+        return;
+    const int key = isLeft ? HitTestHandle(event->pos()) : -1;
+    if (key < 0) {
+        CTimelineTrackBase::mousePressEvent(event);
+        return;
+    }
+    Gesture().Begin();
+    m_handleDrag.Press(key);
+}
+
+void CTimelineTrackTransKey::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self && m_handleDrag.IsOn()) {
+        if (event->buttons() & Qt::LeftButton)
+            m_handleDrag.DragTo(event->x());
+        else
+            EndGesture(); // the button went up where nobody saw it
+    }
+    if (self)
+        CTimelineTrackBase::mouseMoveEvent(event);
+}
+
+void CTimelineTrackTransKey::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTransKey> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (!self)
+        return;
+    if (event->button() == Qt::LeftButton && m_handleDrag.IsOn())
+        EndGesture();
+    else
+        CTimelineTrackBase::mouseReleaseEvent(event);
+}
+
+void CTimelineTrackTransKey::EndGesture()
+{
+    if (!m_handleDrag.IsOn()) {
+        CTimelineTrackBase::EndGesture();
+        return;
+    }
+    const CallOut callOut;
+    Gesture().End();
+    m_handleDrag.Release();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/TransitionGesture.h"
 
 /// A row of keys with transitions: spans that end or start at a key, with a handle at the far end.
 class CTimelineTrackTransKey : public CTimelineTrackBase
@@ -18,9 +19,17 @@ public:
     /// keys come first, later ones before earlier ones; -1 without one.
     int HitTestHandle(QPoint point);
 
+    /// Ends a drag of a handle, or else the gesture that is common to all rows.
+    void EndGesture() override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     bool CoversRow(const QPainter& painter, const QRect& rect) const;
+
+    TransitionGesture m_handleDrag{*this};
 };

@@ -32,13 +32,6 @@ long long LoopCount(const CTimelineKey& clip)
     return std::max(clip.loopCount, 1);
 }
 
-/// The frames that lie between two pixels, toward zero.
-long long PixelsToFrames(const FrameAxis& axis, long long pixels)
-{
-    return axis.IsFramesPerPixel() ? pixels * std::max(axis.info.framesPerPixel, 1)
-                                   : pixels / axis.info.pixelsPerFrame;
-}
-
 std::optional<int> Amount(long long value)
 {
     if (value == 0)
@@ -50,10 +43,10 @@ std::optional<int> Amount(long long value)
 
 } // namespace
 
-ClipEdges::ClipEdges(const FrameAxis& axis, const KeyVector& keys, bool searchable, int rowHeight,
-                     int clipHeight)
-    : m_axis(axis), m_keys(keys), m_searchable(searchable), m_rowHeight(rowHeight),
-      m_clipHeight(clipHeight)
+ClipEdges::ClipEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, bool searchable,
+                     int rowHeight, int clipHeight)
+    : m_axis(axis), m_keys(keys.Keys()), m_selection(keys.SelectedIndexes()),
+      m_searchable(searchable), m_rowHeight(rowHeight), m_clipHeight(clipHeight)
 {
 }
 
@@ -81,13 +74,16 @@ int ClipEdges::HitTrimEdge(QPoint point) const
 {
     if (!IsInBar(point.y()))
         return -1;
-    for (std::size_t i = m_keys.size(); i-- > 0;) {
-        const CTimelineKey& key = *m_keys[i];
+    for (auto entry = m_selection.rbegin(); entry != m_selection.rend(); ++entry) {
+        // An entry may be left over from a key that was taken out.
+        if (*entry < 0 || static_cast<std::size_t>(*entry) >= m_keys.size())
+            continue;
+        const CTimelineKey& key = *m_keys[static_cast<std::size_t>(*entry)];
         if (!key.selected || !IsClip(key))
             continue;
         const int x = ClipTrimPixel(m_axis, key);
         if (x >= 0 && IsGrabbed(x, point.x()))
-            return static_cast<int>(i);
+            return *entry;
     }
     return -1;
 }
@@ -181,7 +177,7 @@ std::optional<int> SpeedDragAmount(const FrameAxis& axis, const CTimelineKey& cl
     const long long shortest = loops * clip.hostValue3;
 
     const long long pixels = static_cast<long long>(x) - ClipEndPixel(axis, clip);
-    long long amount = PixelsToFrames(axis, pixels) / loops;
+    long long amount = axis.PixelsToFrames(pixels) / loops;
     if (length + amount > longest)
         amount = longest - length;
     if (length + amount < shortest)
@@ -193,7 +189,7 @@ std::optional<int> TrimDragAmount(const FrameAxis& axis, const CTimelineKey& cli
 {
     const long long pixels = static_cast<long long>(ClipTrimPixel(axis, clip)) - x;
     const long long leadIn = clip.transitionFrames;
-    return Amount(std::max(PixelsToFrames(axis, pixels), -leadIn));
+    return Amount(std::max(axis.PixelsToFrames(pixels), -leadIn));
 }
 
 std::optional<int> EdgeDragAmount(int kind, const FrameAxis& axis, const CTimelineKey& clip, int x)

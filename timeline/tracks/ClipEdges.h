@@ -32,11 +32,9 @@ struct ClipEdgeModes
 class ClipEdges
 {
 public:
-    using KeyVector = CTimelineKeyArray::KeyVector;
-
     /// @p rowHeight and @p clipHeight in pixels. @p searchable: the keys are in frame order and no
     /// clip reaches the next key; else all keys are asked.
-    ClipEdges(const FrameAxis& axis, const KeyVector& keys, bool searchable, int rowHeight,
+    ClipEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, bool searchable, int rowHeight,
               int clipHeight);
 
     /// The edge under @p point. The trim edges of selected clips come first, then the ends of all
@@ -44,7 +42,8 @@ public:
     /// negative answer means no edge. It is not called otherwise.
     ClipEdgeHit HitTest(QPoint point, const ClipEdgeModes& modes,
                         const std::function<int()>& askWhich) const;
-    /// The last selected clip whose lead-in starts at @p point; -1 for none.
+    /// The last selected clip whose lead-in starts at @p point; -1 for none. Costs what is
+    /// selected, however many keys there are.
     int HitTrimEdge(QPoint point) const;
     /// The last clip that ends at @p point; -1 for none.
     int HitEndEdge(QPoint point) const;
@@ -53,7 +52,8 @@ private:
     bool IsInBar(int y) const;
 
     const FrameAxis& m_axis;
-    const KeyVector& m_keys;
+    const CTimelineKeyArray::KeyVector& m_keys;
+    const std::vector<int>& m_selection;
     bool m_searchable;
     int m_rowHeight;
     int m_clipHeight;

@@ -1,11 +1,26 @@
 #include "tracks/TransitionHandles.h"
 
 #include "TimelineEnums.h"
+#include "axis/ClampedInt.h"
 #include "library/TimelineLibrary.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CellGeometry.h"
 
 #include <algorithm>
+
+namespace {
+
+/// The far end of the transition of @p key, if that stood at @p frame.
+int TransitionEndX(const FrameAxis& axis, const CTimelineKey& key, long long frame)
+{
+    if (key.kindMask & TL_KEY_TRANSITION_OUT)
+        return axis.FrameToPixel(frame + key.transitionFrames);
+    if (key.kindMask & TL_KEY_TRANSITION_IN)
+        return axis.FrameToPixel(frame - key.transitionFrames);
+    return 0;
+}
+
+} // namespace
 
 TransitionHandles::TransitionHandles(const FrameAxis& axis, const GlyphStyle& style, int rowHeight)
     : m_axis(axis), m_style(style), m_rowHeight(rowHeight)
@@ -14,12 +29,7 @@ TransitionHandles::TransitionHandles(const FrameAxis& axis, const GlyphStyle& st
 
 int TransitionHandles::EndX(const DisplayKey& key) const
 {
-    const long long frames = key.key->transitionFrames;
-    if (key.HasMask(TL_KEY_TRANSITION_OUT))
-        return m_axis.FrameToPixel(key.frame + frames);
-    if (key.HasMask(TL_KEY_TRANSITION_IN))
-        return m_axis.FrameToPixel(key.frame - frames);
-    return 0;
+    return TransitionEndX(m_axis, *key.key, key.frame);
 }
 
 QRect TransitionHandles::Box(const DisplayKey& key) const
@@ -56,4 +66,15 @@ int TransitionHandles::Find(const CTimelineKeyArray& keys, const KeyFacts& facts
         }
     }
     return -1;
+}
+
+std::optional<int> TransitionDragAmount(const FrameAxis& axis, const CTimelineKey& key, int x)
+{
+    const bool isOut = key.kindMask & TL_KEY_TRANSITION_OUT;
+    if (!isOut && !(key.kindMask & TL_KEY_TRANSITION_IN))
+        return std::nullopt;
+    const long long outwards = static_cast<long long>(x) - TransitionEndX(axis, key, key.frame);
+    const long long amount = std::max(axis.PixelsToFrames(isOut ? outwards : -outwards),
+                                      -static_cast<long long>(key.transitionFrames));
+    return amount == 0 ? std::nullopt : std::optional<int>(ClampedInt(amount));
 }

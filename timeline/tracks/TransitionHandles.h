@@ -6,6 +6,8 @@
 #include <QPoint>
 #include <QRect>
 
+#include <optional>
+
 /// Where a transition row draws the handles at the far ends of its transitions. Positions are
 /// pixels from the row's corner.
 class TransitionHandles
@@ -27,3 +29,8 @@ private:
     GlyphStyle m_style;
     int m_rowHeight;
 };
+
+/// Frames to add to the key's transition for its handle to follow the pointer to @p x, a pixel of
+/// the row; the transition never becomes negative. No value when nothing changes, and for a key
+/// without a transition.
+std::optional<int> TransitionDragAmount(const FrameAxis& axis, const CTimelineKey& key, int x);
