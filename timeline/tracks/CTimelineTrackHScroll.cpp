@@ -3,6 +3,9 @@
 #include "model/MessageCodes.h"
 #include "tracks/StripPainter.h"
 
+#include <QMouseEvent>
+#include <QPointer>
+
 namespace {
 
 constexpr int kInitialWidth = 10;
@@ -12,6 +15,16 @@ constexpr int kThumbBrush = 9;
 QRect RectOf(const ScrollThumb::Thumb& thumb)
 {
     return QRect(QPoint(thumb.left, thumb.top), QPoint(thumb.right, thumb.bottom));
+}
+
+bool IsEdge(ScrollThumb::DragMode mode)
+{
+    return mode == ScrollThumb::kLeftEdge || mode == ScrollThumb::kRightEdge;
+}
+
+bool IsPage(ScrollThumb::DragMode mode)
+{
+    return mode == ScrollThumb::kPageLeft || mode == ScrollThumb::kPageRight;
 }
 
 } // namespace
@@ -127,4 +140,87 @@ void CTimelineTrackHScroll::SetScrollInfo(float left, float right)
 {
     if (Thumb().SetScrollInfo(left, right))
         Send(kTrackViewChanged);
+}
+
+void CTimelineTrackHScroll::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackHScroll> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (event->button() == Qt::LeftButton)
+        Press(event->pos());
+    if (self)
+        QWidget::mousePressEvent(event);
+}
+
+void CTimelineTrackHScroll::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackHScroll> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    // The button may have gone up outside of every window of ours, without a release.
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        EndGesture();
+    const ScrollThumb::DragMode mode = m_thumb.GetDragMode();
+    if (mode == ScrollThumb::kBody || IsEdge(mode))
+        DragTo(event->x());
+    else
+        ShowCursorAt(event->pos());
+    if (self)
+        QWidget::mouseMoveEvent(event);
+}
+
+void CTimelineTrackHScroll::mouseReleaseEvent(QMouseEvent* event)
+{
+    const OpenGesture::Handling handling(Gesture());
+    EndGesture();
+    unsetCursor();
+    QWidget::mouseReleaseEvent(event);
+}
+
+/// Qt's own handling makes the second press of a double click an ordinary one: fast clicks page on.
+void CTimelineTrackHScroll::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QWidget::mouseDoubleClickEvent(event);
+}
+
+void CTimelineTrackHScroll::Press(QPoint point)
+{
+    const QPointer<CTimelineTrackHScroll> self(this);
+    EndGesture();
+    Send(kTrackPressed);
+    if (!self || !GetOwner())
+        return;
+    const ScrollThumb::DragMode mode = Thumb().HitTest(point.x(), point.y());
+    m_thumb.BeginDrag(mode, point.x());
+    Gesture().Begin();
+    if (IsEdge(mode))
+        setCursor(Qt::SizeHorCursor);
+    if (!IsPage(mode))
+        return;
+    m_thumb.Page(point.x());
+    Send(kTrackViewChanged);
+}
+
+void CTimelineTrackHScroll::DragTo(int x)
+{
+    if (IsEdge(m_thumb.GetDragMode()))
+        setCursor(Qt::SizeHorCursor);
+    Thumb().DragTo(x);
+    Send(kTrackViewChanged);
+}
+
+void CTimelineTrackHScroll::ShowCursorAt(QPoint point)
+{
+    if (IsEdge(Thumb().HitTest(point.x(), point.y())))
+        setCursor(Qt::SizeHorCursor);
+    else
+        unsetCursor();
+}
+
+void CTimelineTrackHScroll::EndGesture()
+{
+    if (!Gesture().IsOn())
+        return;
+    m_thumb.EndDrag();
+    Gesture().End();
+    unsetCursor();
 }

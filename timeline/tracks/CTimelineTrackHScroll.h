@@ -4,7 +4,8 @@
 #include "tracks/CTimelineTrackBase.h"
 
 /// The scroll bar and zoom control under the timeline: a shell around ScrollThumb that hands it the
-/// widget's size and announces changes of the view with message 1201.
+/// widget's size and the mouse, and announces changes of the view with message 1201. The thumb's
+/// body scrolls, its edges zoom, a press beside it pages.
 class CTimelineTrackHScroll : public CTimelineTrackBase
 {
     Q_OBJECT
@@ -40,8 +41,18 @@ public:
     void SetScrollInfo(float left, float right);
     /// The thumb in the row's own pixels, edges inclusive.
     const ScrollThumb::Thumb& GetThumb() const { return m_thumb.GetThumb(); }
+    void EndGesture() override;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    void Press(QPoint point);
+    void DragTo(int x);
+    void ShowCursorAt(QPoint point);
     void FitToWidget(ScrollThumb& thumb) const;
     /// The arithmetic, brought up to the widget's present size; a copy of it where nothing is to
     /// change.

@@ -1,8 +1,14 @@
 #include "tracks/CTimelineTrackTick.h"
 
 #include "library/TimelineLibrary.h"
-#include "tracks/RangeMarkers.h"
+#include "model/MessageCodes.h"
 #include "tracks/RulerPainter.h"
+
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -22,8 +28,7 @@ bool CTimelineTrackTick::Init(QWidget* parent)
 
 void CTimelineTrackTick::SetTimeMark(int start, int end)
 {
-    m_timeMarkStart = start;
-    m_timeMarkEnd = end;
+    m_timeMark = {start, end};
 }
 
 void CTimelineTrackTick::DrawTrack(QPainter* painter, QRect rect)
@@ -33,7 +38,7 @@ void CTimelineTrackTick::DrawTrack(QPainter* painter, QRect rect)
     const auto* style = StyleAs<TickTrackStyle>();
     RulerPainter ruler(*painter, rect, style ? *style : plain, Axis(),
                        TimelineLibrary::Instance().images);
-    ruler.Paint(m_timeMarkStart, m_timeMarkEnd);
+    ruler.Paint(m_timeMark.start, m_timeMark.end);
 }
 
 int CTimelineTrackTick::HitTestRangeMarker(QPoint point)
@@ -44,9 +49,9 @@ int CTimelineTrackTick::HitTestRangeMarker(QPoint point)
         return point.x() >= left && point.x() < left + size.width() && point.y() >= 0 &&
                point.y() < size.height();
     };
-    if (hits(1LL * FrameToPixel(m_timeMarkEnd + 1LL) - size.width()))
+    if (hits(1LL * FrameToPixel(m_timeMark.end + 1LL) - size.width()))
         return kEndMarker;
-    if (hits(FrameToPixel(m_timeMarkStart)))
+    if (hits(FrameToPixel(m_timeMark.start)))
         return kStartMarker;
     return kNoMarker;
 }
@@ -59,4 +64,118 @@ bool CTimelineTrackTick::HitTestCurrentFrame(QPoint point) const
     const long long first = axis.FrameToPixel(axis.currentFrame);
     const long long last = first + axis.info.pixelsPerFrame;
     return point.x() >= first && point.x() <= last && point.y() >= 0 && point.y() < GetRowHeight();
+}
+
+// The host may delete the window in any answer to a message. What goes on after one asks first.
+
+void CTimelineTrackTick::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTick> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (event->button() == Qt::LeftButton)
+        Press(event->pos());
+    if (self)
+        QWidget::mousePressEvent(event);
+}
+
+void CTimelineTrackTick::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTick> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    // The button may have gone up outside of every window of ours, without a release.
+    const bool released =
+        event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton);
+    if (released)
+        EndGesture();
+    else
+        DragTo(event->x());
+    if (self)
+        QWidget::mouseMoveEvent(event);
+}
+
+void CTimelineTrackTick::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<CTimelineTrackTick> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (event->button() == Qt::LeftButton)
+        EndGesture();
+    if (self)
+        QWidget::mouseReleaseEvent(event);
+}
+
+void CTimelineTrackTick::Press(QPoint point)
+{
+    const QPointer<CTimelineTrackTick> self(this);
+    EndGesture();
+    if (self)
+        Send(kTrackPressed);
+    if (!self || !GetOwner())
+        return;
+    const int marker = HitTestRangeMarker(point);
+    if (marker == kNoMarker || HitTestCurrentFrame(point))
+        GrabCurrentFrame(point.x());
+    else
+        GrabMarker(marker);
+}
+
+void CTimelineTrackTick::GrabMarker(int marker)
+{
+    m_held.HoldMarker(marker);
+    Gesture().Begin();
+    SendMarker(kTrackTimeMarkMoved, marker);
+}
+
+void CTimelineTrackTick::GrabCurrentFrame(int x)
+{
+    m_held.HoldCurrentFrame();
+    Gesture().Begin();
+    MoveCurrentFrame(x);
+}
+
+void CTimelineTrackTick::DragTo(int x)
+{
+    switch (m_held.Holds()) {
+    case RulerGesture::Hold::kNothing:
+        return;
+    case RulerGesture::Hold::kCurrentFrame:
+        MoveCurrentFrame(x);
+        return;
+    case RulerGesture::Hold::kMarker:
+        m_timeMark.Drag(m_held.Marker(), ValidFrameAt(x));
+        SendMarker(kTrackTimeMarkMoved, m_held.Marker());
+        return;
+    }
+}
+
+void CTimelineTrackTick::EndGesture()
+{
+    if (!m_held.IsOn())
+        return;
+    const QPointer<CTimelineTrackTick> self(this);
+    const RulerGesture held = std::exchange(m_held, {});
+    Gesture().End();
+    clearFocus();
+    if (!self)
+        return;
+    if (held.Holds() == RulerGesture::Hold::kMarker)
+        SendMarker(kTrackTimeMarkSet, held.Marker());
+    else
+        Send(kTrackFrameSet);
+}
+
+/// The frame at @p x, at least 0 and then at most the last one; -1 without any frame.
+int CTimelineTrackTick::ValidFrameAt(int x) const
+{
+    return std::min(std::max(PixelToFrame(x), 0), std::max(Axis().frameCount, 0) - 1);
+}
+
+void CTimelineTrackTick::MoveCurrentFrame(int x)
+{
+    Axis().currentFrame = ValidFrameAt(x);
+    Send(kTrackFrameMoved);
+}
+
+void CTimelineTrackTick::SendMarker(int code, int marker)
+{
+    Send(code, QVariant(marker), QVariant(m_timeMark.FrameOf(marker)));
 }

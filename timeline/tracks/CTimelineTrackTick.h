@@ -1,8 +1,10 @@
 #pragma once
 
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/RulerGesture.h"
 
-/// The frame ruler: ticks, frame numbers, the time-mark markers and the current frame.
+/// The frame ruler: ticks, frame numbers, the time-mark markers and the current frame. The left
+/// button drags either marker, or the current frame from anywhere else.
 class CTimelineTrackTick : public CTimelineTrackBase
 {
     Q_OBJECT
@@ -16,13 +18,27 @@ public:
     /// Whether @p point is in the cell of the current frame, both of its edges included. Never in
     /// frames-per-pixel mode, where a frame has no cell.
     bool HitTestCurrentFrame(QPoint point) const;
+    void EndGesture() override;
 
-    int TimeMarkStart() const { return m_timeMarkStart; }
-    int TimeMarkEnd() const { return m_timeMarkEnd; }
+    int TimeMarkStart() const { return m_timeMark.start; }
+    int TimeMarkEnd() const { return m_timeMark.end; }
     /// Stores both frames as they are, in any order and beyond the axis.
     void SetTimeMark(int start, int end);
 
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
 private:
-    int m_timeMarkStart = 0;
-    int m_timeMarkEnd = 1;
+    void Press(QPoint point);
+    void GrabMarker(int marker);
+    void GrabCurrentFrame(int x);
+    void DragTo(int x);
+    int ValidFrameAt(int x) const;
+    void MoveCurrentFrame(int x);
+    void SendMarker(int code, int marker);
+
+    TimeMark m_timeMark;
+    RulerGesture m_held;
 };
