@@ -26,6 +26,7 @@ void CTimelineContainer::Attach(CTimelineTrackBase* track)
 /// parking widget keeps it alive for the next time.
 void CTimelineContainer::Detach(CTimelineTrackBase* track, QWidget* parking)
 {
+    m_keyDrag.Forget(track);
     track->hide();
     track->SetAttached(false);
     track->setParent(parking);

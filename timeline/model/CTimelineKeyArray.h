@@ -61,6 +61,10 @@ public:
     /// frame order; if a host wrote frames of its keys in place, the keys are indeed added one by
     /// one. Null keys are passed over.
     void AddKeys(const KeyVector& keys, bool replace);
+    /// Adds many keys and selects them: leaves exactly what adding each without replacement, and
+    /// selecting it by the index that Add gave, leaves, one after the other. A locked key is added
+    /// only. Takes the time of AddKeys.
+    void AddSelected(const KeyVector& keys);
     /// Index of the first (@p first true) or last key at exactly @p frame; -1 if there is none.
     int HitKey(int frame, bool first) const;
     /// Index of the clip whose drawn range, start to start + display length, contains @p frame; -1
@@ -76,6 +80,9 @@ public:
     /// Finds @p key itself (its first place, if it stands at several) and takes it out as above; a
     /// key that is not in the array, or null, changes nothing.
     void RemoveAt(CTimelineKey* key);
+    /// Takes out many keys: leaves exactly what taking them out one by one, in the given order,
+    /// with RemoveAt(CTimelineKey*) leaves. Takes n log n time for n keys of both lists together.
+    void RemoveKeys(const KeyVector& keys);
     /// Releases all keys, and empties the selection, the move set and the related keys.
     void RemoveAll();
     /// The key at @p index, 0 to GetSize() - 1.
@@ -92,6 +99,17 @@ public:
     /// Passes over locked keys (lock state 1), and, unless @p mask is TL_KEY_ANY_KIND, keys whose
     /// kind mask has no bit in common with it. @return false only for an empty array.
     bool SetSelection(int frameA, int frameB, bool select, unsigned int mask);
+    /// Which keys of a frame SelectFramesOf selects.
+    enum class Kinds
+    {
+        Any,
+        Theirs ///< those that have a kind bit in common with a given key of their frame
+    };
+    /// Selects what stands at the frames of @p keys: leaves exactly what SetSelection leaves for
+    /// each of them in turn, from its frame to its frame, with its kind mask or with
+    /// TL_KEY_ANY_KIND. Takes n log n time for n keys of both lists together, as long as the array
+    /// is in frame order.
+    void SelectFramesOf(const KeyVector& keys, Kinds kinds);
     /// The same for the keys from index @p first to @p last, both included, except that @p mask is
     /// not used. @return false if either index is outside 0 to GetSize() - 1; true, without a
     /// change, if @p first is above @p last.
@@ -174,6 +192,7 @@ public:
     const KeyVector& Keys() const { return m_keys; }
     const KeyVector& RelatedKeys() const { return m_relatedKeys; }
     const std::vector<int>& SelectedIndexes() const { return m_selection; }
+    const KeyVector& MoveSet() const { return m_moveSet; }
     /// @}
 
 protected:
