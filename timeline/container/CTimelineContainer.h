@@ -211,6 +211,7 @@ protected:
 private:
     bool OnTrackDrop(QDropEvent* event, CTimelineTrackBase* track) override;
     bool OnTrackDragCheck(QDropEvent* event, CTimelineTrackBase* track, int frame) override;
+    bool MayBeDropped(const QString& path, CTimelineTrackBase* track, int frame);
 
     template <class Track>
     bool CreateFixedTrack(Track*& track);

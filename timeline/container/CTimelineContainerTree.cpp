@@ -249,8 +249,13 @@ void CTimelineContainer::SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase
     const CallOut callOut;
     const QPointer<CTimelineContainer> self(this);
     const QPointer<CTimelineTrackBase> alive(track);
+    const bool wasShown = track->GetOwner() != nullptr;
+    const auto isThere = [&] { return self && alive && (!wasShown || alive->GetOwner()); };
     ActivateTrack(track);
-    if (!self || !ClearKeySelectionExcept(track) || !alive)
+    if (!isThere())
+        return;
+    ClearKeySelectionExcept(track);
+    if (!isThere())
         return;
     const int index = track->Keys().HitKey(GetCurrentFrame(), true);
     if (index < 0)

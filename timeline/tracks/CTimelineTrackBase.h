@@ -56,8 +56,9 @@ public:
     virtual int HitTestRangeMarker(QPoint point);
     /// Paints the kind's keys and gives the widget the size of @p rect.
     virtual void DrawKeys(QPainter* painter, QRect rect);
-    /// To open the menu of the right button at @p globalPoint (screen coordinates); the base does
-    /// nothing.
+    /// Does what a press at @p globalPoint (screen coordinates) does to selection and current
+    /// frame, then lets the host fill a menu, opens it there and reports what was chosen. Returns
+    /// when the menu is closed: whatever the host did meanwhile, the track itself may be gone.
     virtual void BuildContextMenu(QPoint globalPoint);
 
     /// Ends the gesture that is under way as a release of the button at the pointer's last place

@@ -1,25 +1,50 @@
-// Files that are dragged over a row and dropped on it.
+// Files that are dragged over a row and dropped on it. What may be dropped, and what a drop does,
+// is the owner's to say.
 
 #include "tracks/CTimelineTrackBase.h"
 
+#include "library/TimelineLibrary.h"
+#include "tracks/CTimelineTrackBaseInterface.h"
+#include "tracks/TrackMessenger.h"
+
 #include <QDropEvent>
 
+#include <algorithm>
+
+// Each move asks anew, so that the answer can change along the row; entering only opens the way.
 void CTimelineTrackBase::dragEnterEvent(QDragEnterEvent* event)
 {
-    QWidget::dragEnterEvent(event);
-}
-
-void CTimelineTrackBase::dragMoveEvent(QDragMoveEvent* event)
-{
-    QWidget::dragMoveEvent(event);
+    event->accept();
 }
 
 void CTimelineTrackBase::dragLeaveEvent(QDragLeaveEvent* event)
 {
-    QWidget::dragLeaveEvent(event);
+    event->ignore();
+}
+
+void CTimelineTrackBase::dragMoveEvent(QDragMoveEvent* event)
+{
+    const TrackMessenger messages(*this);
+    const OpenGesture::Handling handling(Gesture());
+    const bool isAccepted =
+        messages.IsThere() &&
+        m_owner->OnTrackDragCheck(event, m_trackId, PixelToFrame(event->pos().x()));
+    event->setAccepted(isAccepted && messages.IsThere());
 }
 
 void CTimelineTrackBase::dropEvent(QDropEvent* event)
 {
-    QWidget::dropEvent(event);
+    TrackMessenger messages(*this);
+    const OpenGesture::Handling handling(Gesture());
+    event->ignore();
+    if (!messages.IsThere())
+        return;
+    const int last = std::max(Axis().frameCount - 1, 0);
+    Axis().currentFrame = std::clamp(PixelToFrame(event->pos().x()), 0, last);
+    if (!messages.SendCurrentFrame())
+        return;
+    // The file goes to the active track.
+    if (!IsActive() && !messages.Send(kTrackPressed))
+        return;
+    event->setAccepted(m_owner->OnTrackDrop(event, m_trackId));
 }
