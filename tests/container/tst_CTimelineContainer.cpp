@@ -69,7 +69,7 @@ private slots:
         QVERIFY(!container.ScrollTrack());
         QVERIFY(!container.HasOwner());
         QVERIFY(container.Tree().Records().empty());
-        QVERIFY(container.children().isEmpty());
+        QVERIFY(container.findChildren<QWidget*>().isEmpty());
     }
 
     void takesNoDropsItself() { QVERIFY(!Container().acceptDrops()); }

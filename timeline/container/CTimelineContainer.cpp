@@ -2,6 +2,7 @@
 
 #include "CTimelineWndBase.h"
 #include "container/CTimelineContainerInterface.h"
+#include "container/Hotkeys.h"
 #include "container/QTimelineCaptionArea.h"
 #include "container/TrackMessageDispatch.h"
 #include "library/CallOut.h"
@@ -19,11 +20,13 @@ constexpr int kFixedTrackStyle = 1;
 
 CTimelineContainer::CTimelineContainer(CTimelineWndBase* window)
     : m_window(window), m_layout(TimelineLibrary::Instance().images),
-      m_captions(TimelineLibrary::Instance().images), m_keyDrag(*this)
+      m_captions(TimelineLibrary::Instance().images),
+      m_captionPress(*this, [this] { CancelCaptionPress(); }), m_keyDrag(*this)
 {
     setSizePolicy(
         QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding, QSizePolicy::DefaultType));
     setAccessibleName(QStringLiteral("CTimelineContainer"));
+    AddHotkeys(*this);
 }
 
 CTimelineContainer::~CTimelineContainer()

@@ -4,10 +4,12 @@
 #include "KestovaExport.h"
 #include "TimelineEnums.h"
 #include "container/CaptionColumn.h"
+#include "container/CaptionPointer.h"
 #include "container/DropFileRules.h"
 #include "container/MultiTrackKeyDrag.h"
 #include "container/RowLayout.h"
 #include "container/TrackTree.h"
+#include "library/OpenGesture.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 
 #include <QMutex>
@@ -175,6 +177,7 @@ public:
     CTimelineTrackHScroll* ScrollTrack() const { return m_scrollTrack; }
     const RowLayout& Rows() const { return m_layout; }
     const CaptionColumn& Captions() const { return m_captions; }
+    const CaptionPointer& Pointer() const { return m_captionPointer; }
     /// As large as the widget was when it was last shown, and white; null before that and after a
     /// resize.
     const QPixmap* BackBuffer() const { return m_backBuffer.get(); }
@@ -196,6 +199,20 @@ public:
     /// @return whether the container outlived the call, as the next two do.
     bool NotifyTimelineRefreshed();
 
+public slots:
+    // What the keyboard shortcuts do, see Hotkeys. Left and right have no key of their own: a host
+    // may connect them to one. The order is that of the meta object.
+    void OnHKShiftTab(); ///< selects the previous key of the active child
+    void OnHKTab();      ///< selects the next key of the active child
+    void OnHKRight();    ///< goes one frame on
+    void OnHKLeft();     ///< goes one frame back
+    void OnHKEnd();      ///< goes to the last frame
+    void OnHKHome();     ///< goes to frame 0
+    void OnHKPlus();     ///< zooms in; like the next three, tells the window in any case
+    void OnHKMinus();    ///< zooms out
+    void OnHKAsterisk(); ///< brings all frames into view
+    void OnHKSlash();    ///< zooms in as far as it goes
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -207,6 +224,7 @@ protected:
     void enterEvent(QEvent* event) override;
     void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     bool OnTrackDrop(QDropEvent* event, CTimelineTrackBase* track) override;
@@ -221,6 +239,8 @@ private:
     bool UpdateAndNotify();
     bool ResizeAndNotify(int layoutHeight);
     bool FocusContainer();
+    bool CancelCaptionPress();
+    void SelectRow(CTimelineTrackBase* track, bool keepOthers);
     void Paint(QPainter& painter);
     int PaintRow(QPainter& painter, CTimelineTrackBase& track, int y);
 
@@ -231,6 +251,8 @@ private:
     TrackTree m_tree;
     RowLayout m_layout;
     CaptionColumn m_captions;
+    CaptionPointer m_captionPointer;
+    OpenGesture m_captionPress; ///< a caption button is down
     DropFileRules m_dropRules;
     MultiTrackKeyDrag m_keyDrag;
     std::unique_ptr<QPixmap> m_backBuffer;

@@ -58,6 +58,7 @@ bool CTimelineContainer::Layout(bool fit)
     const DepthGuard guard(this, m_layoutDepth);
     if (!m_captionArea) {
         m_captionArea = new QTimelineCaptionArea(this);
+        m_captionArea->installEventFilter(this);
         m_captionArea->show();
     }
     m_scrollTrack->raise();

@@ -1,5 +1,6 @@
 #include "container/CaptionColumn.h"
 
+#include "container/CaptionButtons.h"
 #include "skin/ImageTables.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/ShapedTexts.h"
@@ -12,8 +13,6 @@
 
 namespace {
 
-constexpr int kPushButton = 0;
-constexpr int kToggleButton = 1;
 constexpr int kRememberedTexts = 4096;
 constexpr std::size_t kRememberedFonts = 32;
 
@@ -40,6 +39,19 @@ int WithinReach(int x)
 {
     constexpr int kReach = 1 << 20;
     return std::clamp(x, -kReach, kReach);
+}
+
+/// The second component of the text position is the box's right edge, not a vertical place.
+QRect TextBox(const CaptionStyle& caption, int y, int h)
+{
+    return QRect(QPoint(WithinReach(caption.textPos.x()), y),
+                 QPoint(WithinReach(caption.textPos.y()) - 1, y + h - 1));
+}
+
+/// Whether what is painted shows anything left of column @p right.
+bool IsExposedLeftOf(const QPainter& painter, int right)
+{
+    return !painter.hasClipping() || painter.clipBoundingRect().left() < right;
 }
 
 int SingleLineWidth(const QFontMetrics& metrics, const QString& text)
@@ -120,6 +132,19 @@ const QPixmap& CaptionColumn::ButtonPicture(const CaptionButtonStyle& button) co
     return m_images.Picture(-1, -1);
 }
 
+QPoint CaptionColumn::ButtonCorner(const CaptionButtonStyle& button, int y, int h) const
+{
+    return QPoint(WithinReach(button.position), y + (h - ButtonPicture(button).height()) / 2);
+}
+
+QRect CaptionColumn::ButtonHitRect(const CaptionButtonStyle& button, int y, int h) const
+{
+    const QPixmap& picture = ButtonPicture(button);
+    if (picture.isNull())
+        return QRect();
+    return QRect(ButtonCorner(button, y, h), picture.size() + QSize(1, 1));
+}
+
 void CaptionColumn::PaintWaveGround(QPainter& painter, const WaveTrackStyle& wave,
                                     const QRect& rect) const
 {
@@ -138,7 +163,7 @@ void CaptionColumn::PaintWaveGround(QPainter& painter, const WaveTrackStyle& wav
 }
 
 void CaptionColumn::PaintText(QPainter& painter, const CTimelineTrackBase& track,
-                              const CaptionStyle& caption, int y, int h)
+                              const CaptionStyle& caption, const QRect& box)
 {
     const CTimelineTrackBase* parent = track.GetParentTrack();
     const bool focused = track.IsActive() && parent && parent->IsActive();
@@ -147,17 +172,21 @@ void CaptionColumn::PaintText(QPainter& painter, const CTimelineTrackBase& track
     painter.setFont(font);
     painter.setPen((focused ? caption.textColourFocus : caption.textColour).ToColor());
 
-    // The second component of the text position is the box's right edge, not a vertical place.
-    const QRect box(QPoint(WithinReach(caption.textPos.x()), y),
-                    QPoint(WithinReach(caption.textPos.y()) - 1, y + h - 1));
-    m_tooltipAreas.push_back({box, track.GetCaption()});
-    m_tooltipRegion |= box;
-
     const int pointSize = QFontInfo(painter.font()).pointSize();
     const int baseline =
         box.top() + static_cast<int>((box.bottom() - box.top() - pointSize) * 0.5) + pointSize;
     ShapedTexts::For(painter).Draw(painter, QPoint(box.left(), baseline),
                                    ShownText(track.GetCaption(), painter, box.width()));
+}
+
+int CaptionColumn::ColumnsPainted(const TrackStyle& style, const QPixmap& picture,
+                                  const QRect& textBox) const
+{
+    // The dots of a text that fits into no box, and a slanted last letter, go a little beyond it.
+    int columns = std::max(picture.width(), textBox.right() + 1 + textBox.height());
+    for (const CaptionButtonStyle& button : style.captionButtons)
+        columns = std::max(columns, WithinReach(button.position) + ButtonPicture(button).width());
+    return columns;
 }
 
 void CaptionColumn::PaintRow(QPainter& painter, const CTimelineTrackBase& track, int y, int h)
@@ -166,18 +195,23 @@ void CaptionColumn::PaintRow(QPainter& painter, const CTimelineTrackBase& track,
     if (!style)
         return;
     const CaptionStyle& caption = style->caption;
+    const QRect textBox = TextBox(caption, y, h);
+    const bool hasText = !track.GetCaption().isEmpty();
+    if (hasText) {
+        m_tooltipAreas.push_back({textBox, track.GetCaption()});
+        m_tooltipRegion |= textBox;
+    }
+    // While the current frame moves only strips of the rows are painted again.
     const QPixmap& picture = CaptionPicture(track);
+    if (!IsExposedLeftOf(painter, ColumnsPainted(*style, picture, textBox)))
+        return;
+
     if (const auto* wave = dynamic_cast<const WaveTrackStyle*>(style))
         PaintWaveGround(painter, *wave, QRect(0, y, picture.width(), h));
     else
         painter.drawPixmap(0, y, picture);
-
-    if (!track.GetCaption().isEmpty())
-        PaintText(painter, track, caption, y, h);
-
-    for (const CaptionButtonStyle& button : style->captionButtons) {
-        const QPixmap& buttonPicture = ButtonPicture(button);
-        painter.drawPixmap(WithinReach(button.position), y + (h - buttonPicture.height()) / 2,
-                           buttonPicture);
-    }
+    if (hasText)
+        PaintText(painter, track, caption, textBox);
+    for (const CaptionButtonStyle& button : style->captionButtons)
+        painter.drawPixmap(ButtonCorner(button, y, h), ButtonPicture(button));
 }

@@ -13,6 +13,7 @@ class QFontMetrics;
 class QPainter;
 struct CaptionButtonStyle;
 struct CaptionStyle;
+struct TrackStyle;
 struct WaveTrackStyle;
 class QPixmap;
 
@@ -35,7 +36,9 @@ public:
     const QPixmap& CaptionPicture(const CTimelineTrackBase& track) const;
 
     void BeginPaint(); ///< forgets the tooltips of the paint before
-    /// Paints the caption of @p track in the row that starts at y and is h pixels high.
+    /// Paints the caption of @p track in the row that starts at y and is h pixels high. With a clip
+    /// set that lies beyond the column nothing is painted, but the tooltip is remembered all the
+    /// same.
     void PaintRow(QPainter& painter, const CTimelineTrackBase& track, int y, int h);
 
     /// The full caption at @p point of the column; empty for none.
@@ -48,11 +51,17 @@ public:
 
     /// The picture of a button in its present state; an empty one for a type without pictures.
     const QPixmap& ButtonPicture(const CaptionButtonStyle& button) const;
+    /// Where the mouse hits the button in a row that starts at y and is h pixels high: its picture
+    /// and one pixel more to the right and below. Empty for a button without a picture.
+    QRect ButtonHitRect(const CaptionButtonStyle& button, int y, int h) const;
 
 private:
+    QPoint ButtonCorner(const CaptionButtonStyle& button, int y, int h) const;
+    /// The first column right of all that the caption of @p style shows.
+    int ColumnsPainted(const TrackStyle& style, const QPixmap& picture, const QRect& textBox) const;
     void PaintWaveGround(QPainter& painter, const WaveTrackStyle& wave, const QRect& rect) const;
     void PaintText(QPainter& painter, const CTimelineTrackBase& track, const CaptionStyle& caption,
-                   int y, int h);
+                   const QRect& box);
     const QString& ShownText(const QString& caption, const QPainter& painter, int width);
 
     const ImageTables& m_images;

@@ -94,6 +94,20 @@ constexpr Rule kRules[] = {
 };
 // clang-format on
 
+int FrameCount()
+{
+    return TimelineLibrary::Instance().axis.frameCount;
+}
+
+/// Those in the frames of the timeline, of the key at @p index if it is there and has any.
+void SelectAllSubKeys(const CTimelineKeyArray& keys, int index)
+{
+    if (static_cast<std::size_t>(index) >= keys.GetSize())
+        return;
+    if (const auto subKeys = keys.GetAt(index)->subKeys)
+        subKeys->SetSelection(0, FrameCount(), true, TL_KEY_ANY_KIND);
+}
+
 } // namespace
 
 bool CanDoTrackEdit(const CTimelineContainer& container, TLEditType type, CTimelineTrackBase* track)
@@ -135,19 +149,27 @@ void SelectAllKeys(CTimelineContainer& container, CTimelineTrackBase& track)
     track.ClearRangeOrSubSelection();
     if (!there || !alive)
         return;
-    const int lastFrame = TimelineLibrary::Instance().axis.frameCount;
     CTimelineKeyArray& keys = track.Keys();
     if (track.HasEditMode(TL_EDIT_SUB_KEYS)) {
-        for (const int index : keys.SelectedIndexes()) {
-            if (static_cast<std::size_t>(index) >= keys.GetSize())
-                continue;
-            const VZ::CPointer<CTimelineKey> clip = keys.GetAt(index);
-            if (clip->subKeys)
-                clip->subKeys->SetSelection(0, lastFrame, true, TL_KEY_ANY_KIND);
-        }
+        for (const int index : keys.SelectedIndexes())
+            SelectAllSubKeys(keys, index);
     } else {
-        keys.SetSelection(0, lastFrame, true, TL_KEY_ANY_KIND);
+        keys.SetSelection(0, FrameCount(), true, TL_KEY_ANY_KIND);
     }
-    container.OnTrackMessage(kTrackSelectionChanged, &track, 0, QVariant(0), QVariant(0),
-                             QVariant(0));
+    track.Send(kTrackSelectionChanged);
+}
+
+void SelectRowKeys(CTimelineContainer& container, CTimelineTrackBase& track)
+{
+    if (track.GetTrackType() != TL_TRACK_VISEME_KEY) {
+        SelectAllKeys(container, track);
+        return;
+    }
+    CTimelineKeyArray& keys = track.Keys();
+    if (keys.GetSize() == 0)
+        return;
+    if (const auto subKeys = keys.GetAt(0)->subKeys)
+        subKeys->ClearAllSelection();
+    SelectAllSubKeys(keys, 0);
+    keys.SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
 }

@@ -15,5 +15,10 @@ bool CanDoTrackEdit(const CTimelineContainer& container, TLEditType type,
 bool DoTrackEdit(CTimelineContainer& container, TLEditType type, CTimelineTrackBase* track);
 
 /// Selects every key of the track in frames 0 to the frame count, on a track in sub-key editing the
-/// sub-keys of its selected clips, after the time range was cleared; then reports the change.
+/// sub-keys of its selected clips, after the time range was cleared; then the track reports the
+/// change, if it is shown.
 void SelectAllKeys(CTimelineContainer& container, CTimelineTrackBase& track);
+
+/// What a double click on the caption of @p track selects: all keys, but on the lips track only the
+/// first key, with all sub-keys that it may have, and nobody is told.
+void SelectRowKeys(CTimelineContainer& container, CTimelineTrackBase& track);

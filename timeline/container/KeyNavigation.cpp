@@ -9,16 +9,12 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 using KeyPointer = VZ::CPointer<CTimelineKey>;
 using ArrayPointer = VZ::CPointer<CTimelineKeyArray>;
-
-void Report(CTimelineContainer& container, int code, CTimelineTrackBase* track)
-{
-    container.OnTrackMessage(code, track, 0, QVariant(0), QVariant(0), QVariant(0));
-}
 
 bool HasSubKeys(const CTimelineKey& key)
 {
@@ -32,19 +28,18 @@ bool NavigatesSubKeys(const CTimelineTrackBase& track)
            HasSubKeys(*keys.Keys().front());
 }
 
-/// The clip whose sub-keys are walked, or null.
+/// The clip whose sub-keys are walked; there is one where NavigatesSubKeys.
 KeyPointer NavigatedClip(const CTimelineTrackBase& track)
 {
     const CTimelineKeyArray& keys = track.Keys();
-    const std::vector<int>& selection = keys.SelectedIndexes();
-    if (!selection.empty() && static_cast<std::size_t>(selection.front()) < keys.GetSize()) {
-        const KeyPointer clip = keys.GetAt(selection.front());
+    for (const int index : keys.SelectedIndexes()) {
+        if (static_cast<std::size_t>(index) >= keys.GetSize())
+            break;
+        const KeyPointer clip = keys.GetAt(index);
         if (HasSubKeys(*clip))
             return clip;
     }
-    const auto found = std::find_if(keys.Keys().begin(), keys.Keys().end(),
-                                    [](const KeyPointer& key) { return HasSubKeys(*key); });
-    return found == keys.Keys().end() ? KeyPointer() : *found;
+    return keys.Keys().front();
 }
 
 int IndexOf(const CTimelineKeyArray& keys, const CTimelineKey* key)
@@ -55,13 +50,20 @@ int IndexOf(const CTimelineKeyArray& keys, const CTimelineKey* key)
     return found == all.end() ? -1 : static_cast<int>(found - all.begin());
 }
 
+int ToFrame(long long frame)
+{
+    constexpr long long kFirst = std::numeric_limits<int>::min();
+    constexpr long long kLast = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(frame, kFirst, kLast));
+}
+
 /// What is walked: a track's own keys, or the sub-keys of one of its clips, whose frames count from
 /// the clip's. It keeps its keys alive while the host is called.
 class Walk
 {
 public:
     Walk(CTimelineContainer& container, CTimelineTrackBase& track)
-        : m_container(&container), m_track(&track)
+        : m_container(&container), m_track(&track), m_owner(track.GetOwner())
     {
         if (!NavigatesSubKeys(track))
             return;
@@ -70,18 +72,26 @@ public:
     }
 
     CTimelineKeyArray& Keys() const { return m_subKeys ? *m_subKeys : m_track->Keys(); }
-    int Offset() const { return m_clip ? m_clip->frame : 0; }
-    int CurrentFrame() const { return m_container->GetCurrentFrame() - Offset(); }
-    /// Host code may have deleted or hidden what is walked.
-    bool IsThere() const { return m_container && m_track && m_track->GetOwner(); }
+    int CurrentFrame() const { return ToFrame(1LL * m_container->GetCurrentFrame() - Offset()); }
+    /// Host code may have deleted or hidden what is walked, or taken the clip away.
+    bool IsThere() const
+    {
+        return m_container && m_track && m_track->GetOwner() == m_owner &&
+               (!m_clip ||
+                (m_clip->subKeys == m_subKeys && IndexOf(m_track->Keys(), m_clip.Get()) >= 0));
+    }
 
-    void Goto(const CTimelineKey& key) { m_container->GotoFrame(key.frame + Offset()); }
+    void Goto(const CTimelineKey& key)
+    {
+        m_container->GotoFrame(ToFrame(1LL * key.frame + Offset()));
+    }
 
-    /// Makes @p key the only selected one and reports it; the key may have moved or gone meanwhile.
+    /// Makes @p key the only selected one and has the track report it, if it is shown; the key may
+    /// have moved or gone meanwhile.
     void Select(const CTimelineKey* key)
     {
         Keys().ClearAllSelection();
-        Report(*m_container, kTrackSelectionCleared, m_track);
+        m_track->Send(kTrackSelectionCleared);
         if (!IsThere())
             return;
         const int index = IndexOf(Keys(), key);
@@ -89,12 +99,15 @@ public:
             return;
         Keys().SelAdd(index);
         Keys().GetAt(index)->selected = true;
-        Report(*m_container, kTrackSelectionChanged, m_track);
+        m_track->Send(kTrackSelectionChanged);
     }
 
 private:
+    int Offset() const { return m_clip ? m_clip->frame : 0; }
+
     QPointer<CTimelineContainer> m_container;
     QPointer<CTimelineTrackBase> m_track;
+    const CTimelineTrackBaseInterface* m_owner;
     KeyPointer m_clip;
     ArrayPointer m_subKeys;
 };

@@ -6,7 +6,7 @@ class CTimelineTrackBase;
 /// Selects the next or previous key of a track and moves the current frame to it. A null track
 /// stands for the active child track. On a track in sub-key editing whose first key carries
 /// sub-keys, the sub-keys of one clip are walked instead: of the selected clip with the lowest
-/// index, or else of the first key that has any.
+/// index, or else of the first key.
 bool CanSelectNeighbourKey(const CTimelineContainer& container, const CTimelineTrackBase* track);
 /// The first key after the current frame, or the first of all; the frame moves before the
 /// selection.
