@@ -22,7 +22,8 @@ std::unordered_set<const CTimelineTrackBase*>& LiveTracks()
 } // namespace
 
 CTimelineTrackBase::CTimelineTrackBase()
-    : m_keys(new CTimelineKeyArray), m_gesture(*this, [this] { EndGesture(); })
+    : m_keys(new CTimelineKeyArray), m_gesture(*this, [this] { EndGesture(); }),
+      m_keyGesture(*this, m_gesture)
 {
     LiveTracks().insert(this);
     setFocusPolicy(Qt::ClickFocus);

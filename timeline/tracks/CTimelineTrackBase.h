@@ -8,6 +8,7 @@
 #include "skin/TrackStyles.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/KeyFacts.h"
+#include "tracks/KeyGesture.h"
 
 #include <QVariant>
 #include <QWidget>
@@ -212,4 +213,5 @@ private:
     bool m_attached = false;
     KeyFacts m_facts;
     OpenGesture m_gesture;
+    KeyGesture m_keyGesture;
 };

@@ -1,27 +1,46 @@
-// The mouse on a row: what the handlers share with no other kind is in KeyGesture.
+// The mouse on a row. What it does is in KeyGesture. Finishing a gesture that was lost, which comes
+// first in each handler, calls the host, which may delete the track.
 
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QMouseEvent>
+#include <QPointer>
 
 void CTimelineTrackBase::mousePressEvent(QMouseEvent* event)
 {
-    QWidget::mousePressEvent(event);
+    const QPointer<CTimelineTrackBase> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self)
+        m_keyGesture.Press(*event);
 }
 
 void CTimelineTrackBase::mouseMoveEvent(QMouseEvent* event)
 {
-    QWidget::mouseMoveEvent(event);
+    const QPointer<CTimelineTrackBase> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self)
+        m_keyGesture.Move(*event);
 }
 
 void CTimelineTrackBase::mouseReleaseEvent(QMouseEvent* event)
 {
-    QWidget::mouseReleaseEvent(event);
+    const QPointer<CTimelineTrackBase> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self)
+        m_keyGesture.Release(*event);
 }
 
 void CTimelineTrackBase::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    QWidget::mouseDoubleClickEvent(event);
+    const QPointer<CTimelineTrackBase> self(this);
+    const OpenGesture::Handling handling(Gesture());
+    if (self)
+        m_keyGesture.DoubleClick(*event);
 }
 
-void CTimelineTrackBase::EndGesture() {}
+void CTimelineTrackBase::EndGesture()
+{
+    // Called by the watch as well, with no handler around it.
+    const CallOut callOut;
+    m_keyGesture.End();
+}
