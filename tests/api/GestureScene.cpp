@@ -28,59 +28,85 @@ void AddClip(CTimelineTrackBase& track, int frame, int length)
     track.Keys().Add(clip, false);
 }
 
-/// The default skin without its comments and without the sections that a scene has no use for: a
-/// track reads the file anew for each of its values, and a test makes very many.
-QString SmallSkin()
+/// The sections of a skin with their lines, comments left out.
+QMap<QByteArray, QByteArrayList> SectionsOf(const QString& path)
+{
+    QMap<QByteArray, QByteArrayList> sections;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return sections;
+    QByteArray current;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (line.startsWith('['))
+            current = line.mid(1, line.indexOf(']') - 1);
+        else if (!line.isEmpty() && !line.startsWith(';'))
+            sections[current] << line;
+    }
+    return sections;
+}
+
+/// Adds the section, and those that its values name.
+void Take(const QMap<QByteArray, QByteArrayList>& sections, const QByteArray& name,
+          QByteArrayList& taken)
+{
+    if (!sections.contains(name) || taken.contains(name))
+        return;
+    taken << name;
+    for (const QByteArray& line : sections[name])
+        Take(sections, line.mid(line.indexOf('=') + 1).trimmed(), taken);
+}
+
+struct RowKind
+{
+    SceneRow row;
+    TL_TRACK_TYPE type;
+    const char* name;
+    const char* section; ///< of the skin, without the style's number
+};
+const RowKind kRowKinds[] = {
+    {ArmRow, TL_TRACK_KEY, "Arm", "KeyTrack"},
+    {LegRow, TL_TRACK_KEY, "Leg", "KeyTrack"},
+    {MotionRow, TL_TRACK_CLIP, "Motion", "ClipTrack"},
+    {SpeechRow, TL_TRACK_CLIP, "Speech", "ClipTrack"},
+    {BlendRow, TL_TRACK_TRANSITION_KEY, "Blend", "TransKeyTrack"},
+    {GazeRow, TL_TRACK_SWITCH, "Gaze", "SwitchTrack"},
+    {LipsRow, TL_TRACK_VISEME_KEY, "Lips", "VisemeKeyTrack"},
+    {LinkRow, TL_TRACK_LINK_KEY, "Link", "LinkKeyTrack"},
+};
+
+/// What the default skin has for these rows: a track reads the whole file anew for each of its
+/// values, and the tests make very many tracks.
+QString SmallSkin(unsigned rows)
 {
     static const QTemporaryDir folder;
-    const QString path = folder.filePath("small.ini");
+    const QString path = folder.filePath(QStringLiteral("%1.ini").arg(rows));
     if (QFile::exists(path))
         return path;
-    QFile whole(KESTOVA_SOURCE_DIR "/skins/default.ini");
-    QFile small(path);
-    if (!whole.open(QIODevice::ReadOnly) || !small.open(QIODevice::WriteOnly))
-        return QString();
-    bool isWanted = true;
-    for (const QByteArray& line : whole.readAll().split('\n')) {
-        const bool isKept = !line.startsWith("[Wave") && !line.startsWith("[WaveTrack") &&
-                            !line.contains("Track3]");
-        if (line.startsWith('['))
-            isWanted = isKept;
-        if (isWanted && !line.isEmpty() && !line.startsWith(';'))
-            small.write(line + '\n');
+    const auto sections = SectionsOf(KESTOVA_SOURCE_DIR "/skins/default.ini");
+    QByteArrayList taken;
+    for (const char* const always : {"TickTrack", "TrackRightMenu", "KeyTrack1", "ClipTrack1"})
+        Take(sections, always, taken);
+    for (const RowKind& kind : kRowKinds) {
+        if (rows & kind.row) {
+            Take(sections, QByteArray(kind.section) + '1', taken);
+            Take(sections, QByteArray(kind.section) + '2', taken);
+        }
     }
+    QFile small(path);
+    if (!small.open(QIODevice::WriteOnly))
+        qFatal("the small skin could not be written");
+    for (const QByteArray& section : taken)
+        small.write('[' + section + "]\n" + sections[section].join('\n') + '\n');
     return path;
 }
 
 } // namespace
 
 GestureScene::GestureScene(unsigned rows)
-    : fixture(QSize(800, 400), SmallSkin()), pointer(&fixture.mainWindow),
-      elsewhere(new QLineEdit(&fixture.mainWindow))
+    : fixture(QSize(800, 400), SmallSkin(rows)), pointer(&fixture.mainWindow),
+      elsewhere(new QLineEdit(&fixture.mainWindow)), m_rows(rows)
 {
     fixture.mainWindow.setMenuWidget(elsewhere);
-    m_body = fixture.Root(TL_TRACK_CLIP, "Body");
-    m_names[m_body] = "Body";
-    struct
-    {
-        SceneRow row;
-        TL_TRACK_TYPE type;
-        const char* name;
-    } const kinds[] = {
-        {ArmRow, TL_TRACK_KEY, "Arm"},
-        {LegRow, TL_TRACK_KEY, "Leg"},
-        {MotionRow, TL_TRACK_CLIP, "Motion"},
-        {SpeechRow, TL_TRACK_CLIP, "Speech"},
-        {BlendRow, TL_TRACK_TRANSITION_KEY, "Blend"},
-        {GazeRow, TL_TRACK_SWITCH, "Gaze"},
-        {LipsRow, TL_TRACK_VISEME_KEY, "Lips"},
-        {LinkRow, TL_TRACK_LINK_KEY, "Link"},
-    };
-    for (const auto& kind : kinds) {
-        if (rows & kind.row)
-            Add(kind.row, kind.type, kind.name);
-    }
-    fixture.Settle();
 }
 
 GestureScene::~GestureScene()
@@ -90,11 +116,38 @@ GestureScene::~GestureScene()
         fixture.factory.window->reaction = nullptr;
 }
 
-void GestureScene::Add(SceneRow row, TL_TRACK_TYPE type, const QString& name)
+/// Makes the tracks that are missing and shows all in their order.
+void GestureScene::MakeRows()
 {
-    CTimelineTrackBase* const track = fixture.Child(m_body, type, name);
-    m_tracks[row] = track;
-    m_names[track] = name;
+    CTimelineManager& manager = *fixture.manager;
+    const auto isThere = [&](CTimelineTrackBase* track) { return manager.IsTrackExist(track); };
+    for (CTimelineTrackBase* const track : m_names.keys()) {
+        const bool isRow = track == m_body || m_tracks.values().contains(track);
+        if (!isRow)
+            manager.DeleteTrack(track);
+    }
+    m_names.clear();
+    if (!isThere(m_body))
+        m_body = manager.CreateTrack(TL_TRACK_CLIP, "Body", 1);
+    m_names[m_body] = "Body";
+    if (!m_body->GetParentTrack())
+        manager.ShowRootTrack(m_body, 0, true);
+    unsigned int index = 0;
+    for (const RowKind& kind : kRowKinds) {
+        if (!(m_rows & kind.row))
+            continue;
+        QPointer<CTimelineTrackBase>& track = m_tracks[kind.row];
+        if (!isThere(track))
+            track = manager.CreateTrack(kind.type, kind.name, 1);
+        m_names[track] = kind.name;
+        if (areRestyled)
+            track->LoadStyle(1);
+        if (!track->GetParentTrack())
+            manager.ShowChildTrack(m_body, track, index, true);
+        manager.SetChildTrackSortIndex(track, index++, true);
+        Fill(kind.row, *track);
+    }
+    areRestyled = false;
 }
 
 CTimelineTrackBase* GestureScene::AddTrack(const QString& name)
@@ -128,6 +181,11 @@ void GestureScene::Fill(SceneRow row, CTimelineTrackBase& track)
 {
     track.Keys().RemoveAll();
     track.SetRange(-1, -1);
+    SetModes(track, {});
+    if (auto* const style = track.StyleAs<TrackStyle>()) {
+        for (CaptionButtonStyle& button : style->captionButtons)
+            button.state = 0;
+    }
     switch (row) {
     case GazeRow: {
         std::vector<_tmpTLSwitchBtnData> buttons{{"Left", 0}, {"Right", 0}, {"Up", 0}};
@@ -159,20 +217,8 @@ void GestureScene::Fill(SceneRow row, CTimelineTrackBase& track)
 void GestureScene::Reset()
 {
     const auto reaction = std::exchange(fixture.host.reaction, nullptr);
-    if (m_body && !m_body->GetParentTrack())
-        fixture.manager->ShowRootTrack(m_body, 0, true);
-    for (auto each = m_tracks.begin(); each != m_tracks.end(); ++each) {
-        if (!each.value())
-            continue;
-        // Rows that were hidden come back in their order.
-        if (!each.value()->GetParentTrack())
-            fixture.manager->ShowChildTrack(m_body, each.value(), each.key(), true);
-        Fill(each.key(), *each.value());
-        if (auto* const style = each.value()->StyleAs<TrackStyle>()) {
-            for (CaptionButtonStyle& button : style->captionButtons)
-                button.state = 0;
-        }
-    }
+    Rebuild();
+    MakeRows();
     fixture.manager->SetFrameCount(kFrames);
     fixture.manager->SetScrollInfo(0.0f, 1.0f);
     fixture.manager->SetCurrentFrame(3);

@@ -30,9 +30,12 @@ public:
     explicit GestureScene(unsigned rows);
     ~GestureScene();
 
-    /// Fills keys, edit modes, ranges, selection, frames, marks, buttons and view anew, as they
-    /// were at first, as far as there are tracks and a window, and lets everything settle.
+    /// Makes what is missing of manager, dock, window and tracks; puts keys, edit modes, ranges,
+    /// selection, frames, marks, buttons and view back to what they are at first; and lets
+    /// everything settle.
     void Reset();
+    /// Tracks have lost their first style; Reset gives it back to them.
+    bool areRestyled = false;
     /// A further step of the scene's own, run at the end of every Reset.
     std::function<void(GestureScene&)> prepare;
 
@@ -59,9 +62,10 @@ public:
     QLineEdit* elsewhere;
 
 private:
-    void Add(SceneRow row, TL_TRACK_TYPE type, const QString& name);
+    void MakeRows();
     void Fill(SceneRow row, CTimelineTrackBase& track);
 
+    unsigned m_rows;
     QPointer<CTimelineTrackBase> m_body;
     QPointer<CTimelineTrackBase> m_fresh;
     QMap<SceneRow, QPointer<CTimelineTrackBase>> m_tracks;
