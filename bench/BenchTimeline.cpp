@@ -73,7 +73,9 @@ void BenchFactory::ReleaseTimelineWnd(CTimelineWndBase** window)
     *window = nullptr;
 }
 
-BenchTimeline::BenchTimeline(int keysInAll)
+BenchTimeline::BenchTimeline(int keysInAll) : BenchTimeline(keysInAll, m_silentHost) {}
+
+BenchTimeline::BenchTimeline(int keysInAll, CTimelineManagerInterface& host)
     : m_dock(new QDockWidget(&m_mainWindow)),
       m_manager(std::make_unique<CTimelineManager>(&m_mainWindow))
 {
@@ -81,7 +83,7 @@ BenchTimeline::BenchTimeline(int keysInAll)
     m_mainWindow.resize(kWidth, kHeight + 40);
     m_manager->SetTimelineWndFactoryBase(&m_factory);
     m_manager->CreateTimelineManager(
-        &m_host, QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini").toStdWString());
+        &host, QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini").toStdWString());
     m_manager->CreateTimelineMainWidget(m_dock);
     const int keysPerRow = keysInAll / kRows;
     m_manager->SetFrameCount(keysPerRow * kFramesBetweenKeys + 1);

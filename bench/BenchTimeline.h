@@ -55,6 +55,8 @@ class BenchTimeline
 {
 public:
     explicit BenchTimeline(int keysInAll);
+    /// With a host of the caller's, which lives longer.
+    BenchTimeline(int keysInAll, CTimelineManagerInterface& host);
     ~BenchTimeline();
 
     static constexpr int kWidth = 1920;
@@ -72,7 +74,7 @@ private:
 
     QMainWindow m_mainWindow;
     QDockWidget* m_dock;
-    CTimelineManagerInterface m_host;
+    CTimelineManagerInterface m_silentHost;
     BenchFactory m_factory;
     std::unique_ptr<CTimelineManager> m_manager;
     std::vector<CTimelineTrackBase*> m_rows;

@@ -1,5 +1,7 @@
 #include "axis/FrameAxis.h"
 
+#include "axis/ClampedInt.h"
+
 #include <QtTest>
 
 #include <algorithm>
@@ -184,6 +186,7 @@ void tst_FrameAxis::agreesWithExactFractionsForAnyAxis()
         QCOMPARE(axis.FrameToPixel(frame), Quotient(frame * above - scroll * below, below));
         QCOMPARE(axis.PixelToFrame(x), Quotient((x + scroll) * below, above));
         QCOMPARE(axis.SpanToPixel(frame), Quotient(frame * above, below));
+        QCOMPARE(ClampedInt(axis.PixelsToFrames(x)), Quotient(x * below, above));
 
         const long long numerator = static_cast<long long>(AnyInt(random)) * AnyInt(random);
         const long long denominator =
@@ -251,6 +254,7 @@ void tst_FrameAxis::takesSenselessScalesForOneFramePerPixel()
     QCOMPARE(axis.FrameToPixel(10), 7);
     QCOMPARE(axis.PixelToFrame(7), 10);
     QCOMPARE(axis.SpanToPixel(10), 10);
+    QCOMPARE(axis.PixelsToFrames(10), 10);
 }
 
 QTEST_APPLESS_MAIN(tst_FrameAxis)

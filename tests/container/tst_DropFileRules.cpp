@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <utility>
+
 class tst_DropFileRules : public QObject
 {
     Q_OBJECT
@@ -44,26 +46,42 @@ private slots:
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<int>("type");
-        QTest::newRow("animation") << "a.kxanim" << 1;
-        QTest::newRow("motion") << "a.kxmotion" << 2;
-        QTest::newRow("motion in space") << "a.kx3dmotion" << 3;
-        QTest::newRow("perform") << "a.kxperform" << 4;
-        QTest::newRow("idle") << "a.kx7idle" << 6;
-        QTest::newRow("the other idle") << "a.kxs2idle" << 6;
-        QTest::newRow("facial") << "a.kxfcs" << 7;
+        const std::pair<const char*, int> rows[] = {
+            {"kxanim", 1},  {"kxmotion", 2},      {"kx3dmotion", 3}, {"kxperform", 4},
+            {"kx7idle", 6}, {"kxs2idle", 6},      {"kxfcs", 7},      {"kxs", 8},
+            {"clp", 9},     {"kx7automotion", 10}};
+        for (const auto& [extension, type] : rows) {
+            const QString name = QLatin1String(extension);
+            QTest::addRow("%s", extension) << "/a." + name << type;
+            QTest::addRow("%s in capitals", extension) << "/A." + name.toUpper() << type;
+            QTest::addRow("%s after more dots", extension) << "/take.final." + name << type;
+            QTest::addRow("%s before another", extension) << "/a." + name + ".bak" << 0;
+            QTest::addRow("%s and more letters", extension) << "/a." + name + "x" << 0;
+            QTest::addRow("%s without a dot", extension) << "/" + name << 0;
+        }
         QTest::newRow("take.final.kxs") << "take.final.kxs" << 8;
-        QTest::newRow("clip") << "a.CLP" << 9;
-        QTest::newRow("automatic motion") << "a.kx7automotion" << 10;
         QTest::newRow("archive.kxs.bak is unrecognised") << "archive.kxs.bak" << 0;
-        QTest::newRow("sound without filters") << "a.wav" << 0;
         QTest::newRow("another") << "a.png" << 0;
-        QTest::newRow("a name without a dot that is an extension") << "kxs" << 8;
+        QTest::newRow("a dot at the end") << "a.kxs." << 0;
         QTest::newRow("nothing") << "" << 0;
     }
     void aDropIsClassifiedByItsExtension()
     {
         QFETCH(QString, path);
         QTEST(int(DropFileRules().Classify(path)), "type");
+    }
+
+    void theValuesFiveAndElevenAreNotProduced()
+    {
+        for (const char* const name :
+             {"kxanim", "kxmotion", "kx3dmotion", "kxperform", "kx7idle", "kxs2idle", "kxfcs",
+              "kxs", "clp", "kx7automotion", "wav", "mp3"}) {
+            for (const bool filter : {false, true}) {
+                const int type =
+                    Rules(filter, filter).Classify(QStringLiteral("a.") + QLatin1String(name));
+                QVERIFY(type != 5 && type != 11);
+            }
+        }
     }
 
     void aSoundsKindFollowsFromTheLastTwoFilters_data()
@@ -81,18 +99,29 @@ private slots:
         QFETCH(bool, fifth);
         QFETCH(bool, sixth);
         QFETCH(int, type);
-        QCOMPARE(int(Rules(fifth, sixth).Classify("Voice.WAV")), type);
-        QCOMPARE(int(Rules(fifth, sixth).Classify("voice.mp3")), type);
+        for (const char* const path : {"/Voice.WAV", "/voice.wav", "/voice.mp3", "/a.b.Mp3"}) {
+            for (const bool others : {false, true}) {
+                DropFileRules rules;
+                rules.SetFilters({others, others, others, others, fifth, sixth});
+                QCOMPARE(int(rules.Classify(QLatin1String(path))), type);
+            }
+        }
     }
 
     void whatMayBeHeldOverATrack_data()
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<bool>("known");
-        for (const char* name : {"a.kx7idle", "a.kxmotion", "a.kxanim", "a.kxfcs", "a.kxperform",
-                                 "a.kx3dmotion", "a.kxs2idle", "a.kxs", "a.clp", "a.Wav", "a.mp3"})
-            QTest::newRow(name) << name << true;
-        QTest::newRow("an automatic motion may not") << "a.kx7automotion" << false;
+        for (const char* const extension : {"kx7idle", "kxmotion", "kxanim", "kxfcs", "kxperform",
+                                            "kx3dmotion", "kxs2idle", "kxs", "clp", "wav", "mp3"}) {
+            const QString name = QLatin1String(extension);
+            QTest::addRow("%s", extension) << "/a." + name << true;
+            QTest::addRow("%s in capitals", extension) << "/A." + name.toUpper() << true;
+            QTest::addRow("%s after more dots", extension) << "/take.final." + name << true;
+            QTest::addRow("%s before another", extension) << "/a." + name + ".bak" << false;
+            QTest::addRow("%s without a dot", extension) << "/" + name << false;
+        }
+        QTest::newRow("an automatic motion may not") << "/a.kx7automotion" << false;
         QTest::newRow("another") << "a.txt" << false;
         QTest::newRow("archive.kxs.bak") << "archive.kxs.bak" << false;
     }

@@ -1,6 +1,7 @@
 #include "support/Pointer.h"
 
 #include <QCoreApplication>
+#include <QMouseEvent>
 #include <QWindow>
 
 // Qt's own entrance for tests: as if the windowing system had reported it.
@@ -28,6 +29,16 @@ void Pointer::Send(QEvent::Type type, Qt::MouseButton button)
     if (!m_window)
         return;
     QWindow* const window = m_window->windowHandle();
+    if (!m_isInside) {
+        // Without it no widget hears that the pointer has entered it.
+        m_isInside = true;
+        QEnterEvent enter(m_point, m_point, window->mapToGlobal(m_point));
+        QCoreApplication::sendEvent(window, &enter);
+        // A move to where the last pointer of this process was left would not be one.
+        const QPointF corner(-1, -1);
+        qt_handleMouseEvent(window, corner, window->mapToGlobal(corner.toPoint()), Qt::NoButton,
+                            Qt::NoButton, QEvent::MouseMove, Qt::NoModifier, now);
+    }
     qt_handleMouseEvent(window, m_point, window->mapToGlobal(m_point), m_buttons, button, type,
                         modifiers, now);
     QCoreApplication::processEvents();

@@ -38,6 +38,7 @@ private:
     QPointer<QWidget> m_window;
     QPoint m_point;
     Qt::MouseButtons m_buttons;
+    bool m_isInside = false; ///< the window was told that the pointer has entered it
 };
 
 } // namespace KestovaTest

@@ -4,6 +4,7 @@
 #include "TimelineEnums.h"
 #include "axis/FrameAxis.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
 
 #include <random>
@@ -43,6 +44,18 @@ int HitEndEdgePlainly(const FrameAxis& axis, const CTimelineKeyArray& keys, int 
             continue;
         const int end = std::min(axis.FrameToPixel(key.frame + key.displayLength + 1LL), lastX);
         if (x >= end - 2 && x <= end + 1)
+            return i;
+    }
+    return -1;
+}
+
+/// The lead-in found by asking every clip, from the last one.
+int HitTrimEdgePlainly(const FrameAxis& axis, const CTimelineKeyArray& keys, int x)
+{
+    for (int i = static_cast<int>(keys.GetSize()) - 1; i >= 0; --i) {
+        const CTimelineKey& key = *keys.GetAt(i);
+        const int start = axis.FrameToPixel(key.frame - key.transitionFrames);
+        if (key.selected && key.clipLength >= 1 && start >= 0 && x >= start - 2 && x <= start + 1)
             return i;
     }
     return -1;
@@ -195,6 +208,58 @@ private slots:
         QCOMPARE(edges.HitTrimEdge(QPoint(50, kMiddle)), 1);
     }
 
+    void findsTheSameLeadInsAsAskingEveryClip()
+    {
+        std::mt19937 random(21);
+        const auto below = [&](int n) {
+            return static_cast<int>(random() % static_cast<unsigned>(n));
+        };
+        for (int round = 0; round < 100; ++round) {
+            const FrameAxis axis = MakeAxis(600, round % 2 ? 5.0 : 0.3, below(100));
+            CTimelineKeyArray keys;
+            for (int i = below(30); i > 0; --i) {
+                const auto clip = MakeClip(below(500), below(20));
+                clip->transitionFrames = below(10);
+                clip->selected = below(2) == 0;
+                keys.Add(clip, false);
+            }
+            const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+            for (int x = -20; x < 400; ++x)
+                QCOMPARE(edges.HitTrimEdge(QPoint(x, kMiddle)), HitTrimEdgePlainly(axis, keys, x));
+        }
+    }
+
+    void aSelectionLeftOverFromRemovedKeysHasNoLeadIn()
+    {
+        const FrameAxis axis = MakeAxis(100, 5);
+        CTimelineKeyArray keys;
+        FillTwoClips(keys);
+        keys.SetSelectionByIndex(1, 1, true, ~0u);
+        keys.RemoveAt(0); // unselected: the entry of the other one now lies past the end
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        for (const int x : {50, 200})
+            QCOMPARE(edges.HitTrimEdge(QPoint(x, kMiddle)), -1);
+    }
+
+    void lookingForALeadInCostsOnlyWhatIsSelected()
+    {
+        const FrameAxis axis = MakeAxis(1 << 20, 5);
+        CTimelineKeyArray::KeyVector clips;
+        for (int i = 0; i < 200000; ++i)
+            clips.push_back(MakeClip(i * 3, 1));
+        CTimelineKeyArray keys;
+        keys.AddKeys(clips, false);
+        keys.SetSelectionByIndex(7, 7, true, ~0u);
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < 5000; ++i)
+            QCOMPARE(edges.HitTrimEdge(QPoint(-10, kMiddle)), -1);
+        // Asking every clip 5000 times takes several seconds, asking one of them a few
+        // milliseconds.
+        QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
+    }
+
     void hasNoTrimEdgeLeftOfTheRow()
     {
         CTimelineKeyArray keys;
@@ -205,9 +270,9 @@ private slots:
                      .HitTrimEdge(QPoint(0, kMiddle)),
                  -1);
         const FrameAxis atEdge = MakeAxis(100, 5, 50);
-        QCOMPARE(ClipEdges(atEdge, keys, true, kRowHeight, kClipHeight)
-                     .HitTrimEdge(QPoint(0, kMiddle)),
-                 0);
+        QCOMPARE(
+            ClipEdges(atEdge, keys, true, kRowHeight, kClipHeight).HitTrimEdge(QPoint(0, kMiddle)),
+            0);
     }
 
     void editModesDecideTheKindOfEdge_data()

@@ -144,6 +144,41 @@ private slots:
         QVERIFY(opaque > 0);
     }
 
+    void relatedBarsAreAsHighAsTheRowsKeyBars_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("barHeight");
+        QTest::newRow("key") << int(TL_TRACK_KEY) << 7;
+        QTest::newRow("transition") << int(TL_TRACK_TRANSITION_KEY) << 7;
+        QTest::newRow("link") << int(TL_TRACK_LINK_KEY) << 9;
+        QTest::newRow("viseme") << int(TL_TRACK_VISEME_KEY) << 7;
+        QTest::newRow("clip") << int(TL_TRACK_CLIP) << 11;
+        QTest::newRow("wave") << int(TL_TRACK_WAVE) << kHeight - 1;
+    }
+    void relatedBarsAreAsHighAsTheRowsKeyBars()
+    {
+        QFETCH(int, type);
+        QFETCH(int, barHeight);
+        const auto row = MakeTrack(type);
+        if (auto* const key = row->StyleAs<KeyTrackStyle>())
+            key->clipHeight = 7;
+        if (auto* const link = row->StyleAs<LineKeyTrackStyle>())
+            link->line.clipHeight = 9;
+        if (auto* const clip = row->StyleAs<ClipTrackStyle>())
+            clip->height = 11;
+        row->StyleAs<TrackStyle>()->disabled = {1.0f, 0.0f, 1.0f, 1.0f};
+        const auto source = MakeTrack(TL_TRACK_KEY);
+        AddKey(*source, 5, Bar(20));
+        RelateTracks(RelationTable::kClipBars, {source.get(), row.get()});
+        const QImage image = ShowRow(*row, kSize);
+
+        const int top = (kHeight - barHeight) / 2;
+        for (int y = 0; y < kHeight; ++y) {
+            const bool isInBar = y >= top && y < top + barHeight;
+            QCOMPARE(QColor(image.pixel(125, y)) == QColor(255, 0, 255), isInBar);
+        }
+    }
+
     void currentFrameLineLiesOverTheMarkers()
     {
         const auto row = MakeTrack(TL_TRACK_KEY);

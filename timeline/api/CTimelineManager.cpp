@@ -7,6 +7,7 @@
 #include "CTimelineManagerInterface.h"
 #include "CTimelineWndBase.h"
 #include "CTimelineWndFactoryBase.h"
+#include "ClipboardFilling.h"
 #include "ManagerSideState.h"
 #include "container/CTimelineContainer.h"
 #include "library/CallOut.h"
@@ -324,7 +325,10 @@ int CTimelineManager::ReceiveTrackEdit(TLEditType type,
                                        QVariant value1, QVariant value2)
 {
     const CallOut callOut;
-    return m_hostInterface->OnEditingKeys(type, tracks, value1.toInt(), value2.toInt());
+    const ClipboardFilling clipboards(type, tracks);
+    const int answer = m_hostInterface->OnEditingKeys(type, tracks, value1.toInt(), value2.toInt());
+    clipboards.Finish(answer);
+    return answer;
 }
 
 bool CTimelineManager::ReceiveTrackDrop(TLDropFileType type, QString path)

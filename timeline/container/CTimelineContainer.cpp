@@ -106,6 +106,7 @@ int CTimelineContainer::SendToHost(unsigned int code, CTimelineTrackBase* track,
 int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
                                  const QVariant& value1, const QVariant& value2)
 {
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
     const int answer = m_owner ? m_owner->OnContainerTrackEdit(type, tracks, value1, value2) : -1;
     // A host that changed keys in place may leave the refresh to the end of the gesture.
@@ -113,6 +114,8 @@ int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimeline
         if (CTimelineTrackBase::IsAlive(track))
             track->InvalidateCaches();
     }
+    if (self)
+        m_onScreen = OnScreen();
     return answer;
 }
 

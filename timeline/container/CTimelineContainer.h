@@ -6,8 +6,11 @@
 #include "container/CaptionColumn.h"
 #include "container/CaptionPointer.h"
 #include "container/DropFileRules.h"
+#include "container/FrameStrips.h"
 #include "container/MultiTrackKeyDrag.h"
+#include "container/PaintedState.h"
 #include "container/RowLayout.h"
+#include "container/ScrubPictures.h"
 #include "container/TrackTree.h"
 #include "library/OpenGesture.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
@@ -102,7 +105,10 @@ public:
     bool Layout(bool fit);
     void RefreshRows();             ///< re-places the rows inside the container's present size
     void Refresh(bool immediately); ///< repaints at once or from the event loop
-    void InvalidateTimeline();      ///< a new layout; a repaint from within one
+    /// Brings the picture up to date before it returns. When nothing but the current frame was
+    /// changed since the last paint, only the columns that show it then and now are painted.
+    void ShowCurrentFrame();
+    void InvalidateTimeline(); ///< a new layout; a repaint from within one
     /// Fits the wave rows into a window of @p height pixels and lays out; the width is not used.
     /// @return false, and nothing is done, when one of them is negative.
     bool WndSizeChanged(int width, int height);
@@ -241,8 +247,22 @@ private:
     bool FocusContainer();
     bool CancelCaptionPress();
     void SelectRow(CTimelineTrackBase* track, bool keepOthers);
-    void Paint(QPainter& painter);
-    int PaintRow(QPainter& painter, CTimelineTrackBase& track, int y);
+    void PaintPending();
+    bool MakeScrubPictures();
+    FrameStrips Strips() const;
+    QRect RulerRect() const;
+    QRect RowRect(const CTimelineTrackBase& track, int y) const;
+    void Paint(QPainter& painter, FramePaint frame);
+    void PaintRow(QPainter& painter, CTimelineTrackBase& track, const QRect& row, FramePaint frame);
+    void PaintStep(QPainter& painter);
+    void RememberPainted(const QRegion& region);
+
+    /// What all of the picture on screen shows; a state of no timeline when that is not known.
+    struct OnScreen
+    {
+        PaintedState state;
+        int frame = -1;
+    };
 
     CTimelineWndBase* m_window;
     CTimelineContainerInterface* m_owner = nullptr;
@@ -255,6 +275,10 @@ private:
     OpenGesture m_captionPress; ///< a caption button is down
     DropFileRules m_dropRules;
     MultiTrackKeyDrag m_keyDrag;
+    OnScreen m_onScreen;
+    FrameStrips m_strips; ///< of the pictures
+    ScrubPictures m_scrubPictures;
+    QRegion m_step; ///< while a step of the current frame is being painted
     std::unique_ptr<QPixmap> m_backBuffer;
     QMutex m_paintMutex;
     QTimelineCaptionArea* m_captionArea = nullptr;

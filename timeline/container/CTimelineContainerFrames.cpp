@@ -42,8 +42,10 @@ void CTimelineContainer::SetCurrentFrame(int frame)
     FrameAxis& axis = Axis();
     const int lastFrame = std::max(0, axis.frameCount) - 1;
     axis.currentFrame = std::max(0, std::min(frame, lastFrame));
-    repaint();
-    NotifyTimelineRefreshed();
+    const QPointer<CTimelineContainer> self(this);
+    ShowCurrentFrame();
+    if (self)
+        NotifyTimelineRefreshed();
 }
 
 int CTimelineContainer::GetCurrentFrame() const

@@ -1,5 +1,4 @@
-// The container's sizes and painting: layout of the rows, the window's height queries, and the
-// paint.
+// The container's sizes: layout of the rows, and the window's height queries.
 
 #include "container/CTimelineContainer.h"
 
@@ -11,9 +10,8 @@
 #include "tracks/CTimelineTrackTick.h"
 
 #include <QMutexLocker>
-#include <QPaintEvent>
-#include <QPainter>
 #include <QPointer>
+#include <QResizeEvent>
 
 #include <utility>
 
@@ -202,57 +200,4 @@ void CTimelineContainer::GetWndCurrSize(int& width, int& height) const
 {
     width = this->width();
     height = this->height();
-}
-
-void CTimelineContainer::paintEvent(QPaintEvent* event)
-{
-    QPainter painter(this);
-    painter.setBackground(QBrush(Qt::white));
-    painter.setClipRegion(event->region());
-    // Held for the whole paint; nothing below may repaint or call the host. Rows go straight to the
-    // widget, which is a copy of the whole picture faster than through the back buffer.
-    const QMutexLocker locker(&m_paintMutex);
-    Paint(painter);
-}
-
-void CTimelineContainer::Paint(QPainter& painter)
-{
-    m_captions.BeginPaint();
-    if (!m_scrollTrack || !m_tickTrack)
-        return;
-    if (m_captionArea)
-        m_captionArea->raise();
-    const QFont font = painter.font();
-    painter.setBackgroundMode(Qt::TransparentMode);
-
-    const QSize tickCaption = m_layout.TickCaptionSize();
-    int y = tickCaption.height();
-    for (CTimelineTrackBase* const track : m_tree.Rows()) {
-        // A row that is not shown takes no room.
-        if (track->testAttribute(Qt::WA_WState_Visible))
-            y += PaintRow(painter, *track, y);
-    }
-    painter.setFont(font);
-
-    const QSize scrollCaption = m_layout.ScrollCaptionSize();
-    m_tickTrack->DrawTrack(&painter, QRect(QPoint(tickCaption.width(), 0),
-                                           QPoint(width() - 1, tickCaption.height() - 1)));
-    m_scrollTrack->DrawTrack(
-        &painter, QRect(QPoint(scrollCaption.width(), height() - 1 - scrollCaption.height()),
-                        QPoint(width() - 1, height() - 2)));
-    painter.drawPixmap(0, 0,
-                       TimelineLibrary::Instance().images.Picture(kCaptionPictures, kTickCaption));
-}
-
-int CTimelineContainer::PaintRow(QPainter& painter, CTimelineTrackBase& track, int y)
-{
-    const QPixmap& caption = m_captions.CaptionPicture(track);
-    const bool isWave = track.GetTrackType() == TL_TRACK_WAVE;
-    const int h = isWave ? m_layout.VariableRowHeight() : caption.height();
-    const QRect row(QPoint(caption.width(), y), QPoint(width() - 1, y + h - 1));
-    const QRect exposed = painter.clipBoundingRect().toAlignedRect();
-    if (exposed.intersects(row))
-        track.DrawTrack(&painter, row);
-    m_captions.PaintRow(painter, track, y, h);
-    return h;
 }

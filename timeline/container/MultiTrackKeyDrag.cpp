@@ -75,19 +75,6 @@ const CTimelineKey* LastSelectedKey(const CTimelineKeyArray& keys)
     return nullptr;
 }
 
-CTimelineKeyArray::KeyVector CopiesOfSelectedKeys(const CTimelineKeyArray& keys)
-{
-    CTimelineKeyArray::KeyVector copies;
-    copies.reserve(keys.SelGetSize());
-    for (const int index : keys.SelectedIndexes()) {
-        if (index < 0 || static_cast<std::size_t>(index) >= keys.GetSize())
-            continue;
-        copies.push_back(new CTimelineKey(*keys.Keys()[static_cast<std::size_t>(index)]));
-        copies.back()->selected = false;
-    }
-    return copies;
-}
-
 } // namespace
 
 MultiTrackKeyDrag::~MultiTrackKeyDrag()
@@ -142,7 +129,9 @@ int MultiTrackKeyDrag::BeginCopy(CTimelineTrackBase* sender)
     for (Part& part : m_parts) {
         if (!part.keys)
             continue;
-        part.copies = CopiesOfSelectedKeys(*part.keys);
+        part.copies = part.keys->CopySelected();
+        for (const auto& copy : part.copies)
+            copy->selected = false;
         part.keys->ClearAllSelection();
         part.keys->AddSelected(part.copies);
         part.track->InvalidateCaches();

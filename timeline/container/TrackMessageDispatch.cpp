@@ -76,7 +76,7 @@ int SelectionChanged(CTimelineContainer& container, const TrackMessage& message)
 
 int CurrentFrameSet(CTimelineContainer& container, TrackMessage message, unsigned int code)
 {
-    container.Refresh(true);
+    container.ShowCurrentFrame();
     message.value1 = QVariant(container.GetCurrentFrame());
     return ForwardToHost(container, message, code);
 }

@@ -2,8 +2,6 @@
 
 #include "AscendingSearch.h"
 #include "ClipDisplayLength.h"
-#include "FrameOrder.h"
-#include "KeyBatch.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -130,24 +128,6 @@ int CTimelineKeyArray::Add(VZ::CPointer<CTimelineKey> key, bool replace)
     UpdateClipDisplayLength(index);
     RebuildSelection();
     return index;
-}
-
-void CTimelineKeyArray::AddKeys(const KeyVector& keys, bool replace)
-{
-    if (!IsInFrameOrder(m_keys)) {
-        // A host wrote frames in place. Where a key then ends up only the search itself can tell.
-        for (const VZ::CPointer<CTimelineKey>& key : KeyVector(keys))
-            Add(key, replace);
-        return;
-    }
-
-    KeyBatch batch(m_keys, keys, replace);
-    if (batch.IsEmpty())
-        return;
-    batch.StoreLengths();
-    // The former list goes last, with the keys that were replaced: the array is in order by then.
-    const KeyVector former = std::exchange(m_keys, batch.TakeKeys());
-    RebuildSelection();
 }
 
 void CTimelineKeyArray::RemoveAt(int index)

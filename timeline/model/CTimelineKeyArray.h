@@ -130,6 +130,8 @@ public:
     int SelGetAt(int position) const;
     /// The key at @p position, 0 to SelGetSize() - 1; null when its index lies past the last key.
     VZ::CPointer<CTimelineKey> SelGetKeyAt(int position) const;
+    /// Fresh copies of the selected keys, in their order.
+    KeyVector CopySelected() const;
     /// Number of entries in the selection list.
     std::size_t SelGetSize() const;
     /// @}
@@ -208,6 +210,7 @@ private:
     bool IsKeyIndex(int index) const;
     const VZ::CPointer<CTimelineKey>& KeyAt(int index) const;
     void SelectIndexes(int first, int last, bool select, unsigned int mask);
+    void ChangeEntries(const std::vector<int>& changed, bool select);
     void RebuildSelection();
     KeyVector TakeOutSelectedKeys();
 

@@ -74,9 +74,14 @@ void CTimelineKeyArray::SelectIndexes(int first, int last, bool select, unsigned
         key.selected = select;
         changed.push_back(index);
     }
+    ChangeEntries(changed, select);
+}
+
+/// Puts the indexes @p changed, which are ascending, into the selection list or takes them out.
+void CTimelineKeyArray::ChangeEntries(const std::vector<int>& changed, bool select)
+{
     if (changed.empty())
         return;
-
     const auto begin = std::lower_bound(m_selection.begin(), m_selection.end(), changed.front());
     const auto end = std::upper_bound(begin, m_selection.end(), changed.back());
     std::vector<int> entries;
@@ -158,15 +163,22 @@ std::size_t CTimelineKeyArray::SelGetSize() const
     return m_selection.size();
 }
 
+CTimelineKeyArray::KeyVector CTimelineKeyArray::CopySelected() const
+{
+    KeyVector copies;
+    copies.reserve(m_selection.size());
+    for (int index : m_selection) {
+        if (IsKeyIndex(index))
+            copies.push_back(new CTimelineKey(*KeyAt(index)));
+    }
+    return copies;
+}
+
 // --- Moving
 
 void CTimelineKeyArray::SetSelToMove()
 {
-    m_moveSet.clear();
-    for (int index : m_selection) {
-        if (IsKeyIndex(index))
-            m_moveSet.push_back(new CTimelineKey(*KeyAt(index)));
-    }
+    m_moveSet = CopySelected();
 }
 
 VZ::CPointer<CTimelineKey> CTimelineKeyArray::MoveGetAt(int position) const

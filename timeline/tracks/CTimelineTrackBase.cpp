@@ -120,15 +120,14 @@ void CTimelineTrackBase::ClearRangeOrSubSelection()
 
 bool CTimelineTrackBase::CopySelectionToClipboard()
 {
-    KeyVector copies;
-    for (const int index : m_keys->SelectedIndexes()) {
-        if (static_cast<std::size_t>(index) < m_keys->GetSize())
-            copies.push_back(new CTimelineKey(*m_keys->GetAt(index)));
-    }
+    return FillClipboard(m_keys->CopySelected());
+}
+
+bool CTimelineTrackBase::FillClipboard(const KeyVector& copies)
+{
     if (copies.empty())
         return false;
-    const int firstFrame = copies.front()->frame;
-    m_clipboard.Fill(copies, firstFrame);
+    m_clipboard.Fill(copies, copies.front()->frame);
     return true;
 }
 

@@ -122,6 +122,9 @@ public:
     /// Fills the clipboard with fresh copies of the selected keys, in frame order; false without
     /// any (the clipboard then keeps what it has).
     bool CopySelectionToClipboard();
+    /// Puts aside @p copies of the track's keys, in frame order; false without any (the clipboard
+    /// then keeps what it has).
+    bool FillClipboard(const KeyVector& copies);
 
     int GetTrackType() const { return m_trackType; }
     int GetRowHeight() const { return m_rowHeight; }

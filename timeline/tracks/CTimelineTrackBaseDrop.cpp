@@ -5,7 +5,7 @@
 
 #include "library/TimelineLibrary.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
-#include "tracks/TrackMessenger.h"
+#include "tracks/TrackReport.h"
 
 #include <QDropEvent>
 
@@ -24,27 +24,27 @@ void CTimelineTrackBase::dragLeaveEvent(QDragLeaveEvent* event)
 
 void CTimelineTrackBase::dragMoveEvent(QDragMoveEvent* event)
 {
-    const TrackMessenger messages(*this);
+    const TrackReport report(*this);
     const OpenGesture::Handling handling(Gesture());
     const bool isAccepted =
-        messages.IsThere() &&
+        report.IsThere() &&
         m_owner->OnTrackDragCheck(event, m_trackId, PixelToFrame(event->pos().x()));
-    event->setAccepted(isAccepted && messages.IsThere());
+    event->setAccepted(isAccepted && report.IsThere());
 }
 
 void CTimelineTrackBase::dropEvent(QDropEvent* event)
 {
-    TrackMessenger messages(*this);
+    TrackReport report(*this);
     const OpenGesture::Handling handling(Gesture());
     event->ignore();
-    if (!messages.IsThere())
+    if (!report.IsThere())
         return;
     const int last = std::max(Axis().frameCount - 1, 0);
     Axis().currentFrame = std::clamp(PixelToFrame(event->pos().x()), 0, last);
-    if (!messages.SendCurrentFrame())
+    if (!report.SendCurrentFrame())
         return;
     // The file goes to the active track.
-    if (!IsActive() && !messages.Send(kTrackPressed))
+    if (!IsActive() && !report.Send(kTrackPressed))
         return;
     event->setAccepted(m_owner->OnTrackDrop(event, m_trackId));
 }

@@ -6,7 +6,7 @@
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
 #include "tracks/TrackMenu.h"
-#include "tracks/TrackMessenger.h"
+#include "tracks/TrackReport.h"
 
 #include <QContextMenuEvent>
 
@@ -58,8 +58,8 @@ void SelectAlone(CTimelineKeyArray& keys, int index)
 class MenuPress
 {
 public:
-    MenuPress(CTimelineTrackBase& track, TrackMessenger& messages)
-        : m_track(track), m_messages(messages), m_axis(TimelineLibrary::Instance().axis)
+    MenuPress(CTimelineTrackBase& track, TrackReport& report)
+        : m_track(track), m_report(report), m_axis(TimelineLibrary::Instance().axis)
     {
     }
 
@@ -72,7 +72,7 @@ public:
         const bool isThere = m_track.HasEditMode(TL_EDIT_SUB_KEYS)
                                  ? PressClip(index, m_track.HitTestSubKey(point, index))
                                  : PressKey(index);
-        return isThere && m_messages.SendCurrentFrame();
+        return isThere && m_report.SendCurrentFrame();
     }
 
 private:
@@ -80,7 +80,7 @@ private:
     bool MoveFrameTo(int frame)
     {
         SetFrame(frame);
-        return frame < m_axis.frameCount || m_messages.SendCurrentFrame();
+        return frame < m_axis.frameCount || m_report.SendCurrentFrame();
     }
 
     void SetFrame(long long frame)
@@ -97,10 +97,10 @@ private:
             return true;
         if (!key->selected) {
             keys.ClearAllSelection();
-            if (!m_messages.Send(kTrackSelectionCleared))
+            if (!m_report.Send(kTrackSelectionCleared))
                 return false;
             Select(keys, IndexOf(keys, key));
-            if (!m_messages.Send(kTrackSelectionChanged))
+            if (!m_report.Send(kTrackSelectionChanged))
                 return false;
         }
         if (!key->subKeys && IndexOf(keys, key) >= 0)
@@ -115,11 +115,11 @@ private:
         if (!clip)
             return true;
         const KeyPointer subKey = clip->subKeys ? KeyAt(*clip->subKeys, subIndex) : KeyPointer();
-        if (!m_messages.Send(kTrackSelectionCleared))
+        if (!m_report.Send(kTrackSelectionCleared))
             return false;
         if (const int now = IndexOf(keys, clip); now >= 0)
             SelectAlone(keys, now);
-        if (!m_messages.Send(kTrackSelectionChanged))
+        if (!m_report.Send(kTrackSelectionChanged))
             return false;
         if (!subKey || !clip->subKeys || IndexOf(keys, clip) < 0)
             return true;
@@ -131,7 +131,7 @@ private:
         if (!subKey->selected) {
             subKeys.ClearAllSelection();
             Select(subKeys, IndexOf(subKeys, subKey));
-            if (!m_messages.Send(kTrackSelectionChanged))
+            if (!m_report.Send(kTrackSelectionChanged))
                 return false;
         }
         if (!subKey->subKeys)
@@ -140,7 +140,7 @@ private:
     }
 
     CTimelineTrackBase& m_track;
-    TrackMessenger& m_messages;
+    TrackReport& m_report;
     FrameAxis& m_axis;
 };
 
@@ -158,23 +158,23 @@ void CTimelineTrackBase::contextMenuEvent(QContextMenuEvent* event)
 
 void CTimelineTrackBase::BuildContextMenu(QPoint globalPoint)
 {
-    TrackMessenger messages(*this);
+    TrackReport report(*this);
     const OpenGesture::Handling handling(Gesture());
     // The menu takes the pointer: a drag of the left button would never see its release.
-    if (messages.IsThere() && Gesture().IsOn())
+    if (report.IsThere() && Gesture().IsOn())
         EndGesture();
-    if (!messages.Send(kTrackPressed))
+    if (!report.Send(kTrackPressed))
         return;
-    if (!MenuPress(*this, messages).At(mapFromGlobal(globalPoint)))
+    if (!MenuPress(*this, report).At(mapFromGlobal(globalPoint)))
         return;
 
     TrackMenu::Entries entries;
     const int answer =
         m_owner->OnTrackMessage(kTrackMenuQuery, m_trackId, 0, QVariant::fromValue<void*>(&entries),
                                 QVariant(0), QVariant(0));
-    if (answer < 0 || !messages.IsThere())
+    if (answer < 0 || !report.IsThere())
         return;
     const std::optional<int> command = TrackMenu(entries).Choose(globalPoint);
-    if (command && messages.IsThere())
+    if (command && report.IsThere())
         Send(kTrackMenuChosen, *command);
 }

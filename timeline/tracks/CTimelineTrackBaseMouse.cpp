@@ -34,6 +34,9 @@ void CTimelineTrackBase::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QPointer<CTimelineTrackBase> self(this);
     const OpenGesture::Handling handling(Gesture());
+    // It is a press as well, and may find the drag of a kind's own still under way.
+    if (self && event->button() == Qt::LeftButton)
+        EndGesture();
     if (self)
         m_keyGesture.DoubleClick(*event);
 }

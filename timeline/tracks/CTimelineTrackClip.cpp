@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -97,6 +98,7 @@ void CTimelineTrackClip::mousePressEvent(QMouseEvent* event)
     if (!self)
         return;
 
+    m_releaseIsDone = m_releaseIsDone && !isLeft;
     if (GetEditModes().GetSize() == 0) {
         GoToFrameAt(event->x());
         return;
@@ -129,7 +131,7 @@ void CTimelineTrackClip::mouseMoveEvent(QMouseEvent* event)
     if (!(event->buttons() & Qt::LeftButton)) {
         EndGesture(); // the button went up where nobody saw it
     } else if (GetEditModes().GetSize() > 0) {
-        unsetCursor();
+        ShowCursorFor(-1);
         m_edgeDrag.DragTo(event->x());
     }
 }
@@ -140,12 +142,15 @@ void CTimelineTrackClip::mouseReleaseEvent(QMouseEvent* event)
     const OpenGesture::Handling handling(Gesture());
     if (!self)
         return;
-    if (event->button() == Qt::LeftButton && m_edgeDrag.IsOn()) {
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (isLeft && m_edgeDrag.IsOn())
         EndGesture();
-        event->accept();
+    if (!self)
         return;
-    }
-    CTimelineTrackBase::mouseReleaseEvent(event);
+    if (isLeft && std::exchange(m_releaseIsDone, false))
+        event->accept();
+    else
+        CTimelineTrackBase::mouseReleaseEvent(event);
 }
 
 void CTimelineTrackClip::EndGesture()
@@ -156,6 +161,7 @@ void CTimelineTrackClip::EndGesture()
     }
     const CallOut callOut;
     Gesture().End();
+    m_releaseIsDone = true;
     clearFocus();
     m_edgeDrag.Release();
 }
@@ -165,15 +171,13 @@ void CTimelineTrackClip::GoToFrameAt(int x)
 {
     FrameAxis& axis = Axis();
     axis.currentFrame = std::max(std::min(PixelToFrame(x), axis.frameCount - 1), 0);
-    TrackReport report(*this);
-    if (report.Send(kTrackFrameMoved))
-        report.Send(kTrackFrameSet);
+    TrackReport(*this).SendCurrentFrame();
 }
 
 void CTimelineTrackClip::ShowCursorFor(int kind)
 {
     if (const QCursor* const edgeCursor = CursorFor(kind))
         setCursor(*edgeCursor);
-    else
+    else if (testAttribute(Qt::WA_SetCursor))
         unsetCursor();
 }

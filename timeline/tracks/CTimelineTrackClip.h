@@ -46,6 +46,7 @@ private:
     void ShowCursorFor(int kind);
 
     ClipEdgeGesture m_edgeDrag{*this};
+    bool m_releaseIsDone = false; ///< the button is still to go up after a drag that has ended
     QCursor m_loopCursor;
     QCursor m_speedCursor;
 };

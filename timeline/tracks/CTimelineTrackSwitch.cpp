@@ -81,9 +81,8 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
 
     Gesture().Begin();
     m_press = {true, -1, event->pos()};
-    TrackReport report(*this);
     // The press may end while the host is being told of it.
-    if (!report.Send(kTrackPressed) || !m_press.isDown)
+    if (!TrackReport(*this).Send(kTrackPressed) || !m_press.isDown)
         return;
     const int arrow = Layout().HitArrow(event->pos());
     if (arrow == kNoArrow) {
@@ -91,7 +90,7 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
         return;
     }
     ScrollBy(arrow);
-    if (report.Send(kTrackButtonsScrolled))
+    if (TrackReport(*this).Send(kTrackButtonsScrolled))
         RefreshArrows(arrow, true);
 }
 
@@ -145,16 +144,16 @@ void CTimelineTrackSwitch::Release(QPoint point)
     const int button = std::exchange(m_press, PressState()).button;
     clearFocus();
 
-    TrackReport report(*this);
-    if (button >= 0 && HitTestKey(point) == button && report.IsThere()) {
+    // A row that was taken out of the timeline has nobody to tell and keeps its states.
+    if (button >= 0 && HitTestKey(point) == button && GetOwner()) {
         int& state = m_buttons[static_cast<std::size_t>(button)].state;
         state = Toggled(state);
-        if (!report.Send(kTrackSwitchToggled, button))
+        if (!TrackReport(*this).Send(kTrackSwitchToggled, button))
             return;
     } else {
         ShowHover(-1);
     }
-    if (report.Send(kTrackRepaint))
+    if (TrackReport(*this).Send(kTrackRepaint))
         RefreshArrows(Layout().HitArrow(point), m_press.isDown);
 }
 

@@ -34,11 +34,21 @@ void CTimelineTrackTick::SetTimeMark(int start, int end)
 void CTimelineTrackTick::DrawTrack(QPainter* painter, QRect rect)
 {
     ResizeTo(rect.size());
+    RulerPainter(*painter, rect, Style(), Axis(), TimelineLibrary::Instance().images)
+        .Paint(m_timeMark.start, m_timeMark.end);
+}
+
+void CTimelineTrackTick::DrawCurrentFrame(QPainter& painter, const QRect& rect) const
+{
+    RulerPainter(painter, rect, Style(), Axis(), TimelineLibrary::Instance().images)
+        .PaintCurrentFrame();
+}
+
+const TickTrackStyle& CTimelineTrackTick::Style() const
+{
     static const TickTrackStyle plain; // while no style is loaded: no visible numbers
     const auto* style = StyleAs<TickTrackStyle>();
-    RulerPainter ruler(*painter, rect, style ? *style : plain, Axis(),
-                       TimelineLibrary::Instance().images);
-    ruler.Paint(m_timeMark.start, m_timeMark.end);
+    return style ? *style : plain;
 }
 
 int CTimelineTrackTick::HitTestRangeMarker(QPoint point)

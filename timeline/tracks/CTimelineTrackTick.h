@@ -12,6 +12,8 @@ public:
     CTimelineTrackTick();
     bool Init(QWidget* parent) override;
     void DrawTrack(QPainter* painter, QRect rect) override;
+    /// Paints the current frame alone into the ruler that stands in @p rect.
+    void DrawCurrentFrame(QPainter& painter, const QRect& rect) const;
     /// Which time-mark marker covers @p point: 1 the end marker, which is tested first, 0 the start
     /// marker, -1 none.
     int HitTestRangeMarker(QPoint point) override;
@@ -31,6 +33,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    const TickTrackStyle& Style() const;
     void Press(QPoint point);
     void GrabMarker(int marker);
     void GrabCurrentFrame(int x);

@@ -8,6 +8,14 @@
 #include <QPainter>
 #include <QPointer>
 
+#include <utility>
+
+namespace {
+
+constexpr int kMostParts = 4; // that are worth a look at the keys each
+
+} // namespace
+
 CTimelineTrackTransKey::CTimelineTrackTransKey()
 {
     setAccessibleName(QStringLiteral("CTimelineTrackTransKey"));
@@ -39,14 +47,29 @@ void CTimelineTrackTransKey::paintEvent(QPaintEvent* event)
     const auto* style = StyleAs<LineKeyTrackStyle>();
     if (!style)
         return;
-    const QRect columns = event->rect();
+    QPainter painter(this);
+    // A current frame that moves far leaves two strips to paint, with much between them. Parts are
+    // clipped one by one, since what reaches into two of them must not be painted twice in either.
+    const QRegion region = event->region();
+    if (region.rectCount() > kMostParts) {
+        PaintColumns(painter, *style, region.boundingRect());
+        return;
+    }
+    for (const QRect& part : region) {
+        painter.setClipRect(part);
+        PaintColumns(painter, *style, part);
+    }
+}
+
+void CTimelineTrackTransKey::PaintColumns(QPainter& painter, const LineKeyTrackStyle& style,
+                                          const QRect& columns)
+{
     const RowView view(rect(), Axis(), columns.left(), columns.right());
     if (view.IsEmpty())
         return;
-    QPainter painter(this);
-    const DisplayKeyList list = CollectTransitionWindow(Keys(), Facts(), Scope(), view, *style);
+    const DisplayKeyList list = CollectTransitionWindow(Keys(), Facts(), Scope(), view, style);
     NoteTransition(LongestTransition(list));
-    TransitionPainter(painter, view, *style).Draw(list);
+    TransitionPainter(painter, view, style).Draw(list);
     DrawOwnKeyBars(painter, view);
 }
 
@@ -67,6 +90,7 @@ void CTimelineTrackTransKey::mousePressEvent(QMouseEvent* event)
         EndGesture();
     if (!self)
         return;
+    m_releaseIsDone = m_releaseIsDone && !isLeft;
     const int key = isLeft ? HitTestHandle(event->pos()) : -1;
     if (key < 0) {
         CTimelineTrackBase::mousePressEvent(event);
@@ -96,10 +120,12 @@ void CTimelineTrackTransKey::mouseReleaseEvent(QMouseEvent* event)
     const OpenGesture::Handling handling(Gesture());
     if (!self)
         return;
-    if (event->button() == Qt::LeftButton && m_handleDrag.IsOn())
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (isLeft && m_handleDrag.IsOn())
         EndGesture();
-    else
-        CTimelineTrackBase::mouseReleaseEvent(event);
+    if (!self || (isLeft && std::exchange(m_releaseIsDone, false)))
+        return;
+    CTimelineTrackBase::mouseReleaseEvent(event);
 }
 
 void CTimelineTrackTransKey::EndGesture()
@@ -110,5 +136,6 @@ void CTimelineTrackTransKey::EndGesture()
     }
     const CallOut callOut;
     Gesture().End();
+    m_releaseIsDone = true;
     m_handleDrag.Release();
 }

@@ -29,7 +29,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void PaintColumns(QPainter& painter, const LineKeyTrackStyle& style, const QRect& columns);
     bool CoversRow(const QPainter& painter, const QRect& rect) const;
 
     TransitionGesture m_handleDrag{*this};
+    bool m_releaseIsDone = false; ///< the button is still to go up after a drag that has ended
 };

@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr int kNarrowestCell = 3; // a current-frame cell below this is a plain column
+
 /// Frames per pixel; 1 before the axis was first computed.
 long long FramesPerPixel(const FrameAxis& axis)
 {
@@ -51,6 +53,16 @@ int CurrentFrameLineX(const FrameAxis& axis)
         return axis.FrameToPixel(axis.currentFrame);
     const long long k = FramesPerPixel(axis);
     return ClampedInt((2 * (axis.currentFrame - axis.scrollX * k) + 1 + k) / (2 * k));
+}
+
+CurrentFrameCell::CurrentFrameCell(const FrameAxis& axis)
+{
+    if (axis.currentFrame < 0 || axis.currentFrame >= axis.frameCount)
+        return;
+    first = axis.FrameToPixel(axis.currentFrame);
+    const long long end = first + axis.info.pixelsPerFrame + 1;
+    isPlain = axis.IsFramesPerPixel() || end - first < kNarrowestCell;
+    last = isPlain ? first + 1 : end;
 }
 
 int AlignedTop(int align, int rowHeight, int height)

@@ -20,6 +20,19 @@ int CentredOnFrame(const FrameAxis& axis, long long frame, int width);
 /// position of the middle of its cell, rounded.
 int CurrentFrameLineX(const FrameAxis& axis);
 
+/// The columns that the ruler shows the current frame in, both included; none (last before first)
+/// when it is no valid frame.
+struct CurrentFrameCell
+{
+    explicit CurrentFrameCell(const FrameAxis& axis);
+
+    long long first = 0;
+    long long last = -1;
+    bool isPlain = true; ///< too narrow for more than one colour
+
+    bool IsEmpty() const { return last < first; }
+};
+
 /// How the skin places glyphs and bars in a row.
 enum VerticalAlign : int
 {

@@ -45,15 +45,14 @@ void ClipEdgeGesture::Press(const ClipEdgeHit& edge)
     // The drag may end while the host is being told of the press; the clip is selected even then.
     HeldKey clip = m_clip;
 
-    TrackReport report(m_track);
-    if (!report.Send(kTrackPressed))
+    if (!TrackReport(m_track).Send(kTrackPressed))
         return;
     keys.ClearAllSelection();
-    if (!report.Send(kTrackSelectionCleared))
+    if (!TrackReport(m_track).Send(kTrackSelectionCleared))
         return;
     if (clip.Find(keys))
         keys.SetSelectionByIndex(clip.Index(), clip.Index(), true, TL_KEY_ANY_KIND);
-    report.Send(kTrackSelectionChanged);
+    TrackReport(m_track).Send(kTrackSelectionChanged);
 }
 
 void ClipEdgeGesture::DragTo(int x)
@@ -67,9 +66,8 @@ void ClipEdgeGesture::DragTo(int x)
     if (!amount)
         return;
 
-    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
-        if (!report.Send(codes->begins, m_clip.Index(), *amount))
+        if (!TrackReport(m_track).Send(codes->begins, m_clip.Index(), *amount))
             return;
         // The host may have ended the drag, or made another clip of this one.
         clip = m_clip.Find(m_track.Keys());
@@ -79,7 +77,7 @@ void ClipEdgeGesture::DragTo(int x)
         if (!amount)
             return;
     }
-    report.Send(codes->step, m_clip.Index(), *amount);
+    TrackReport(m_track).Send(codes->step, m_clip.Index(), *amount);
 }
 
 void ClipEdgeGesture::Release()

@@ -5,11 +5,12 @@
 #include "library/TimelineLibrary.h"
 #include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/CurrentFrame.h"
 #include "tracks/KeyHit.h"
 #include "tracks/PressSelection.h"
 #include "tracks/RangeMarkers.h"
 #include "tracks/RangeSelection.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 
 #include <QMouseEvent>
 #include <QPointer>
@@ -86,7 +87,7 @@ void KeyGesture::PressRow(Pointer at)
         ReportCurrentFrame(m_track);
         return;
     }
-    if (!Report(m_track, kTrackPressed) || turn != m_turn)
+    if (!TrackReport(m_track).Send(kTrackPressed) || turn != m_turn)
         return;
     if (PressMarker(at))
         return;
@@ -129,7 +130,7 @@ bool KeyGesture::PressMarker(Pointer at)
 void KeyGesture::PressBesideClips(Pointer at)
 {
     m_track.Keys().ClearAllSelection();
-    if (!Report(m_track, kTrackSelectionCleared))
+    if (!TrackReport(m_track).Send(kTrackSelectionCleared))
         return;
     WriteCurrentFrame(FrameAt(at.point));
     ReportCurrentFrame(m_track);
@@ -145,7 +146,7 @@ void KeyGesture::PressKey(Pointer at, const KeyHit& hit)
         if (!hit.Edited()->selected && !SelectHitAlone(m_track, hit))
             return;
         GoToHit(hit);
-        if (!Report(m_track, kTrackSelectionChanged) || turn != m_turn)
+        if (!TrackReport(m_track).Send(kTrackSelectionChanged) || turn != m_turn)
             return;
     }
     const int pressedKey = hit.KeyIndex();
@@ -164,7 +165,7 @@ void KeyGesture::BeginRange(Pointer at, const KeyHit& hit)
     m_pressedKey = hit.KeyIndex();
     const int frame = NearestFrame(FrameAt(at.point));
     m_track.SetRange(frame, frame);
-    if (!SelectFirstRange(at) || !Report(m_track, kTrackSelectionChanged))
+    if (!SelectFirstRange(at) || !TrackReport(m_track).Send(kTrackSelectionChanged))
         return;
     WriteCurrentFrame(FrameAt(at.point));
     if (ReportCurrentFrame(m_track))
@@ -179,7 +180,7 @@ bool KeyGesture::SelectFirstRange(Pointer at)
     const bool editsSubKeys = m_track.HasEditMode(TL_EDIT_SUB_KEYS);
     if (!at.HasCtrl()) {
         RangeSelection(m_track, m_pressedKey).Clear();
-        if (!editsSubKeys && !at.HasShift() && !Report(m_track, kTrackSelectionCleared))
+        if (!editsSubKeys && !at.HasShift() && !TrackReport(m_track).Send(kTrackSelectionCleared))
             return false;
     }
     RangeSelection range(m_track, m_pressedKey);
@@ -216,7 +217,7 @@ void KeyGesture::DragRange(Pointer at)
     if (m_state == State::DraggingMarker)
         m_feedback.ShowResizeCursor();
     SelectRangeTo(at);
-    Report(m_track, kTrackSelectionChanged);
+    TrackReport(m_track).Send(kTrackSelectionChanged);
 }
 
 void KeyGesture::SelectRangeTo(Pointer at)
@@ -238,12 +239,12 @@ void KeyGesture::DragKeys(Pointer at)
         m_state = State::DraggingKeys;
         m_isCopy = at.HasCtrl();
         const unsigned int turn = m_turn;
-        if (!Report(m_track, CodesOf(m_isCopy).begins) || turn != m_turn)
+        if (!TrackReport(m_track).Send(CodesOf(m_isCopy).begins) || turn != m_turn)
             return;
     }
     const int frames = FramesSinceLastStep(at.point);
     m_lastStepPoint = at.point;
-    Report(m_track, CodesOf(m_isCopy).step, frames);
+    TrackReport(m_track).Send(CodesOf(m_isCopy).step, frames);
 }
 
 // --- Release
@@ -302,11 +303,11 @@ bool KeyGesture::FinishKeys(Pointer at, bool wasDragged)
     const KeyHit hit(m_track, at.point);
     if (hit.Edited() && at.HasCtrl() && !wasDragged) {
         hit.SelectEdited(!hit.Edited()->selected);
-        if (!Report(m_track, kTrackSelectionChanged))
+        if (!TrackReport(m_track).Send(kTrackSelectionChanged))
             return false;
     }
     GoToHit(hit);
-    return !wasDragged || Report(m_track, CodesOf(isCopy).ends, frames);
+    return !wasDragged || TrackReport(m_track).Send(CodesOf(isCopy).ends, frames);
 }
 
 // --- Double click
@@ -329,10 +330,10 @@ void KeyGesture::DoubleClick(QMouseEvent& event)
 void KeyGesture::DoubleClickRow(Pointer at)
 {
     ++m_turn;
-    if (!Report(m_track, kTrackPressed))
+    if (!TrackReport(m_track).Send(kTrackPressed))
         return;
     m_track.Keys().ClearAllSelection();
-    if (!Report(m_track, kTrackSelectionCleared))
+    if (!TrackReport(m_track).Send(kTrackSelectionCleared))
         return;
 
     const int frame = FrameAt(at.point);
@@ -345,5 +346,5 @@ void KeyGesture::DoubleClickRow(Pointer at)
     if (hit.Key() && m_track.GetEditModes().GetSize() > 0 && !SelectDoubleClicked(m_track, hit))
         return;
     if (ReportCurrentFrame(m_track))
-        Report(m_track, kTrackDoubleClicked, hit.EditedIndex());
+        TrackReport(m_track).Send(kTrackDoubleClicked, hit.EditedIndex());
 }

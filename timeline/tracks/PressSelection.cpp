@@ -3,8 +3,9 @@
 #include "model/MessageCodes.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/CurrentFrame.h"
 #include "tracks/KeyHit.h"
-#include "tracks/TrackReports.h"
+#include "tracks/TrackReport.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ void GoTo(const KeyHit& hit, const CTimelineKey& key)
 
 bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit)
 {
-    if (!Report(track, kTrackSelectionCleared))
+    if (!TrackReport(track).Send(kTrackSelectionCleared))
         return false;
     CTimelineKeyArray& keys = track.Keys();
     const int last = static_cast<int>(keys.GetSize()) - 1;
@@ -34,13 +35,13 @@ bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit)
         if (key->subKeys && key->subKeys != hit.Key()->subKeys)
             key->subKeys->ClearAllSelection();
     }
-    return Report(track, kTrackSelectionChanged);
+    return TrackReport(track).Send(kTrackSelectionChanged);
 }
 
 bool SelectHitAlone(CTimelineTrackBase& track, const KeyHit& hit)
 {
     hit.EditedKeys().ClearAllSelection();
-    if (!hit.EditsSubKeys() && !Report(track, kTrackSelectionCleared))
+    if (!hit.EditsSubKeys() && !TrackReport(track).Send(kTrackSelectionCleared))
         return false;
     hit.SelectEdited(true);
     return true;
@@ -59,5 +60,5 @@ bool SelectDoubleClicked(CTimelineTrackBase& track, const KeyHit& hit)
     if (hit.SubKey())
         hit.SelectEdited(true);
     GoTo(hit, hit.SubKey() ? *hit.SubKey() : *hit.Key());
-    return Report(track, kTrackSelectionChanged);
+    return TrackReport(track).Send(kTrackSelectionChanged);
 }

@@ -3,7 +3,7 @@
 #include "axis/ClampedInt.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
-#include "tracks/TrackReports.h"
+#include "tracks/CurrentFrame.h"
 
 #include <algorithm>
 

@@ -3,6 +3,7 @@
 #include "skin/ImageTables.h"
 #include "skin/SkinFont.h"
 #include "skin/TrackStyles.h"
+#include "tracks/CellGeometry.h"
 #include "tracks/RangeMarkers.h"
 #include "tracks/ShapedTexts.h"
 #include "tracks/StripPainter.h"
@@ -31,7 +32,6 @@ enum RulerBrush
 };
 
 constexpr Wide kTicksPerNumber = 5;
-constexpr int kNarrowestCell = 3; // a current-frame cell below this is a plain column
 
 /// The baseline of the numbers below the row's top: the font centred in the row and lifted by the
 /// skin's offset, in single precision.
@@ -174,17 +174,15 @@ void RulerPainter::PaintMarker(long long x, int image)
 
 void RulerPainter::PaintCurrentFrame()
 {
-    const FrameAxis& axis = m_view.axis;
-    if (axis.currentFrame < 0 || axis.currentFrame >= m_view.LastFrame())
+    const CurrentFrameCell cell(m_view.axis);
+    if (cell.IsEmpty())
         return;
-    const Wide x = axis.FrameToPixel(axis.currentFrame);
-    const Wide endX = x + axis.info.pixelsPerFrame + 1;
-    if (axis.IsFramesPerPixel() || endX - x < kNarrowestCell) {
-        Fill(x, x + 1, kCurrentColumnBrush);
+    if (cell.isPlain) {
+        Fill(cell.first, cell.last, kCurrentColumnBrush);
         return;
     }
-    const Wide middle = (endX + x) / 2;
-    Fill(x, endX, kCurrentCellBrush);
-    Fill(x + 1, endX - 1, kCurrentCellInsideBrush);
+    const Wide middle = (cell.last + cell.first) / 2;
+    Fill(cell.first, cell.last, kCurrentCellBrush);
+    Fill(cell.first + 1, cell.last - 1, kCurrentCellInsideBrush);
     Fill(middle, middle + 1, kCurrentCellMiddleBrush);
 }

@@ -20,6 +20,8 @@ public:
     /// The markers stand at the frames @p timeMarkStart and @p timeMarkEnd, in any order and
     /// anywhere.
     void Paint(int timeMarkStart, int timeMarkEnd);
+    /// The current frame alone, which is painted last.
+    void PaintCurrentFrame();
 
 private:
     void PaintGround();
@@ -28,7 +30,6 @@ private:
     void PaintTick(long long frame, long long x);
     void PaintNumber(long long frame, long long x);
     void PaintMarkers(int timeMarkStart, int timeMarkEnd);
-    void PaintCurrentFrame();
 
     int Width() const { return m_view.row.width(); }
     int NumberReach() const;

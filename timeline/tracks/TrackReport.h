@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
@@ -22,6 +23,9 @@ public:
             m_track->Send(code, value2, value3);
         return IsThere();
     }
+
+    /// Tells that the current frame was set: the first notice and the final one.
+    bool SendCurrentFrame() { return Send(kTrackFrameMoved) && Send(kTrackFrameSet); }
 
 private:
     QPointer<CTimelineTrackBase> m_track;

@@ -17,12 +17,11 @@ void TransitionGesture::Press(int index)
     // The drag may end while the host is being told of the press; the key is selected even then.
     HeldKey key = m_key;
 
-    TrackReport report(m_track);
-    if (!report.Send(kTrackPressed))
+    if (!TrackReport(m_track).Send(kTrackPressed))
         return;
     if (key.Find(keys))
         keys.SetSelectionByIndex(key.Index(), key.Index(), true, TL_KEY_ANY_KIND);
-    report.Send(kTrackSelectionChanged);
+    TrackReport(m_track).Send(kTrackSelectionChanged);
 }
 
 void TransitionGesture::DragTo(int x)
@@ -35,9 +34,8 @@ void TransitionGesture::DragTo(int x)
     if (!amount)
         return;
 
-    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
-        if (!report.Send(kTrackTrimBegins, m_key.Index(), *amount))
+        if (!TrackReport(m_track).Send(kTrackTrimBegins, m_key.Index(), *amount))
             return;
         // The host may have ended the drag, or made another key of this one.
         key = m_key.Find(m_track.Keys());
@@ -46,7 +44,7 @@ void TransitionGesture::DragTo(int x)
         if (!key || !amount)
             return;
     }
-    report.Send(kTrackTrimStep, m_key.Index(), *amount);
+    TrackReport(m_track).Send(kTrackTrimStep, m_key.Index(), *amount);
 }
 
 void TransitionGesture::Release()

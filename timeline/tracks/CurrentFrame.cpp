@@ -1,11 +1,8 @@
-#include "tracks/TrackReports.h"
+#include "tracks/CurrentFrame.h"
 
 #include "axis/ClampedInt.h"
 #include "library/TimelineLibrary.h"
-#include "model/MessageCodes.h"
-#include "tracks/CTimelineTrackBase.h"
-
-#include <QPointer>
+#include "tracks/TrackReport.h"
 
 #include <algorithm>
 
@@ -18,18 +15,11 @@ FrameAxis& Axis()
 
 } // namespace
 
-bool Report(CTimelineTrackBase& track, int code, const QVariant& value2)
-{
-    const QPointer<CTimelineTrackBase> sender(&track);
-    track.Send(code, value2);
-    return sender && sender->GetOwner();
-}
-
 bool ReportCurrentFrame(CTimelineTrackBase& track)
 {
     // The host may have taken frames away since the current one was written.
     WriteCurrentFrame(Axis().currentFrame);
-    return Report(track, kTrackFrameMoved) && Report(track, kTrackFrameSet);
+    return TrackReport(track).SendCurrentFrame();
 }
 
 int NearestFrame(long long frame)

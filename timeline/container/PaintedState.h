@@ -1,0 +1,57 @@
+#pragma once
+
+#include "axis/CFrameInfo.h"
+
+#include <QRgb>
+#include <QSize>
+#include <QString>
+
+#include <vector>
+
+class CTimelineContainer;
+class CTimelineTrackBase;
+class StyleRecord;
+
+/// What a picture of the timeline was made from, as far as it can be seen at a glance: enough to
+/// tell that something was changed without a repaint. The current frame is not part of it, nor are
+/// the keys themselves: a host that changes those in place says so.
+class PaintedState
+{
+public:
+    PaintedState() = default; ///< of no picture
+    explicit PaintedState(const CTimelineContainer& container);
+
+    bool operator==(const PaintedState& other) const;
+    bool operator!=(const PaintedState& other) const { return !(*this == other); }
+
+private:
+    struct Row
+    {
+        explicit Row(const CTimelineTrackBase& track);
+        bool operator==(const Row& other) const;
+
+        const CTimelineTrackBase* track;
+        const StyleRecord* style;
+        QString caption;
+        std::size_t keys;
+        std::size_t relatedKeys;
+        std::size_t selectedKeys;
+        int rangeStart;
+        int rangeEnd;
+        int height;
+        bool visible;
+        bool active;
+        bool showsRange;
+        unsigned int buttons; ///< of a switch row, in one number
+    };
+
+    QSize m_size;
+    int m_frameCount = 0;
+    int m_scrollX = 0;
+    CFrameInfo m_info;
+    int m_timeMark[2] = {};
+    int m_thumb[2] = {};
+    QRgb m_line = 0;
+    qint64 m_pictures = 0; ///< changes when the pictures were freed and loaded again
+    std::vector<Row> m_rows;
+};
