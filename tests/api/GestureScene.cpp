@@ -84,7 +84,7 @@ QString SmallSkin(unsigned rows)
         return path;
     const auto sections = SectionsOf(KESTOVA_SOURCE_DIR "/skins/default.ini");
     QByteArrayList taken;
-    for (const char* const always : {"TickTrack", "TrackRightMenu", "KeyTrack1", "ClipTrack1"})
+    for (const char* const always : {"TickTrack", "TrackRightMenu", "KeyTrack1"})
         Take(sections, always, taken);
     for (const RowKind& kind : kRowKinds) {
         if (rows & kind.row) {
@@ -128,7 +128,7 @@ void GestureScene::MakeRows()
     }
     m_names.clear();
     if (!isThere(m_body))
-        m_body = manager.CreateTrack(TL_TRACK_CLIP, "Body", 1);
+        m_body = manager.CreateTrack(TL_TRACK_KEY, "Body", 1);
     m_names[m_body] = "Body";
     if (!m_body->GetParentTrack())
         manager.ShowRootTrack(m_body, 0, true);

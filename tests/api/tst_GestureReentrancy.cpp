@@ -80,6 +80,7 @@ class tst_GestureReentrancy : public QObject
 
     std::unique_ptr<GestureScene> m_scene;
     int m_sceneOf = -1;
+    int m_tried = 0;
 
     GestureScene& SceneOf(int gesture);
     QStringList Undisturbed(int gesture);
@@ -178,6 +179,8 @@ QString tst_GestureReentrancy::Try(int gesture, const Deed& deed, int position)
 
 void tst_GestureReentrancy::cleanupTestCase()
 {
+    qInfo("%d gestures, %d deeds, %d cases", int(Gestures().size()), int(std::size(kDeeds)),
+          m_tried);
     m_scene.reset();
 }
 
@@ -213,13 +216,16 @@ void tst_GestureReentrancy::survivesAHostThat()
     QFETCH(int, gesture);
     QFETCH(int, deed);
     const QStringList expected = Undisturbed(gesture);
-    // What happens in a call to the window goes on in the call to the host that follows it: by
-    // default only what takes something away is done in both.
+    // Calls to the window come in front of calls to the host, with the same frames on the stack: by
+    // default the first of each kind is tried.
     static const bool isWhole = qEnvironmentVariableIsSet("KESTOVA_WHOLE_MATRIX");
     for (int position = 0; position < expected.size(); ++position) {
-        const bool isWindows = expected[position].startsWith("window");
-        if (isWindows && !kDeeds[deed].takesAway && !isWhole)
+        const QString& call = expected[position];
+        const bool isTried = isWhole || !call.startsWith("window") ||
+                             (kDeeds[deed].takesAway && expected.indexOf(call) == position);
+        if (!isTried)
             continue;
+        ++m_tried;
         const QString fault = Try(gesture, kDeeds[deed], position);
         QVERIFY2(
             fault.isEmpty(),
