@@ -245,6 +245,8 @@ void tst_KeyGestureMarker::showsNoCursorWhenTheHostTookTheRowAway()
 {
     MarkerScene scene;
     scene.When("frame 20 true", [&] { scene.fixture.manager->HideChildTrack(scene.row, true); });
+    scene.pointer.MoveTo(scene.row, scene.OnEndMarker(20));
+    scene.row->unsetCursor(); // that of the hover
     scene.pointer.Press(scene.row, scene.OnEndMarker(20));
     QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "frame 20 false", "frame 20 true"}));
     QVERIFY(!scene.HasResizeCursor());
