@@ -154,7 +154,10 @@ private slots:
         QFETCH(int, code);
         QFETCH(QStringList, sent);
         QFETCH(Repaint, repaint);
+        Container().SetCurrentFrame(41);
         m_fixture->Settle();
+        // As a track writes it before it reports: on screen is still the frame before.
+        TimelineLibrary::Instance().axis.currentFrame = 42;
         PaintCounter counter(Container());
         QTEST(Send(code), "result");
         QCOMPARE(m_owner.sent, sent);

@@ -154,6 +154,7 @@ void CTimelineContainer::PaintStep(QPainter& painter)
         m_scrubPictures.CopyLine(painter, line);
     m_scrubPictures.CopyWithout(painter, m_strips.Cell(before));
     m_scrubPictures.CopyWithout(painter, m_strips.Cell(Axis()));
+    painter.setClipRect(m_strips.Cell(Axis()));
     m_tickTrack->DrawCurrentFrame(painter, m_strips.ruler);
     m_onScreen.frame = Axis().currentFrame;
 }
