@@ -177,14 +177,54 @@ private slots:
         QCOMPARE(counter.paints, 1);
     }
 
+    void movedRowsArePlacedAnew()
+    {
+        const QPoint place = m_track->pos();
+        m_track->move(3, 5);
+        QCOMPARE(Send(1202), 0);
+        QCOMPARE(m_track->pos(), place);
+    }
+
+    void withoutRulerAndScrollBarRowsAreNotMoved()
+    {
+        CTimelineContainer container(nullptr);
+        container.SetOwnerInterface(&m_owner);
+        const std::unique_ptr<CTimelineTrackBase> row(MakeTrack(TL_TRACK_KEY, "row"));
+        container.ShowRootTrack(row.get(), 0, false);
+        row->setGeometry(3, 5, 70, 90);
+        QCOMPARE(DispatchTrackMessage(container, {1202, row.get(), 0, 0, 0, 0}), 0);
+        QCOMPARE(row->geometry(), QRect(3, 5, 70, 90));
+        container.HideRootTrack(row.get(), nullptr, false, false);
+    }
+
+    void everyCodeBesideTheTableIsNone()
+    {
+        for (int code = 1000; code < 1400; ++code) {
+            if (code >= 1101 && code <= 1117)
+                continue;
+            if (code >= 1201 && code <= 1214)
+                continue;
+            QCOMPARE(Send(code), -1);
+        }
+        QCOMPARE(m_owner.sent, QStringList());
+    }
+
     void withoutAnOwnerEveryCodeIsRefusedAndChangesNothing()
     {
         Container().SetOwnerInterface(nullptr);
         m_track->Keys().Add(VZ::CPointer<CTimelineKey>(new CTimelineKey), false);
         m_track->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
-        for (const int code : {1101, 1102, 1103, 1104, 1108, 1202, 1203, 1205, 1212})
+        const QPoint misplaced(3, 5);
+        m_track->move(misplaced);
+        m_fixture->Settle();
+        PaintCounter counter(Container());
+        for (int code = 1101; code <= 1214; ++code)
             QCOMPARE(Send(code, m_root), -1);
+        m_fixture->Settle();
+        QCOMPARE(counter.paints, 0);
+        QCOMPARE(m_track->pos(), misplaced);
         QCOMPARE(m_track->Keys().SelGetSize(), std::size_t(1));
+        QCOMPARE(m_track->Keys().GetSize(), std::size_t(1));
         QVERIFY(!m_root->IsActive());
         QCOMPARE(m_fixture->Window().calls, QStringList());
     }
