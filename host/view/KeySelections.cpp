@@ -2,6 +2,8 @@
 
 #include "SceneTracks.h"
 
+#include <QSet>
+
 namespace host {
 
 namespace {
@@ -68,10 +70,11 @@ QVector<KeySelection> SelectionOn(const SceneTracks& tracks, const Scene& scene,
 
 void SelectOnly(CTimelineKeyArray& keys, const QVector<KeyId>& selected)
 {
+    const QSet<KeyId> ids(selected.cbegin(), selected.cend());
     keys.ClearAllSelection();
     const int count = static_cast<int>(keys.GetSize());
     for (int index = 0; index < count; ++index) {
-        if (selected.contains(KeyIdAt(keys, index)))
+        if (ids.contains(KeyIdAt(keys, index)))
             keys.SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
     }
 }

@@ -19,8 +19,7 @@ constexpr int kAddKeyButton = 3;   ///< the caption button of that number in the
 MainWindow::MainWindow()
     : m_dock(new QDockWidget(this)), m_tracks(m_manager), m_gestures(m_tracks, m_session),
       m_commands(m_manager, m_tracks, m_session), m_drops(m_manager, m_tracks, m_session),
-      m_manager(this),
-      m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
+      m_manager(this), m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
 {
     setWindowTitle(tr("Kestova Host"));
     m_dock->setWindowTitle(tr("Timeline"));

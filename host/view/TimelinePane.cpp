@@ -1,5 +1,6 @@
 #include "TimelinePane.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
@@ -21,6 +22,11 @@ TimelinePane::TimelinePane(QWidget* parent)
     m_zoomIn = m_toolBar->addAction(tr("Zoom In"), this, &TimelinePane::ZoomInRequested);
     m_zoomOut = m_toolBar->addAction(tr("Zoom Out"), this, &TimelinePane::ZoomOutRequested);
     m_zoomAll = m_toolBar->addAction(tr("Show All"), this, &TimelinePane::ZoomAllRequested);
+    m_toolBar->addSeparator();
+    QAction* const speed = m_toolBar->addAction(tr("Clip Speed"));
+    speed->setCheckable(true);
+    speed->setToolTip(tr("Let the end of a clip change its speed instead of its loops"));
+    connect(speed, &QAction::toggled, this, &TimelinePane::ClipSpeedToggled);
     auto* const space = new QWidget;
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_toolBar->addWidget(space);

@@ -9,8 +9,8 @@ class QToolBar;
 
 namespace host {
 
-/// What stands in the dock: a tool bar with the zoom and the current frame, and below it the
-/// timeline, which scrolls up and down when its rows need more height than there is.
+/// What stands in the dock: a tool bar with the zoom, the mode of clips and the current frame, and
+/// below it the timeline, which scrolls up and down when its rows need more height than there is.
 class TimelinePane : public QWidget
 {
     Q_OBJECT
@@ -32,7 +32,8 @@ signals:
     void ZoomInRequested();
     void ZoomOutRequested();
     void ZoomAllRequested();
-    void ViewResized(); ///< the view is wider or narrower than before
+    void ClipSpeedToggled(bool isSpeed); ///< what the end of a clip changes: its speed or its loops
+    void ViewResized();                  ///< the view is wider or narrower than before
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

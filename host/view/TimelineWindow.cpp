@@ -13,6 +13,8 @@ TimelineWindow::TimelineWindow(QDockWidget* dock) : m_dock(dock), m_pane(new Tim
     connect(m_pane, &TimelinePane::ZoomInRequested, this, [this] { DoZoomIn(); });
     connect(m_pane, &TimelinePane::ZoomOutRequested, this, [this] { DoZoomOut(); });
     connect(m_pane, &TimelinePane::ZoomAllRequested, this, [this] { DoZoomAll(); });
+    connect(m_pane, &TimelinePane::ClipSpeedToggled, this,
+            [this](bool isSpeed) { SetLoopSpeedState(isSpeed); });
 }
 
 TimelineWindow::~TimelineWindow()

@@ -71,6 +71,9 @@ private slots:
     void setsUpTheRelations();
     void hidesARowAndShowsItAtItsPlace();
     void showsOnlyTheRowsWhoseButtonsAreOn();
+    void showsChangedKeysAndKeepsThemSelected();
+    void takesCopiesOfItsKeysAway();
+    void readsWhatItHasWritten();
     void takesThePreviousSceneAway();
     void refusesAStyleThatTheSkinLacks();
 
@@ -288,6 +291,66 @@ void tst_SceneTracks::showsOnlyTheRowsWhoseButtonsAreOn()
     };
     QVERIFY(!isShown("LeftArm"));
     QVERIFY(isShown("LeftFootContact"));
+}
+
+void tst_SceneTracks::showsChangedKeysAndKeepsThemSelected()
+{
+    SmallHost host;
+    Scene scene = SampleScene();
+    QVERIFY(host.tracks.Show(scene));
+    CTimelineKeyArray* const keys = KeysOf(host, scene, "LeftArm");
+    keys->SetSelectionByIndex(1, 1, true, TL_KEY_ANY_KIND);
+    const auto moved = keys->GetAt(1);
+    QVector<SceneKey>& arm = scene.FindTrack(IdOf(scene, QStringLiteral("LeftArm")))->keys;
+    arm[1].frame = 17;
+    arm[1].locked = true;
+    arm.removeAt(0);
+    const std::size_t count = keys->GetSize() - 1;
+    host.tracks.ShowKeys(scene);
+    QCOMPARE(keys->GetSize(), count);
+    QVERIFY(keys->GetAt(0) == moved); // who holds the key goes on holding what is shown
+    QCOMPARE(moved->frame, 17);
+    QCOMPARE(moved->lockState, static_cast<int>(TL_KEY_LOCKED));
+    QCOMPARE(keys->SelectedIndexes(), std::vector<int>{0});
+}
+
+void tst_SceneTracks::takesCopiesOfItsKeysAway()
+{
+    SmallHost host;
+    const Scene scene = SampleScene();
+    QVERIFY(host.tracks.Show(scene));
+    CTimelineKeyArray* const keys = KeysOf(host, scene, "LeftArm");
+    const std::size_t count = keys->GetSize();
+    const VZ::CPointer<CTimelineKey> copy(new CTimelineKey(*keys->GetAt(1)));
+    copy->frame += 3;
+    keys->Add(copy, false);
+    host.tracks.ShowKeys(scene, {IdOf(scene, QStringLiteral("LeftArm"))});
+    QCOMPARE(keys->GetSize(), count);
+    for (std::size_t i = 0; i < count; ++i)
+        QVERIFY(keys->GetAt(static_cast<int>(i)) != copy);
+    QCOMPARE(keys->GetAt(1)->frame,
+             scene.FindTrack(IdOf(scene, QStringLiteral("LeftArm")))->keys[1].frame);
+}
+
+void tst_SceneTracks::readsWhatItHasWritten()
+{
+    SmallHost host;
+    const Scene scene = SampleScene();
+    QVERIFY(host.tracks.Show(scene));
+    std::function<void(QVector<SceneKey>&)> forget = [&forget](QVector<SceneKey>& keys) {
+        for (SceneKey& key : keys) { // a copy has neither
+            key.id = kNoKey;
+            key.group = kNoGroup;
+            forget(key.subKeys);
+        }
+    };
+    for (SceneTrack track : scene.tracks) {
+        QVector<SceneKey> read;
+        for (const auto& key : host.manager.GetKeyDataArray(host.tracks.TrackOf(track.id))->Keys())
+            read.append(TimelineKeys::Read(*key));
+        forget(track.keys);
+        QVERIFY2(read == track.keys, qPrintable(track.name));
+    }
 }
 
 void tst_SceneTracks::takesThePreviousSceneAway()
