@@ -18,8 +18,12 @@ private slots:
     void codesOutsideTheTableAreUnknownAndRaiseNothing_data();
     void codesOutsideTheTableAreUnknownAndRaiseNothing();
 
+    void theWindowHearsOfAFrameBeforeTheHost_data();
+    void theWindowHearsOfAFrameBeforeTheHost();
+    void aFrameIsStoredBeforeAnybodyHearsOfIt();
+    void framesAreCountedOnFromTheStoredOneOverTheNextWindow();
+
     void aFrameThatTheManagerHoldsCallsNeitherWindowNorHost();
-    void aChangedFrameIsStoredAndToldToTheWindowFirst();
     void aFinalNoticeFollowsThoughTheFrameIsStoredByThen();
     void noSecondFinalNoticeIsGiven();
     void aFinalNoticeOfANewFrameOwesNothing();
@@ -27,6 +31,12 @@ private slots:
     void aFinalNoticeOfANewFrameTellsTheWindow();
     void theMenuQueryHandsOverTheHostsList();
     void aDropOfTheContainerReachesTheHost();
+    void theMenuQueryOfAHostIsPassedOn();
+    void theRoadPassesEverythingOnUnchanged();
+    void aMarkMessageStoresTheMarkThatItNames_data();
+    void aMarkMessageStoresTheMarkThatItNames();
+    void aMarkMessageReachesTheHostThoughNothingChanges();
+    void onlyMarkMessagesStoreMarks();
     void timeMarkMessagesStoreUnclamped_data();
     void timeMarkMessagesStoreUnclamped();
 
@@ -76,6 +86,59 @@ void tst_CTimelineManagerMessages::everyCodeReachesItsCallback()
     fixture.ForgetCalls();
     QCOMPARE(fixture.manager->ReceiveMessage(code, root, child, value1, value2, value3), 0);
     QCOMPARE(fixture.host.calls, QStringList{call});
+    // The window hears of frames alone.
+    const bool isFrame = code <= 1302;
+    QCOMPARE(fixture.Window().calls, isFrame ? QStringList{"frame 7"} : QStringList());
+}
+
+void tst_CTimelineManagerMessages::theWindowHearsOfAFrameBeforeTheHost_data()
+{
+    QTest::addColumn<unsigned int>("code");
+    QTest::addColumn<QString>("call");
+    QTest::newRow("moved") << 1301u << "host frame 12 false";
+    QTest::newRow("set") << 1302u << "host frame 12 true";
+}
+
+void tst_CTimelineManagerMessages::theWindowHearsOfAFrameBeforeTheHost()
+{
+    QFETCH(unsigned int, code);
+    QFETCH(QString, call);
+    HostFixture fixture;
+    QStringList order;
+    fixture.host.reaction = [&](const QString& line) { order << "host " + line; };
+    fixture.Window().reaction = [&](const QString& line) { order << "window " + line; };
+    fixture.manager->ReceiveMessage(code, nullptr, nullptr, 12, 0, 0);
+    QCOMPARE(order, (QStringList{"window frame 12", call}));
+    fixture.host.reaction = nullptr;
+    fixture.Window().reaction = nullptr;
+}
+
+void tst_CTimelineManagerMessages::aFrameIsStoredBeforeAnybodyHearsOfIt()
+{
+    HostFixture fixture;
+    // What is stored is what silences the same frame: asked from inside the notices themselves.
+    const auto again = [&](const QString&) {
+        fixture.manager->ReceiveMessage(1301, nullptr, nullptr, 12, 0, 0);
+    };
+    fixture.Window().reaction = again;
+    fixture.host.reaction = again;
+    fixture.manager->ReceiveMessage(1301, nullptr, nullptr, 12, 0, 0);
+    fixture.Window().reaction = nullptr;
+    fixture.host.reaction = nullptr;
+    QCOMPARE(fixture.Window().calls, QStringList{"frame 12"});
+    QCOMPARE(fixture.host.calls, QStringList{"frame 12 false"});
+}
+
+void tst_CTimelineManagerMessages::framesAreCountedOnFromTheStoredOneOverTheNextWindow()
+{
+    HostFixture fixture;
+    fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 12, 0, 0);
+    fixture.manager->ReleaseTimelineWnd();
+    fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 30, 0, 0);
+    QCOMPARE(fixture.host.TakeCalls(), (QStringList{"frame 12 true", "frame 30 true"}));
+    fixture.manager->CreateTimelineMainWidget(fixture.dock);
+    fixture.manager->ShowTimelineWnd(true);
+    QCOMPARE(fixture.manager->GetCurrentFrame(), 30);
 }
 
 void tst_CTimelineManagerMessages::codesOutsideTheTableAreUnknownAndRaiseNothing_data()
@@ -103,20 +166,6 @@ void tst_CTimelineManagerMessages::aFrameThatTheManagerHoldsCallsNeitherWindowNo
     QCOMPARE(fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 12, 0, 0), 0);
     QVERIFY(fixture.host.calls.isEmpty());
     QVERIFY(fixture.Window().calls.isEmpty());
-}
-
-void tst_CTimelineManagerMessages::aChangedFrameIsStoredAndToldToTheWindowFirst()
-{
-    HostFixture fixture;
-    QStringList order;
-    fixture.host.reaction = [&](const QString& line) { order << QStringLiteral("host ") + line; };
-    fixture.Window().reaction = [&](const QString& line) {
-        order << QStringLiteral("window ") + line;
-    };
-    fixture.manager->ReceiveMessage(1301, nullptr, nullptr, 12, 0, 0);
-    QCOMPARE(order, (QStringList{"window frame 12", "host frame 12 false"}));
-    fixture.host.reaction = nullptr;
-    fixture.Window().reaction = nullptr;
 }
 
 void tst_CTimelineManagerMessages::aFinalNoticeFollowsThoughTheFrameIsStoredByThen()
@@ -179,6 +228,101 @@ void tst_CTimelineManagerMessages::aDropOfTheContainerReachesTheHost()
     QCOMPARE(road.OnContainerTrackEdit(TL_EDIT_CUT, tracks, 1, 2), 5);
     QCOMPARE(road.OnContainerMessage(1313, nullptr, nullptr, 0, 0, 0), 0);
     QCOMPARE(fixture.host.calls, (QStringList{"drop 9 a.clp", "edit 12 [] 1 2", "changed"}));
+}
+
+void tst_CTimelineManagerMessages::theMenuQueryOfAHostIsPassedOn()
+{
+    HostFixture fixture;
+    CTimelineTrackBase* const arm = fixture.Root(TL_TRACK_KEY, QStringLiteral("Arm"));
+    std::vector<_tmpTLMenuMapData*> menu;
+    QCOMPARE(fixture.manager->ReceiveMessage(1310, arm, &menu, 0, 0, 0), 0);
+    QCOMPARE(fixture.host.menuList, &menu);
+}
+
+void tst_CTimelineManagerMessages::theRoadPassesEverythingOnUnchanged()
+{
+    HostFixture fixture;
+    CTimelineTrackBase* const root = fixture.Root(TL_TRACK_CLIP, QStringLiteral("Root"));
+    CTimelineTrackBase* const child = fixture.Child(root, TL_TRACK_KEY, QStringLiteral("Child"));
+    fixture.ForgetCalls();
+    CMyContainerInterface road(fixture.manager.get());
+    QCOMPARE(road.OnContainerMessage(1305, root, child, 0, 0, 0), 0);
+    QCOMPARE(road.OnContainerMessage(1309, child, nullptr, 0, 2, QPoint(3, 4)), 0);
+    QCOMPARE(road.OnContainerMessage(1303, root, nullptr, 5, 1, 9), 0);
+    QCOMPARE(road.OnContainerMessage(1301, root, nullptr, 5, 1, 9), 0);
+    QCOMPARE(road.OnContainerMessage(1300, root, nullptr, 5, 1, 9), -1);
+    VZ::CArrayList<CTimelineTrackBase*> tracks;
+    tracks.Add(child);
+    tracks.Add(root);
+    QCOMPARE(road.OnContainerTrackEdit(TL_EDIT_PASTE, tracks, 7, -8), -1);
+    QVERIFY(!road.OnContainerDrop(TL_DROP_SCRIPT, QStringLiteral("a.kxs")));
+    QCOMPARE(fixture.host.calls,
+             (QStringList{"active Root Child", "caption button Child 2 (3,4)", "mark 1 9 false",
+                          "frame 5 false", "edit 14 [Child,Root] 7 -8", "drop 8 a.kxs"}));
+}
+
+void tst_CTimelineManagerMessages::aMarkMessageStoresTheMarkThatItNames_data()
+{
+    QTest::addColumn<unsigned int>("code");
+    QTest::addColumn<QVariant>("mark");
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("end");
+    QTest::addColumn<QString>("call");
+    QTest::newRow("1303 start") << 1303u << QVariant(0) << 60 << 20 << "mark 0 60 false";
+    QTest::newRow("1303 end") << 1303u << QVariant(1) << 10 << 60 << "mark 1 60 false";
+    QTest::newRow("1303 any other is the end")
+        << 1303u << QVariant(7) << 10 << 60 << "mark 7 60 false";
+    QTest::newRow("1304 start") << 1304u << QVariant(0) << 60 << 20 << "mark 0 60 true";
+    QTest::newRow("1304 end") << 1304u << QVariant(1) << 10 << 60 << "mark 1 60 true";
+}
+
+void tst_CTimelineManagerMessages::aMarkMessageStoresTheMarkThatItNames()
+{
+    QFETCH(unsigned int, code);
+    QFETCH(QVariant, mark);
+    QFETCH(QString, call);
+    HostFixture fixture;
+    fixture.manager->SetTimeMarkFrame(10, 20);
+    QCOMPARE(fixture.manager->ReceiveMessage(code, nullptr, nullptr, 0, mark, 60), 0);
+    QCOMPARE(fixture.host.calls, QStringList{call});
+    int start = 0;
+    int end = 0;
+    // The timeline is where the report came from: only the manager's memory follows.
+    fixture.manager->GetTimeMarkFrame(start, end);
+    QCOMPARE(start, 10);
+    QCOMPARE(end, 20);
+    fixture.manager->ShowTimelineWnd(true);
+    fixture.manager->GetTimeMarkFrame(start, end);
+    QTEST(start, "start");
+    QTEST(end, "end");
+}
+
+void tst_CTimelineManagerMessages::aMarkMessageReachesTheHostThoughNothingChanges()
+{
+    HostFixture fixture;
+    fixture.manager->SetTimeMarkFrame(10, 20);
+    fixture.manager->ReceiveMessage(1303, nullptr, nullptr, 0, 0, 10);
+    fixture.manager->ReceiveMessage(1303, nullptr, nullptr, 0, 0, 10);
+    fixture.manager->ReceiveMessage(1304, nullptr, nullptr, 0, 0, 10);
+    QCOMPARE(fixture.host.calls,
+             (QStringList{"mark 0 10 false", "mark 0 10 false", "mark 0 10 true"}));
+}
+
+void tst_CTimelineManagerMessages::onlyMarkMessagesStoreMarks()
+{
+    HostFixture fixture;
+    fixture.manager->SetTimeMarkFrame(10, 20);
+    fixture.manager->SetCurrentFrame(5);
+    std::vector<_tmpTLMenuMapData*> menu;
+    for (unsigned int code = 1305; code <= 1314; ++code)
+        fixture.manager->ReceiveMessage(code, nullptr, code == 1310 ? &menu : nullptr, 60, 0, 60);
+    fixture.manager->ShowTimelineWnd(true);
+    int start = 0;
+    int end = 0;
+    fixture.manager->GetTimeMarkFrame(start, end);
+    QCOMPARE(start, 10);
+    QCOMPARE(end, 20);
+    QCOMPARE(fixture.manager->GetCurrentFrame(), 5);
 }
 
 void tst_CTimelineManagerMessages::timeMarkMessagesStoreUnclamped_data()

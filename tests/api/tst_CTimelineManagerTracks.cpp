@@ -2,14 +2,7 @@
 #include "library/TimelineLibrary.h"
 #include "support/HostFixture.h"
 #include "support/TimelineFixture.h"
-#include "tracks/CTimelineTrackClip.h"
-#include "tracks/CTimelineTrackHScroll.h"
-#include "tracks/CTimelineTrackKey.h"
-#include "tracks/CTimelineTrackLinkKey.h"
-#include "tracks/CTimelineTrackSwitch.h"
-#include "tracks/CTimelineTrackTick.h"
-#include "tracks/CTimelineTrackTransKey.h"
-#include "tracks/CTimelineTrackVisemeKey.h"
+#include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
 #include <QtTest>
@@ -19,93 +12,7 @@ using namespace KestovaTest;
 namespace {
 
 using Tracks = std::vector<CTimelineTrackBase*>;
-using TrackList = VZ::CArrayList<CTimelineTrackBase*>;
-using Manager = CTimelineManager;
 using Track = CTimelineTrackBase;
-
-/// One operation with the value it is refused with.
-struct Refusal
-{
-    const char* name;
-    bool (*isRefused)(Manager& manager, Track* track);
-};
-
-// clang-format off
-/// What asks first whether the track exists.
-const Refusal kExistenceChecked[] = {
-    {"DeleteTrack", [](Manager& m, Track* t) { return !m.DeleteTrack(t); }},
-    {"GetTrackType", [](Manager& m, Track* t) { return m.GetTrackType(t) == -1; }},
-    {"GetKeyDataArray", [](Manager& m, Track* t) { return m.GetKeyDataArray(t) == nullptr; }},
-    {"ShowRootTrack", [](Manager& m, Track* t) { return !m.ShowRootTrack(t, 0, true); }},
-    {"HideRootTrack", [](Manager& m, Track* t) { return !m.HideRootTrack(t, true); }},
-    {"HideChildTrack", [](Manager& m, Track* t) { return !m.HideChildTrack(t, true); }},
-    {"GetRootTrackSortIndex", [](Manager& m, Track* t) { return m.GetRootTrackSortIndex(t) == -1; }},
-    {"GetChildTrackSortIndex", [](Manager& m, Track* t) { return m.GetChildTrackSortIndex(t) == 0; }},
-    {"SetRootTrackSortIndex", [](Manager& m, Track* t) { return !m.SetRootTrackSortIndex(t, 0, true); }},
-    {"SetChildTrackSortIndex", [](Manager& m, Track* t) { return !m.SetChildTrackSortIndex(t, 0, true); }},
-    {"SetActiveChildTrack", [](Manager& m, Track* t) { return !m.SetActiveChildTrack(t); }},
-    {"SetTrackName", [](Manager& m, Track* t) { return !m.SetTrackName(t, "x"); }},
-    {"SetTrackEditMode", [](Manager& m, Track* t) { VZ::CArrayList<TLEditType> e; return !m.SetTrackEditMode(t, e); }},
-    {"GetTrackSelFrame", [](Manager& m, Track* t) { int a = 77; int b = 78; m.GetTrackSelFrame(t, a, b); return a == 77 && b == 78; }},
-    {"GetTrackCaptionBtnState", [](Manager& m, Track* t) { int s = 77; return !m.GetTrackCaptionBtnState(t, 1, s) && s == 77; }},
-    {"SetTrackCaptionBtnState", [](Manager& m, Track* t) { int s = 2; m.SetTrackCaptionBtnState(t, 1, s); const auto* style = t ? t->StyleAs<TrackStyle>() : nullptr; return !style || style->captionButtons.empty() || style->captionButtons.front().state == 0; }},
-    {"SetActiveRootTrack", [](Manager& m, Track* t) { return !t || !m.SetActiveRootTrack(t); }},
-    {"SetTrackSelFrame", [](Manager& m, Track* t) { m.SetTrackSelFrame(t, 3, 4); return !t || t->RangeStart() == -1; }},
-    {"GetTrackSwitchBtnList", [](Manager& m, Track* t) { std::vector<_tmpTLSwitchBtnData> b; return !m.GetTrackSwitchBtnList(t, b); }},
-    {"SetTrackSwitchBtnList", [](Manager& m, Track* t) { std::vector<_tmpTLSwitchBtnData> b; return !m.SetTrackSwitchBtnList(t, b); }},
-    {"GetTrackSwitchScrollState", [](Manager& m, Track* t) { bool s = true; return !m.GetTrackSwitchScrollState(t, s) && s; }},
-    {"SetTrackSwitchScrollState", [](Manager& m, Track* t) { return !m.SetTrackSwitchScrollState(t, true); }},
-    {"ResetClipboard", [](Manager& m, Track* t) { return !m.ResetClipboard(t); }},
-    {"CopySelectionToClipboard", [](Manager& m, Track* t) { return !m.CopySelectionToClipboard(t); }},
-    {"GetClipboardKeys", [](Manager& m, Track* t) { std::vector<VZ::CPointer<CTimelineKey>> k; int v = 77; return !m.GetClipboardKeys(t, k, v) && v == 77; }},
-    {"IsTrackExist", [](Manager& m, Track* t) { return !m.IsTrackExist(t); }},
-};
-
-/// What needs the window, for a track that exists.
-const Refusal kWindowChecked[] = {
-    {"CreateTrack", [](Manager& m, Track*) { return !m.CreateTrack(TL_TRACK_KEY, "x", 1); }},
-    {"ShowRootTrack", [](Manager& m, Track* t) { return !m.ShowRootTrack(t, 0, true); }},
-    {"ShowChildTrack", [](Manager& m, Track* t) { return !m.ShowChildTrack(t, t, 0, true); }},
-    {"HideRootTrack", [](Manager& m, Track* t) { return !m.HideRootTrack(t, true); }},
-    {"HideChildTrack", [](Manager& m, Track* t) { return !m.HideChildTrack(t, true); }},
-    {"GetRootTrackSortIndex", [](Manager& m, Track* t) { return m.GetRootTrackSortIndex(t) == -1; }},
-    {"GetChildTrackSortIndex", [](Manager& m, Track* t) { return m.GetChildTrackSortIndex(t) == 0; }},
-    {"SetRootTrackSortIndex", [](Manager& m, Track* t) { return !m.SetRootTrackSortIndex(t, 0, true); }},
-    {"SetChildTrackSortIndex", [](Manager& m, Track* t) { return !m.SetChildTrackSortIndex(t, 0, true); }},
-    {"SetActiveChildTrack", [](Manager& m, Track* t) { return !m.SetActiveChildTrack(t); }},
-    {"SetActiveRootTrack", [](Manager& m, Track* t) { return !m.SetActiveRootTrack(t); }},
-    {"SetTrackName", [](Manager& m, Track* t) { return !m.SetTrackName(t, "x"); }},
-    {"SetTrackEditMode", [](Manager& m, Track* t) { VZ::CArrayList<TLEditType> e; return !m.SetTrackEditMode(t, e); }},
-    {"GetActiveRootTrack", [](Manager& m, Track*) { return !m.GetActiveRootTrack(); }},
-    {"GetActiveChildTrack", [](Manager& m, Track*) { return !m.GetActiveChildTrack(); }},
-    {"GetSelectedKeyTrack", [](Manager& m, Track*) { TrackList l; m.GetSelectedKeyTrack(l); return l.GetSize() == 0; }},
-    {"CanDoTrackEdit", [](Manager& m, Track* t) { return !m.CanDoTrackEdit(t, TL_EDIT_SELECT_ALL); }},
-    {"DoTrackEdit", [](Manager& m, Track* t) { return !m.DoTrackEdit(t, TL_EDIT_SELECT_ALL); }},
-    {"CheckIdleClip", [](Manager& m, Track* t) { return !m.CheckIdleClip(t, 0); }},
-    {"CheckDragFileUnderVisemeClip", [](Manager& m, Track*) { return !m.CheckDragFileUnderVisemeClip(0); }},
-    {"SetEnableDragEnterFiletype", [](Manager& m, Track*) { m.SetEnableDragEnterFiletype(true, true, true, true, true, true); return true; }},
-    {"ScrollToFrame", [](Manager& m, Track*) { return !m.ScrollToFrame(5, 0); }},
-    {"ScrollToTrack", [](Manager& m, Track* t) { return !m.ScrollToTrack(t); }},
-    {"GetScrollInfo", [](Manager& m, Track*) { float l = 7; float r = 8; m.GetScrollInfo(l, r); return l == 7.0f && r == 8.0f; }},
-    {"SetScrollInfo", [](Manager& m, Track*) { m.SetScrollInfo(0, 1); return true; }},
-    {"GetTrackRelMapTable", [](Manager& m, Track*) { std::vector<_tmpTLRelatedMap> t; return !m.GetTrackRelMapTable(t); }},
-    {"SetTrackRelMapTable", [](Manager& m, Track*) { return !m.SetTrackRelMapTable({}); }},
-    {"GetCurrentFrame", [](Manager& m, Track*) { return m.GetCurrentFrame() == 0; }},
-    {"GetTimeMarkFrame", [](Manager& m, Track*) { m.SetTimeMarkFrame(4, 9); int a = 7; int b = 7; m.GetTimeMarkFrame(a, b); return a == 0 && b == 1; }},
-    {"GetVisibleRootTrackList", [](Manager& m, Track*) { Tracks l; m.GetVisibleRootTrackList(l); return l.empty(); }},
-    {"GetLipsTrack", [](Manager& m, Track*) { return !m.GetLipsTrack(); }},
-    {"SetDropTrackFocusAndPickJustLoadClip", [](Manager& m, Track* t) { m.SetDropTrackFocusAndPickJustLoadClip(t); return true; }},
-};
-// clang-format on
-
-template <std::size_t N>
-void AddRows(const Refusal (&refusals)[N])
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const Refusal& refusal : refusals)
-        QTest::newRow(refusal.name) << index++;
-}
 
 VZ::CPointer<CTimelineKey> KeyAt(int frame)
 {
@@ -129,14 +36,6 @@ private slots:
     void createTrackFailsWhenTheSkinLacksTheStyleAndLeavesNoTrack();
     void aNewTrackIsNotPlaced();
 
-    void operationsRefuseAnUnknownTrack_data();
-    void operationsRefuseAnUnknownTrack();
-    void operationsRefuseTheRulerAndTheScrollBar_data();
-    void operationsRefuseTheRulerAndTheScrollBar();
-    void operationsNeedTheWindow_data();
-    void operationsNeedTheWindow();
-    void showChildTrackNeedsBothTracks();
-
     void deletingARootDetachesItsChildrenAndDeletesNone();
     void deletingAChildRemovesItAlone();
     void deletedTrackExistsNoMore();
@@ -144,6 +43,10 @@ private slots:
     void deleteAllWithoutAContainerDeletesEveryTrack();
     void aTrackThatQtDestroyedExistsNoMore();
 
+    void hidingIsForwarded_data();
+    void hidingIsForwarded();
+    void showingTellsTheWindowWhenItIsAskedTo_data();
+    void showingTellsTheWindowWhenItIsAskedTo();
     void sortIndexesAreForwarded();
     void visibleRootsAreAppended();
     void activeTracksAreForwardedAndANullRootClears();
@@ -152,7 +55,6 @@ private slots:
     void editModesAreCopiedAndRepainted();
     void captionButtonStateIsSetThoughTheAnswerIsFalse();
     void switchButtonsAreCopiedBothWaysWithoutARepaint();
-    void switchOperationsRefuseOtherKinds();
     void relationTableIsCopiedBothWays();
     void lipsTrackIsFoundAmongTheChildren();
 
@@ -232,62 +134,6 @@ void tst_CTimelineManagerTracks::aNewTrackIsNotPlaced()
     QVERIFY(roots.empty());
 }
 
-void tst_CTimelineManagerTracks::operationsRefuseAnUnknownTrack_data()
-{
-    AddRows(kExistenceChecked);
-}
-
-void tst_CTimelineManagerTracks::operationsRefuseAnUnknownTrack()
-{
-    QFETCH(int, index);
-    HostFixture fixture;
-    CTimelineTrackKey stranger;
-    QVERIFY(kExistenceChecked[index].isRefused(*fixture.manager, &stranger));
-    QVERIFY(kExistenceChecked[index].isRefused(*fixture.manager, nullptr));
-}
-
-void tst_CTimelineManagerTracks::operationsRefuseTheRulerAndTheScrollBar_data()
-{
-    AddRows(kExistenceChecked);
-}
-
-void tst_CTimelineManagerTracks::operationsRefuseTheRulerAndTheScrollBar()
-{
-    QFETCH(int, index);
-    HostFixture fixture;
-    QVERIFY(kExistenceChecked[index].isRefused(*fixture.manager, fixture.Container()->TickTrack()));
-    QVERIFY(
-        kExistenceChecked[index].isRefused(*fixture.manager, fixture.Container()->ScrollTrack()));
-}
-
-void tst_CTimelineManagerTracks::operationsNeedTheWindow_data()
-{
-    AddRows(kWindowChecked);
-}
-
-void tst_CTimelineManagerTracks::operationsNeedTheWindow()
-{
-    QFETCH(int, index);
-    HostFixture fixture;
-    Track* const track = fixture.Root(TL_TRACK_KEY, "Arm");
-    fixture.manager->ReleaseTimelineWnd();
-    fixture.ForgetCalls();
-    QVERIFY(kWindowChecked[index].isRefused(*fixture.manager, track));
-    QVERIFY(fixture.host.calls.isEmpty());
-}
-
-void tst_CTimelineManagerTracks::showChildTrackNeedsBothTracks()
-{
-    HostFixture fixture;
-    Track* const root = fixture.Root(TL_TRACK_CLIP, "Body");
-    Track* const child = fixture.manager->CreateTrack(TL_TRACK_KEY, "Arm", 1);
-    CTimelineTrackKey stranger;
-    QVERIFY(!fixture.manager->ShowChildTrack(&stranger, child, 0, true));
-    QVERIFY(!fixture.manager->ShowChildTrack(root, &stranger, 0, true));
-    QVERIFY(!fixture.manager->ShowChildTrack(child, child, 0, true));
-    QVERIFY(fixture.manager->ShowChildTrack(root, child, 0, true));
-}
-
 void tst_CTimelineManagerTracks::deletingARootDetachesItsChildrenAndDeletesNone()
 {
     HostFixture fixture;
@@ -361,6 +207,52 @@ void tst_CTimelineManagerTracks::aTrackThatQtDestroyedExistsNoMore()
     QVERIFY(!fixture.manager->DeleteTrack(arm));
     fixture.manager->ReleaseTimelineWnd();
     QVERIFY(fixture.manager->DeleteAllTrack());
+}
+
+void tst_CTimelineManagerTracks::hidingIsForwarded_data()
+{
+    QTest::addColumn<bool>("notify");
+    QTest::newRow("told") << true;
+    QTest::newRow("untold") << false;
+}
+
+void tst_CTimelineManagerTracks::hidingIsForwarded()
+{
+    QFETCH(bool, notify);
+    HostFixture fixture;
+    Track* const body = fixture.Root(TL_TRACK_CLIP, "Body");
+    Track* const arm = fixture.Child(body, TL_TRACK_KEY, "Arm");
+    Track* const leg = fixture.Child(body, TL_TRACK_KEY, "Leg");
+    fixture.ForgetCalls();
+    QVERIFY(fixture.manager->HideChildTrack(arm, notify));
+    QCOMPARE(fixture.Window().TakeCalls().contains("track list"), notify);
+    QVERIFY(!arm->GetParentTrack());
+    QCOMPARE(arm->parentWidget(), static_cast<QWidget*>(&fixture.mainWindow));
+    QCOMPARE(fixture.manager->GetChildTrackSortIndex(leg), 0);
+    QVERIFY(fixture.manager->HideRootTrack(body, notify));
+    QCOMPARE(fixture.Window().TakeCalls().contains("track list"), notify);
+    QVERIFY(!leg->GetParentTrack());
+    QCOMPARE(fixture.manager->GetRootTrackSortIndex(body), -1);
+    QVERIFY(fixture.manager->IsTrackExist(arm) && fixture.manager->IsTrackExist(body));
+}
+
+void tst_CTimelineManagerTracks::showingTellsTheWindowWhenItIsAskedTo_data()
+{
+    hidingIsForwarded_data();
+}
+
+void tst_CTimelineManagerTracks::showingTellsTheWindowWhenItIsAskedTo()
+{
+    QFETCH(bool, notify);
+    HostFixture fixture;
+    Track* const body = fixture.manager->CreateTrack(TL_TRACK_CLIP, "Body", 1);
+    Track* const arm = fixture.manager->CreateTrack(TL_TRACK_KEY, "Arm", 1);
+    fixture.ForgetCalls();
+    QVERIFY(fixture.manager->ShowRootTrack(body, 0, notify));
+    QCOMPARE(fixture.Window().TakeCalls().contains("track list"), notify);
+    QVERIFY(fixture.manager->ShowChildTrack(body, arm, 0, notify));
+    QCOMPARE(fixture.Window().TakeCalls().contains("track list"), notify);
+    QCOMPARE(arm->GetParentTrack(), body);
 }
 
 void tst_CTimelineManagerTracks::sortIndexesAreForwarded()
@@ -503,20 +395,6 @@ void tst_CTimelineManagerTracks::switchButtonsAreCopiedBothWaysWithoutARepaint()
     QVERIFY(fixture.manager->SetTrackSwitchScrollState(switches, true));
     QVERIFY(fixture.manager->GetTrackSwitchScrollState(switches, shown));
     QVERIFY(shown);
-}
-
-void tst_CTimelineManagerTracks::switchOperationsRefuseOtherKinds()
-{
-    HostFixture fixture;
-    Track* const arm = fixture.Root(TL_TRACK_KEY, "Arm");
-    std::vector<_tmpTLSwitchBtnData> buttons{{"old", 1}};
-    QVERIFY(!fixture.manager->GetTrackSwitchBtnList(arm, buttons));
-    QCOMPARE(buttons.size(), std::size_t(1));
-    QVERIFY(!fixture.manager->SetTrackSwitchBtnList(arm, buttons));
-    bool shown = true;
-    QVERIFY(!fixture.manager->GetTrackSwitchScrollState(arm, shown));
-    QVERIFY(shown);
-    QVERIFY(!fixture.manager->SetTrackSwitchScrollState(arm, true));
 }
 
 void tst_CTimelineManagerTracks::relationTableIsCopiedBothWays()

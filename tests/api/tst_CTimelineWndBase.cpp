@@ -1,5 +1,6 @@
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
+#include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 #include "support/TimelineFixture.h"
 #include "tracks/CTimelineTrackBase.h"
@@ -148,6 +149,8 @@ void tst_CTimelineWndBase::bothNeighbourQueriesAgree_data()
     QTest::newRow("active track without keys") << 1 << false;
     QTest::newRow("active track with keys") << 2 << true;
     QTest::newRow("active track with its key selected") << 3 << true;
+    QTest::newRow("active track with its only key locked") << 4 << true;
+    QTest::newRow("active track that edits sub-keys") << 5 << true;
 }
 
 void tst_CTimelineWndBase::bothNeighbourQueriesAgree()
@@ -163,6 +166,13 @@ void tst_CTimelineWndBase::bothNeighbourQueriesAgree()
         fixture.AddKeys(arm, {10});
     if (state >= 3)
         arm->Keys().SetSelectionByIndex(0, 0, true, 0);
+    if (state == 4)
+        arm->Keys().GetAt(0)->lockState = TL_KEY_LOCKED;
+    if (state == 5) {
+        fixture.SetEditModes(arm, {TL_EDIT_SUB_KEYS});
+        arm->Keys().GetAt(0)->subKeys = new CTimelineKeyArray;
+        arm->Keys().GetAt(0)->subKeys->Add(new CTimelineKey, false);
+    }
     QCOMPARE(fixture.Window().CanDoSelectNextKey(), wanted);
     QCOMPARE(fixture.Window().CanDoSelectPreviousKey(), wanted);
 }

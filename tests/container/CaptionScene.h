@@ -28,6 +28,10 @@ struct CaptionScene
         for (CTimelineTrackBase* const track : {arm, leg, clips, lips})
             fixture.AddKeys(track, {10, 20, 30});
         fixture.Settle();
+        // The pointer starts outside of the timeline. Two places, since a move to where the scene
+        // before left it is none.
+        for (const int place : {2, 1})
+            pointer.MoveTo(&fixture.mainWindow, QPoint(place, place));
         fixture.ForgetCalls();
     }
 

@@ -377,6 +377,31 @@ private slots:
         QCOMPARE(Container().size(), size);
     }
 
+    void childrenAreReplacedInsteadOfTheirRootAndWaveRowsInTheirHeight()
+    {
+        CTimelineTrackBase* const a = Root("a");
+        CTimelineTrackBase* const first = Child(a, "a1");
+        CTimelineTrackBase* const wave = WaveChild(a);
+        CTimelineTrackBase* const last = Child(a, "a2");
+        const QRect rootPlace = a->geometry();
+        const int rowHeight = first->GetRowHeight();
+        const int waveHeight = Container().Rows().VariableRowHeight();
+        for (CTimelineTrackBase* const row : {first, wave, last}) {
+            row->SetRowHeight(7);
+            row->setGeometry(0, 0, 10, 10);
+        }
+        Container().RefreshRows();
+        QCOMPARE(a->geometry(), rootPlace);
+        QCOMPARE(first->y(), kTickHeight);
+        QCOMPARE(first->height(), rowHeight);
+        QCOMPARE(wave->y(), kTickHeight + rowHeight);
+        QCOMPARE(wave->height(), waveHeight);
+        QCOMPARE(last->y(), kTickHeight + rowHeight + waveHeight);
+        // The heights that the tracks know are left to a layout.
+        for (const CTimelineTrackBase* const row : {first, wave, last})
+            QCOMPARE(row->GetRowHeight(), 7);
+    }
+
     void replacedRowsBelowTheContainerAreHiddenAndNoLongerAttached()
     {
         CTimelineTrackBase* const rows[] = {Root("a"), Root("b"), Root("c")};

@@ -206,6 +206,46 @@ private slots:
         QCOMPARE(m_column->TooltipAt(QPoint(50, 10)), QString());
     }
 
+    // ---- Painting a part ----
+
+    void aStripIsPaintedAsItIsInTheWholeAndKeepsTheTooltip_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<int>("buttonPosition");
+        QTest::newRow("a short caption") << int(TL_TRACK_KEY) << "Jaw" << 117;
+        QTest::newRow("a long one") << int(TL_TRACK_KEY) << "Right shoulder blade rotation" << 117;
+        QTest::newRow("a button beyond the picture") << int(TL_TRACK_KEY) << "Jaw" << 250;
+        QTest::newRow("a wave row") << int(TL_TRACK_WAVE) << "Voice" << 117;
+    }
+    void aStripIsPaintedAsItIsInTheWholeAndKeepsTheTooltip()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, caption);
+        QFETCH(int, buttonPosition);
+        constexpr int kPaintedWidth = 300;
+        constexpr int kHeight = 24;
+        constexpr int kStripWidth = 3;
+        CTimelineTrackBase& track = Track(caption, static_cast<TL_TRACK_TYPE>(type));
+        if (!track.StyleAs<TrackStyle>()->captionButtons.empty())
+            Button(kAddButton).position = buttonPosition;
+        const auto paint = [&](const QRect& clip) {
+            QImage image(kPaintedWidth, kHeight, QImage::Format_RGB32);
+            image.fill(Qt::magenta);
+            QPainter painter(&image);
+            painter.setClipRect(clip);
+            m_column->BeginPaint();
+            m_column->PaintRow(painter, track, 0, kHeight);
+            return image;
+        };
+        const QImage whole = paint(QRect(0, 0, kPaintedWidth, kHeight));
+        for (int x = 0; x < kPaintedWidth; x += kStripWidth) {
+            const QRect strip(x, 0, kStripWidth, kHeight);
+            QCOMPARE(paint(strip).copy(strip), whole.copy(strip));
+            QCOMPARE(m_column->TooltipAt(QPoint(50, 10)), caption);
+        }
+    }
+
     // ---- Pictures of captions and buttons ----
 
     void theCaptionPictureIsTheFocusedOneOfAnActiveTrack()

@@ -94,22 +94,16 @@ private slots:
 
     void aLostPointerLeavesNoButtonPressed_data();
     void aLostPointerLeavesNoButtonPressed();
+    void aPressWithoutReleaseEndsAtTheNextPress();
     void aRowThatIsHiddenUnderThePressComesBackUnpressed();
     void aStyleThatIsReadAnewUnderThePressTakesTheButtonAway();
     void aRowThatIsDeletedUnderThePressIsForgotten();
     void aModalDialogFromTheClickLeavesNoButtonPressed();
-
-    void survivesAHostThat_data();
-    void survivesAHostThat();
-    void nothingFollowsForARowThatTheHostTookAwayMeanwhile();
 };
 
 void tst_CaptionPointer::init()
 {
     m_scene = std::make_unique<CaptionScene>();
-    // Outside of the timeline. Two places, since a move to where the test before left it is none.
-    for (const int place : {2, 1})
-        S().pointer.MoveTo(&S().fixture.mainWindow, QPoint(place, place));
     S().fixture.ForgetCalls();
 }
 
@@ -402,6 +396,8 @@ void tst_CaptionPointer::theMouseOnRulerAndScrollBarTouchesNoCaption()
                      qPrintable(line));
         QVERIFY(!Container().Pointer().IsPressed());
         QCOMPARE(S().StatesOf(S().arm), (States{0, 0, 0}));
+        // They do arrive, at the places that they have in the container.
+        QCOMPARE(Container().Pointer().LastPosition(), fixed->mapTo(&Container(), QPoint(90, 4)));
     }
 }
 
@@ -657,6 +653,23 @@ void tst_CaptionPointer::aLostPointerLeavesNoButtonPressed()
     VerifyThatTheNextClickWorks();
 }
 
+void tst_CaptionPointer::aPressWithoutReleaseEndsAtTheNextPress()
+{
+    Press(Button(S().arm, kAddId));
+    Journal journal(S().fixture);
+    const QPoint point = Button(S().leg, kAddId);
+    // Without a move in between, which would have told already that the button went up.
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(point), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&Container(), &press);
+    QCOMPARE(S().StatesOf(S().arm), (States{0, 0, 0}));
+    QCOMPARE(S().StatesOf(S().leg), (States{2, 0, 0}));
+    QCOMPARE(journal.Take(), QStringList{"window refreshed"});
+    Hover(point);
+    Release();
+    QCOMPARE(journal.Take(), (QStringList{S().Clicked(S().leg, kAddId), "window refreshed"}));
+}
+
 void tst_CaptionPointer::aRowThatIsHiddenUnderThePressComesBackUnpressed()
 {
     Press(Button(S().arm, kAddId));
@@ -716,86 +729,6 @@ void tst_CaptionPointer::aModalDialogFromTheClickLeavesNoButtonPressed()
     QCOMPARE(S().StatesOf(S().arm), (States{0, 0, 0}));
     Click(Button(S().arm, kAddId));
     QCOMPARE(journal.Take(), (QStringList{S().Clicked(S().arm, kAddId), "window refreshed"}));
-}
-
-// ---- A host that acts from its callbacks ----
-
-void tst_CaptionPointer::survivesAHostThat_data()
-{
-    QTest::addColumn<QString>("gesture");
-    QTest::addColumn<int>("deed");
-    QTest::addColumn<int>("line");
-    const struct
-    {
-        const char* gesture;
-        int lines; ///< that are heard of it
-    } gestures[] = {{"click on a button", 2},
-                    {"click on a caption", 5},
-                    {"double click", 15},
-                    {"press that loses its button", 1}};
-    for (const auto& each : gestures) {
-        for (int deed = 0; deed < HostDeedCount; ++deed) {
-            for (int line = 0; line < each.lines; ++line)
-                QTest::addRow("%s: %s at line %d", each.gesture, kHostDeedNames[deed], line)
-                    << QString(each.gesture) << deed << line;
-        }
-    }
-}
-
-void tst_CaptionPointer::survivesAHostThat()
-{
-    QFETCH(QString, gesture);
-    QFETCH(int, deed);
-    QFETCH(int, line);
-    S().fixture.SetEditModes(S().arm, {TL_EDIT_MOVE_KEYS, TL_EDIT_COPY});
-    S().fixture.ForgetCalls();
-    const QPoint button = Button(S().arm, kLockId);
-    const QPoint caption = Caption(S().arm);
-    bool done = false;
-    {
-        Journal journal(S().fixture);
-        int heard = 0;
-        journal.reaction = [&](const QString&) {
-            if (heard++ != line)
-                return;
-            done = true;
-            Do(static_cast<HostDeed>(deed), S().fixture, S().arm,
-               {S().leg, S().body, S().clips, S().lips, S().face});
-        };
-        QPointer<CTimelineContainer> container(&Container());
-        if (gesture == "click on a button") {
-            Click(button);
-        } else if (gesture == "click on a caption") {
-            Click(caption);
-        } else if (gesture == "double click") {
-            DoubleClick(caption);
-        } else {
-            Press(button);
-            S().pointer.LoseButtons();
-            S().pointer.MoveTo(container, caption);
-        }
-    }
-    QVERIFY(done);
-    QVERIFY(WorksAgain(S().fixture));
-}
-
-void tst_CaptionPointer::nothingFollowsForARowThatTheHostTookAwayMeanwhile()
-{
-    S().fixture.SetEditModes(S().arm, {TL_EDIT_MOVE_KEYS, TL_EDIT_COPY});
-    S().fixture.ForgetCalls();
-    Click(Caption(S().arm));
-    Journal journal(S().fixture);
-    int clicks = 0;
-    journal.reaction = [&](const QString& line) {
-        if (line == "same Body Arm" && ++clicks == 2) // that of the double click
-            S().fixture.manager->HideChildTrack(S().arm, false);
-    };
-    DoubleClick(Caption(S().arm));
-    const QStringList heard = journal.Take();
-    QCOMPARE(clicks, 2);
-    QVERIFY(!heard.contains("cleared"));
-    QVERIFY(!heard.contains("changed"));
-    QCOMPARE(S().Selected(S().arm), 0);
 }
 
 QTEST_MAIN(tst_CaptionPointer)

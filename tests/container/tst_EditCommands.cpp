@@ -1,3 +1,4 @@
+#include "Journal.h"
 #include "TestTracks.h"
 #include "container/CTimelineContainer.h"
 #include "container/EditCommands.h"
@@ -93,6 +94,9 @@ private slots:
         QTest::newRow("21 with another name") << 21 << key << 1 << 0 << false;
         for (const int type : {0, 1, 2, 5, 6, 7, 8, 9, 10, 25, 26, 28, 30})
             QTest::addRow("%d is never available", type) << type << clip << 1 << 12 << false;
+        QTest::newRow("19 without a range") << 19 << key << 1 << 12 << false;
+        QTest::newRow("14 with an empty clipboard") << 14 << key << 1 << 12 << false;
+        QTest::newRow("12 without an active child") << 12 << key << 1 << 12 << false;
     }
     void availability()
     {
@@ -105,6 +109,43 @@ private slots:
                   trackType < 0 ? "An Auto Motion row" : "An auto motion row");
         m_fixture->manager->SetCurrentFrame(currentFrame);
         QTEST(Can(type, track), "can");
+    }
+
+    void subKeyEditingItselfIsNeverAvailable()
+    {
+        CTimelineTrackBase* const track = Child(TL_TRACK_CLIP, 1);
+        SetModes(*track, {TL_EDIT_SUB_KEYS});
+        AddSubKeys(*track, 0, {0, 2});
+        QVERIFY(!Can(TL_EDIT_SUB_KEYS, track));
+    }
+
+    void neighboursCanBeSelectedWithAndWithoutSubKeyNavigation()
+    {
+        CTimelineTrackBase* const track = Child(TL_TRACK_CLIP, 0);
+        SetModes(*track, {TL_EDIT_SUB_KEYS, TL_EDIT_SELECT_PREVIOUS, TL_EDIT_SELECT_NEXT});
+        QVERIFY(Can(TL_EDIT_SELECT_NEXT, track));
+        QVERIFY(Can(TL_EDIT_SELECT_PREVIOUS, track));
+        AddSubKeys(*track, 0, {0, 2});
+        QVERIFY(Can(TL_EDIT_SELECT_NEXT, track));
+        QVERIFY(Can(TL_EDIT_SELECT_PREVIOUS, track));
+        track->Keys().RemoveAll();
+        QVERIFY(!Can(TL_EDIT_SELECT_NEXT, track));
+        QVERIFY(!Can(TL_EDIT_SELECT_PREVIOUS, track));
+    }
+
+    void autoMotionIsToldByTheWholeNameInItsCapitals_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("can");
+        QTest::newRow("alone") << "Auto Motion" << true;
+        QTest::newRow("inside") << "My Auto Motions" << true;
+        QTest::newRow("small letters") << "auto motion" << false;
+        QTest::newRow("one word") << "AutoMotion" << false;
+    }
+    void autoMotionIsToldByTheWholeNameInItsCapitals()
+    {
+        QFETCH(QString, name);
+        QTEST(Can(TL_EDIT_AUTO_MOTION, Child(TL_TRACK_KEY, 2, name)), "can");
     }
 
     void nothingIsAvailableThatTheTracksEditModesDoNotList()
@@ -149,6 +190,11 @@ private slots:
         withSelection->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND);
         QVERIFY(!Can(TL_EDIT_CUT, withSelection));
         Container().SetActiveChildTrack(withSelection);
+        QVERIFY(Can(TL_EDIT_CUT, without));
+        // But cutting must be in the list of the track that was asked about.
+        SetModes(*without, {TL_EDIT_COPY, TL_EDIT_DELETE});
+        QVERIFY(!Can(TL_EDIT_CUT, without));
+        SetModes(*without, {TL_EDIT_CUT});
         QVERIFY(Can(TL_EDIT_CUT, without));
         // Copy and delete must both be in the active track's list.
         SetModes(*withSelection, {TL_EDIT_CUT, TL_EDIT_COPY});
@@ -223,10 +269,88 @@ private slots:
         QVERIFY(track->Keys().GetAt(2)->selected);
     }
 
+    void selectingAllForgetsTheTimeRange()
+    {
+        CTimelineTrackBase* const track = Child(TL_TRACK_KEY, 0);
+        track->SetRange(4, 9);
+        QVERIFY(DoTrackEdit(Container(), TL_EDIT_SELECT_ALL, track));
+        QCOMPARE(track->RangeStart(), -1);
+    }
+
+    void selectingAllPassesOverLockedKeysAndThoseBeyondTheFrames()
+    {
+        CTimelineTrackBase* const track = Child(TL_TRACK_KEY, 0);
+        track->Keys().GetAt(1)->lockState = TL_KEY_LOCKED;
+        m_fixture->AddKeys(track, {-1, 100, 101}); // 100 frames: frame 100 still counts
+        QVERIFY(DoTrackEdit(Container(), TL_EDIT_SELECT_ALL, track));
+        QCOMPARE(track->Keys().SelectedIndexes(), (std::vector<int>{1, 3, 4}));
+    }
+
+    void selectingAllOnAHiddenTrackTellsNobody()
+    {
+        CTimelineTrackBase* const track = Child(TL_TRACK_KEY, 0);
+        m_fixture->manager->HideChildTrack(track, true);
+        m_fixture->ForgetCalls();
+        QVERIFY(DoTrackEdit(Container(), TL_EDIT_SELECT_ALL, track));
+        QCOMPARE(track->Keys().SelGetSize(), std::size_t(3));
+        QCOMPARE(m_fixture->host.calls, QStringList());
+    }
+
+    void selectingAllEndsWhenTheHostDoesItsWorst_data()
+    {
+        QTest::addColumn<int>("deed");
+        QTest::addColumn<int>("line");
+        for (int deed = 0; deed < HostDeedCount; ++deed) {
+            for (int line = 0; line < 4; ++line)
+                QTest::addRow("%s at line %d", kHostDeedNames[deed], line) << deed << line;
+        }
+    }
+    void selectingAllEndsWhenTheHostDoesItsWorst()
+    {
+        QFETCH(int, deed);
+        QFETCH(int, line);
+        CTimelineTrackBase* const track = Child(TL_TRACK_KEY, 1);
+        m_fixture->ForgetCalls();
+        bool done = false;
+        {
+            Journal journal(*m_fixture);
+            int lines = 0;
+            journal.reaction = [&](const QString&) {
+                if (lines++ != line)
+                    return;
+                done = true;
+                Do(static_cast<HostDeed>(deed), *m_fixture, track, {m_root});
+            };
+            DoTrackEdit(Container(), TL_EDIT_SELECT_ALL, track);
+        }
+        QVERIFY(done);
+        QVERIFY(WorksAgain(*m_fixture));
+    }
+
+    void selectingAllReportsNothingMoreOfATrackThatTheHostTookAway_data()
+    {
+        QTest::addColumn<int>("deed");
+        QTest::newRow("deleted") << int(DeleteTheTrack);
+        QTest::newRow("hidden") << int(HideTheTrack);
+    }
+    void selectingAllReportsNothingMoreOfATrackThatTheHostTookAway()
+    {
+        QFETCH(int, deed);
+        CTimelineTrackBase* const track = Child(TL_TRACK_KEY, 1);
+        m_fixture->ForgetCalls();
+        m_fixture->host.reaction = [&](const QString&) {
+            Do(static_cast<HostDeed>(deed), *m_fixture, track, {m_root});
+        };
+        DoTrackEdit(Container(), TL_EDIT_SELECT_ALL, track);
+        m_fixture->host.reaction = nullptr;
+        QCOMPARE(m_fixture->host.calls, QStringList{"changed"});
+    }
+
     void everyOtherEditIsTheHosts_data()
     {
         QTest::addColumn<int>("type");
-        for (const int type : {0, 1, 2, 3, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 25, 27})
+        for (const int type : {-1, 0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12,
+                               13, 14, 15, 16, 17, 18, 19, 20, 21, 25, 26, 27, 28, 99})
             QTest::addRow("%d", type) << type;
     }
     void everyOtherEditIsTheHosts()

@@ -248,10 +248,12 @@ void TestFactory::ReleaseTimelineWnd(CTimelineWndBase** released_)
     window = nullptr;
 }
 
-HostFixture::HostFixture(const QSize& size)
+HostFixture::HostFixture(const QSize& size, const QString& skin)
     : dock(new QDockWidget(&mainWindow)), manager(new CTimelineManager(&mainWindow))
 {
     PrepareTimeline();
+    if (!skin.isEmpty())
+        TimelineLibrary::Instance().skinPath = skin.toStdWString();
     ResetAxis();
     TimelineLibrary::Instance().relations.Set({});
     mainWindow.addDockWidget(Qt::BottomDockWidgetArea, dock);

@@ -130,7 +130,8 @@ public:
 class HostFixture
 {
 public:
-    explicit HostFixture(const QSize& size = QSize(800, 400));
+    /// @p skin is a skin file's path; empty for the default skin.
+    explicit HostFixture(const QSize& size = QSize(800, 400), const QString& skin = QString());
     ~HostFixture();
 
     QMainWindow mainWindow;

@@ -78,11 +78,16 @@ void Pointer::Click(QWidget* widget, QPoint point, Qt::MouseButton button)
     Release(button);
 }
 
+void Pointer::PressAgain(Qt::MouseButton button)
+{
+    now += kTogether;
+    PressAt(m_point, button);
+}
+
 void Pointer::DoubleClick(QWidget* widget, QPoint point, Qt::MouseButton button)
 {
     Click(widget, point, button);
-    now += kTogether;
-    PressAt(m_point, button);
+    PressAgain(button);
     Release(button);
 }
 

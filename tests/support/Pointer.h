@@ -27,6 +27,8 @@ public:
     /// Releases where the pointer is.
     void Release(Qt::MouseButton button = Qt::LeftButton);
     void Click(QWidget* widget, QPoint point, Qt::MouseButton button = Qt::LeftButton);
+    /// The second press of a double click, where the last click was.
+    void PressAgain(Qt::MouseButton button = Qt::LeftButton);
     void DoubleClick(QWidget* widget, QPoint point, Qt::MouseButton button = Qt::LeftButton);
     /// The button goes up where no window of ours hears of it: no release arrives.
     void LoseButtons() { m_buttons = Qt::NoButton; }

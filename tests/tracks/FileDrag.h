@@ -14,7 +14,7 @@ namespace KestovaTest {
 
 /// Something dragged into a window from another program. Its events enter where those of the
 /// windowing system do, so that Qt itself finds the widget that takes them. Points are pixels of
-/// the widget that is named.
+/// the widget that is named. A drag that was not dropped leaves the window in the end.
 class FileDrag
 {
 public:
@@ -28,6 +28,13 @@ public:
         if (!urls.isEmpty())
             data.setUrls(urls);
     }
+    ~FileDrag()
+    {
+        if (m_isInside && m_window)
+            Leave();
+    }
+    FileDrag(const FileDrag&) = delete;
+    FileDrag& operator=(const FileDrag&) = delete;
 
     QMimeData data;
     Qt::DropAction action = Qt::IgnoreAction; ///< that the last event was answered with
@@ -50,10 +57,13 @@ public:
     bool Drop()
     {
         QDropEvent event(m_point, kActions, &data, Qt::NoButton, Qt::NoModifier);
-        return Send(event);
+        const bool isAccepted = Send(event);
+        m_isInside = false;
+        return isAccepted;
     }
     void Leave()
     {
+        m_isInside = false;
         QDragLeaveEvent event;
         QCoreApplication::sendEvent(m_window->windowHandle(), &event);
     }
@@ -63,6 +73,7 @@ private:
 
     bool Send(QDropEvent& event)
     {
+        m_isInside = true;
         event.ignore();
         proposed = event.proposedAction();
         QCoreApplication::sendEvent(m_window->windowHandle(), &event);
@@ -72,6 +83,7 @@ private:
 
     QPointer<QWidget> m_window;
     QPoint m_point;
+    bool m_isInside = false;
 };
 
 } // namespace KestovaTest

@@ -23,8 +23,7 @@ public:
     static constexpr int kFrames = 50;
     static constexpr int kPixelsPerFrame = 10;
 
-    explicit MouseScene(std::initializer_list<TLEditType> modes,
-                        TL_TRACK_TYPE type = TL_TRACK_KEY)
+    explicit MouseScene(std::initializer_list<TLEditType> modes, TL_TRACK_TYPE type = TL_TRACK_KEY)
         : pointer(&fixture.mainWindow)
     {
         root = fixture.Root(TL_TRACK_KEY, QStringLiteral("body"));
@@ -40,14 +39,20 @@ public:
 
     /// The middle of the row in the middle of @p frame's cell, which may lie outside of the row.
     QPoint At(int frame) const { return Spot(frame * kPixelsPerFrame + kPixelsPerFrame / 2); }
-    QPoint Spot(int x) const { return QPoint(x, row->GetRowHeight() / 2); }
+    QPoint Spot(int x) const { return QPoint(x, row ? row->GetRowHeight() / 2 : 0); }
 
+    // A row that the host has deleted is passed over.
     void Press(int frame, Qt::KeyboardModifiers held = Qt::NoModifier)
     {
         pointer.modifiers = held;
-        pointer.Press(row, At(frame));
+        if (row)
+            pointer.Press(row, At(frame));
     }
-    void MoveTo(int frame) { pointer.MoveTo(row, At(frame)); }
+    void MoveTo(int frame)
+    {
+        if (row)
+            pointer.MoveTo(row, At(frame));
+    }
     void Release() { pointer.Release(); }
     void Click(int frame, Qt::KeyboardModifiers held = Qt::NoModifier)
     {

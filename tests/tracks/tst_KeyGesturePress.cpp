@@ -44,6 +44,8 @@ private slots:
     void findsThePressedKeyAtItsNewPlaceAfterACallback();
     void selectsNothingWhenTheHostTookTheKeyAway();
     void acceptsTheEventsItHandles();
+    void worksTheSameOnEveryKindOfKeyRow_data();
+    void worksTheSameOnEveryKindOfKeyRow();
 };
 
 void tst_KeyGesturePress::selectsThePressedKeyAndGoesToIt()
@@ -178,8 +180,7 @@ void tst_KeyGesturePress::leavesTheSelectionAloneAtAPressWithCtrl()
     scene.AddKeys({10, 20});
     scene.Select(scene.row, 0);
     scene.Press(20, Qt::ControlModifier);
-    QCOMPARE(scene.TakeCalls(),
-             QStringList({"same body row", "frame 20 false", "frame 20 true"}));
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "frame 20 false", "frame 20 true"}));
     QCOMPARE(scene.Selection(), Indexes{0});
 }
 
@@ -243,8 +244,7 @@ void tst_KeyGesturePress::togglesNothingWithoutTheModeForDraggingKeys()
     MouseScene scene(kSelectOnly);
     scene.AddKeys({20});
     scene.Click(20, Qt::ControlModifier);
-    QCOMPARE(scene.TakeCalls(),
-             QStringList({"same body row", "frame 20 false", "frame 20 true"}));
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "frame 20 false", "frame 20 true"}));
     QCOMPARE(scene.Selection(), Indexes{});
 }
 
@@ -463,6 +463,29 @@ void tst_KeyGesturePress::acceptsTheEventsItHandles()
     QCOMPARE(log.TakeEvents(), QStringList());
     scene.pointer.Click(scene.row, scene.At(3), Qt::MiddleButton);
     QCOMPARE(log.TakeEvents(), QStringList({"press", "release"}));
+}
+
+void tst_KeyGesturePress::worksTheSameOnEveryKindOfKeyRow_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("keys") << int(TL_TRACK_KEY);
+    QTest::newRow("link keys") << int(TL_TRACK_LINK_KEY);
+    QTest::newRow("mouth shapes") << int(TL_TRACK_VISEME_KEY);
+}
+
+void tst_KeyGesturePress::worksTheSameOnEveryKindOfKeyRow()
+{
+    QFETCH(const int, type);
+    MouseScene scene(kDragKeys, TL_TRACK_TYPE(type));
+    scene.AddKeys({10, 20});
+    scene.Press(20);
+    scene.MoveTo(23);
+    scene.Release();
+    QCOMPARE(scene.TakeCalls(),
+             QStringList({"same body row", "cleared", "changed", "frame 20 false", "frame 20 true",
+                          "edit 0 [row] 0 0", "edit 2 [row] 3 0", "edit 6 [row] 3 0",
+                          "edit 1 [row] 0 0", "frame 23 false", "frame 23 true"}));
+    QCOMPARE(scene.Key(1).frame, 23);
 }
 
 QTEST_MAIN(tst_KeyGesturePress)

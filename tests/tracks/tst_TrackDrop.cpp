@@ -71,6 +71,8 @@ private slots:
     void nothingFollowsFromAHostThat_data();
     void nothingFollowsFromAHostThat();
     void aHostThatDeletesATrackHeldOverRefusesTheFile();
+    void aDragGoesOnOverTheCaptionsWhenItsTrackIsGone_data();
+    void aDragGoesOnOverTheCaptionsWhenItsTrackIsGone();
     void withoutAnOwnerNoFileIsTaken();
 };
 
@@ -592,6 +594,40 @@ void tst_TrackDrop::aHostThatDeletesATrackHeldOverRefusesTheFile()
     drag.EnterAt(scene.arm, point);
     QVERIFY(!drag.MoveTo(scene.arm, point));
     QCOMPARE(scene.Calls(), QStringList("drag Arm /a.clp 20"));
+}
+
+void tst_TrackDrop::aDragGoesOnOverTheCaptionsWhenItsTrackIsGone_data()
+{
+    QTest::addColumn<bool>("asked"); // or later, when nothing moves
+    QTest::newRow("deleted when the host is asked") << true;
+    QTest::newRow("deleted while the pointer rests") << false;
+}
+
+void tst_TrackDrop::aDragGoesOnOverTheCaptionsWhenItsTrackIsGone()
+{
+    QFETCH(bool, asked);
+    DropScene scene;
+    scene.SetFilter(0);
+    if (asked)
+        scene.fixture.host.reaction = [&](const QString&) {
+            scene.Manager().DeleteTrack(scene.arm);
+        };
+    const QPointer<CTimelineTrackBase> arm(scene.arm);
+    FileDrag drag(&scene.fixture.mainWindow, "/a.clp");
+    const QPoint point = PointAt(arm, 20);
+    drag.EnterAt(arm, point);
+    QCOMPARE(drag.MoveTo(arm, point), !asked);
+    scene.fixture.host.reaction = nullptr;
+    if (!asked)
+        scene.Manager().DeleteTrack(arm);
+    scene.fixture.Settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!arm);
+    CTimelineContainer* const container = scene.fixture.Container();
+    const QPoint caption(5, scene.leg->geometry().center().y());
+    QVERIFY(!drag.MoveTo(container, caption));
+    QVERIFY(!drag.MoveTo(container, caption + QPoint(3, 0)));
+    QVERIFY(drag.MoveTo(scene.leg, PointAt(scene.leg, 30)));
 }
 
 void tst_TrackDrop::withoutAnOwnerNoFileIsTaken()

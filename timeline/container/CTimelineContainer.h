@@ -173,6 +173,7 @@ public:
 
     // ---- Dropped files ----
     void SetDropFilters(const DropFileRules::Filters& filters) { m_dropRules.SetFilters(filters); }
+    const DropFileRules& GetDropRules() const { return m_dropRules; }
     /// Activates the track, clears the selection of all others and selects the clip that starts at
     /// the current frame, when there is one.
     void SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase* track);

@@ -146,10 +146,15 @@ void CTimelineContainer::paintEvent(QPaintEvent* event)
 /// Only the strips of a step: nothing else has changed since the pictures were made.
 void CTimelineContainer::PaintStep(QPainter& painter)
 {
-    for (const QRect& strip : m_step)
-        m_scrubPictures.CopyWithout(painter, strip);
+    FrameAxis before = Axis();
+    before.currentFrame = m_onScreen.frame;
+    for (const QRect& line : m_strips.Lines(before))
+        m_scrubPictures.CopyWithout(painter, line);
     for (const QRect& line : m_strips.Lines(Axis()))
         m_scrubPictures.CopyLine(painter, line);
+    m_scrubPictures.CopyWithout(painter, m_strips.Cell(before));
+    m_scrubPictures.CopyWithout(painter, m_strips.Cell(Axis()));
+    painter.setClipRect(m_strips.Cell(Axis()));
     m_tickTrack->DrawCurrentFrame(painter, m_strips.ruler);
     m_onScreen.frame = Axis().currentFrame;
 }

@@ -34,7 +34,7 @@ auto Tied(const CFrameInfo& info)
 } // namespace
 
 PaintedState::Row::Row(const CTimelineTrackBase& row)
-    : track(&row), style(row.GetStyle()), caption(row.GetCaption()), keys(row.Keys().GetSize()),
+    : track(&row), caption(row.GetCaption()), keys(row.Keys().GetSize()),
       relatedKeys(row.Keys().RelatedGetSize()), selectedKeys(row.Keys().SelectedIndexes().size()),
       rangeStart(row.RangeStart()), rangeEnd(row.RangeEnd()), height(row.height()),
       visible(row.testAttribute(Qt::WA_WState_Visible)), active(row.IsActive()),
@@ -45,9 +45,9 @@ PaintedState::Row::Row(const CTimelineTrackBase& row)
 bool PaintedState::Row::operator==(const Row& other) const
 {
     const auto tied = [](const Row& row) {
-        return std::tie(row.track, row.style, row.keys, row.relatedKeys, row.selectedKeys,
-                        row.rangeStart, row.rangeEnd, row.height, row.visible, row.active,
-                        row.showsRange, row.buttons, row.caption);
+        return std::tie(row.track, row.keys, row.relatedKeys, row.selectedKeys, row.rangeStart,
+                        row.rangeEnd, row.height, row.visible, row.active, row.showsRange,
+                        row.buttons, row.caption);
     };
     return tied(*this) == tied(other);
 }

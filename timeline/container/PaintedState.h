@@ -10,7 +10,6 @@
 
 class CTimelineContainer;
 class CTimelineTrackBase;
-class StyleRecord;
 
 /// What a picture of the timeline was made from, as far as it can be seen at a glance: enough to
 /// tell that something was changed without a repaint. The current frame is not part of it, nor are
@@ -31,7 +30,6 @@ private:
         bool operator==(const Row& other) const;
 
         const CTimelineTrackBase* track;
-        const StyleRecord* style;
         QString caption;
         std::size_t keys;
         std::size_t relatedKeys;

@@ -90,6 +90,10 @@ void ScrubPictures::CopyLine(QPainter& painter, const QRect& rect) const
 void ScrubPictures::Copy(QPainter& painter, const QRect& rect, const QPixmap& picture) const
 {
     const QRect seen = rect & m_part;
-    if (!seen.isEmpty())
-        painter.drawPixmap(seen, picture, Scaled(seen.translated(-m_part.topLeft()), m_pixelRatio));
+    if (seen.isEmpty())
+        return;
+    // Clipped by many strips, a copy goes pixel by pixel through all of them; clipped by this one
+    // alone it is plain.
+    painter.setClipRect(seen);
+    painter.drawPixmap(seen, picture, Scaled(seen.translated(-m_part.topLeft()), m_pixelRatio));
 }

@@ -35,7 +35,8 @@ public:
     void Drop() { *this = ScrubPictures(); }
     bool AreReady() const { return !m_without.isNull(); }
 
-    /// Copies @p rect (container coordinates) without the current frame, or with its line.
+    /// Copies @p rect (container coordinates) without the current frame, or with its line. Leaves
+    /// the painter clipped to it.
     void CopyWithout(QPainter& painter, const QRect& rect) const;
     void CopyLine(QPainter& painter, const QRect& rect) const;
 

@@ -1,17 +1,13 @@
 #include "container/TrackMessageDispatch.h"
 
 #include "container/CTimelineContainer.h"
-#include "library/TimelineLibrary.h"
+#include "container/SelectionFollowing.h"
 #include "model/MessageCodes.h"
-#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
 
 #include <algorithm>
-#include <optional>
-#include <unordered_map>
-#include <vector>
 
 namespace {
 
@@ -168,89 +164,4 @@ int DispatchTrackMessage(CTimelineContainer& container, const TrackMessage& mess
         return each.code == message.code;
     });
     return row == std::end(kRows) ? -1 : row->act(container, message);
-}
-
-namespace {
-
-struct GroupMember
-{
-    CTimelineKeyArray* keys;
-    int index;
-};
-
-/// The keys of all shown tracks that belong to one group.
-struct Group
-{
-    std::vector<GroupMember> members;
-    std::optional<bool> selected; ///< what the members were last told to be
-};
-
-using Groups = std::unordered_map<const CReltedGroupBase*, Group>;
-
-Groups GroupsOf(const CTimelineKeyArray& keys)
-{
-    Groups groups;
-    for (const auto& key : keys.Keys()) {
-        if (key->group)
-            groups.try_emplace(key->group.Get());
-    }
-    return groups;
-}
-
-void CollectMembers(Groups& groups, CTimelineKeyArray& keys)
-{
-    int index = 0;
-    for (const auto& key : keys.Keys()) {
-        const auto found = key->group ? groups.find(key->group.Get()) : groups.end();
-        if (found != groups.end())
-            found->second.members.push_back({&keys, index});
-        ++index;
-    }
-}
-
-void FollowGroups(const CTimelineContainer& container, const CTimelineKeyArray& keys)
-{
-    Groups groups = GroupsOf(keys);
-    if (groups.empty())
-        return;
-    for (CTimelineTrackBase* const track : container.Tree().AllTracks())
-        CollectMembers(groups, track->Keys());
-
-    // Key by key, without a snapshot: the first key of a group decides for all that are not locked,
-    // this track's included. Only a locked key, which keeps its own state, changes that again.
-    for (const auto& key : keys.Keys()) {
-        if (!key->group)
-            continue;
-        Group& group = groups.at(key->group.Get());
-        if (group.selected == key->selected)
-            continue;
-        group.selected = key->selected;
-        for (const GroupMember& member : group.members)
-            member.keys->SetSelectionByIndex(member.index, member.index, *group.selected,
-                                             TL_KEY_ANY_KIND);
-    }
-}
-
-void FollowSharedSelection(CTimelineTrackBase& track)
-{
-    for (const _tmpTLRelatedMap& row : TimelineLibrary::Instance().relations.Rows()) {
-        if (row.kind != RelationTable::kSharedSelection ||
-            std::find(row.tracks.begin(), row.tracks.end(), &track) == row.tracks.end())
-            continue;
-        for (const auto& key : track.Keys().Keys()) {
-            for (CTimelineTrackBase* const other : row.tracks) {
-                if (other != &track && CTimelineTrackBase::IsAlive(other))
-                    other->Keys().SetSelection(key->frame, key->frame, key->selected,
-                                               TL_KEY_ANY_KIND);
-            }
-        }
-    }
-}
-
-} // namespace
-
-void FollowSelection(const CTimelineContainer& container, CTimelineTrackBase& track)
-{
-    FollowGroups(container, track.Keys());
-    FollowSharedSelection(track);
 }

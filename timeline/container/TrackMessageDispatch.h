@@ -18,7 +18,3 @@ struct TrackMessage
 /// @return the answer that the table gives, 0 for most codes; -1 for a code that is not in it and
 /// while the container has no owner.
 int DispatchTrackMessage(CTimelineContainer& container, const TrackMessage& message);
-
-/// Brings the selections that follow @p track's up to date: keys of one group, and the tracks that
-/// share its selection by the relation table.
-void FollowSelection(const CTimelineContainer& container, CTimelineTrackBase& track);

@@ -114,6 +114,16 @@ public:
     /// not used. @return false if either index is outside 0 to GetSize() - 1; true, without a
     /// change, if @p first is above @p last.
     bool SetSelectionByIndex(int first, int last, bool select, unsigned int mask);
+    /// A key by its index, and whether to select or to deselect it.
+    struct Choice
+    {
+        int index;
+        bool select;
+    };
+    /// Selects some keys and deselects others: leaves exactly what SetSelectionByIndex leaves for
+    /// each choice in turn. @p choices are in ascending order, each index once and in range. Takes
+    /// the time of one range.
+    void SetSelectionOfKeys(const std::vector<Choice>& choices);
     /// Deselects every key, locked ones too, and clears the selections inside the sub-keys of the
     /// keys that were selected. Sub-keys of other keys are left alone.
     void ClearAllSelection();

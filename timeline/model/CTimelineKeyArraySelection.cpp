@@ -5,6 +5,7 @@
 
 #include "AscendingSearch.h"
 #include "CTimelineKeyArray.h"
+#include "FrameOrder.h"
 #include "TimelineKeyValues.h"
 
 #include <algorithm>
@@ -20,6 +21,20 @@ int ShiftedFrame(int frame, int delta)
     return static_cast<int>(std::clamp<std::int64_t>(std::int64_t{frame} + delta,
                                                      std::numeric_limits<int>::min(),
                                                      std::numeric_limits<int>::max()));
+}
+
+/// Merges two lists in frame order, the moved keys behind those that stand at their frames. The
+/// pointers move over: no key's count is touched.
+CTimelineKeyArray::KeyVector MergeBehind(CTimelineKeyArray::KeyVector standing,
+                                         CTimelineKeyArray::KeyVector moved)
+{
+    CTimelineKeyArray::KeyVector merged;
+    merged.reserve(standing.size() + moved.size());
+    std::merge(std::make_move_iterator(standing.begin()), std::make_move_iterator(standing.end()),
+               std::make_move_iterator(moved.begin()), std::make_move_iterator(moved.end()),
+               std::back_inserter(merged),
+               [](const auto& a, const auto& b) { return a->frame < b->frame; });
+    return merged;
 }
 
 bool PassesMask(const CTimelineKey& key, unsigned int mask)
@@ -75,6 +90,21 @@ void CTimelineKeyArray::SelectIndexes(int first, int last, bool select, unsigned
         changed.push_back(index);
     }
     ChangeEntries(changed, select);
+}
+
+void CTimelineKeyArray::SetSelectionOfKeys(const std::vector<Choice>& choices)
+{
+    std::vector<int> selected;
+    std::vector<int> deselected;
+    for (const Choice& choice : choices) {
+        CTimelineKey& key = *KeyAt(choice.index);
+        if (key.selected == choice.select || key.lockState == TL_KEY_LOCKED)
+            continue;
+        key.selected = choice.select;
+        (choice.select ? selected : deselected).push_back(choice.index);
+    }
+    ChangeEntries(selected, true);
+    ChangeEntries(deselected, false);
 }
 
 /// Puts the indexes @p changed, which are ascending, into the selection list or takes them out.
@@ -202,7 +232,11 @@ void CTimelineKeyArray::MoveKeys(int delta, bool replace)
         if (IsKeyIndex(index))
             KeyAt(index)->frame = ShiftedFrame(KeyAt(index)->frame, delta);
     }
-    AddKeys(TakeOutSelectedKeys(), replace);
+    KeyVector moved = TakeOutSelectedKeys();
+    if (!replace && IsInFrameOrder(m_keys) && IsInFrameOrder(moved))
+        m_keys = MergeBehind(std::move(m_keys), std::move(moved));
+    else
+        AddKeys(moved, replace);
     UpdateDisplayLengthsBelow(m_keys.size());
     RebuildSelection();
 }

@@ -33,6 +33,7 @@ CTimelineTrackBase::CTimelineTrackBase()
 CTimelineTrackBase::~CTimelineTrackBase()
 {
     LiveTracks().erase(this);
+    LeaveDrag();
 }
 
 bool CTimelineTrackBase::IsAlive(const CTimelineTrackBase* track)

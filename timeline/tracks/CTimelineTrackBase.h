@@ -198,6 +198,7 @@ private:
     TimeRange BackgroundRange() const;
     TimeRange OwnRange() const;
     void DrawRelatedTracks(QPainter& painter, const RowView& view);
+    void LeaveDrag();
 
     // The key array is a member by count: one reference is the track's own, so that a pointer a
     // host makes of it can come and go.
@@ -214,6 +215,7 @@ private:
     EditModes m_editModes;
     CTimelineTrackBaseInterface* m_owner = nullptr;
     bool m_attached = false;
+    bool m_isHeldOver = false; ///< something is dragged over the row
     KeyFacts m_facts;
     OpenGesture m_gesture;
     KeyGesture m_keyGesture;

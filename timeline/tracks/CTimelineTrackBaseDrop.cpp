@@ -7,6 +7,7 @@
 #include "tracks/CTimelineTrackBaseInterface.h"
 #include "tracks/TrackReport.h"
 
+#include <QCoreApplication>
 #include <QDropEvent>
 
 #include <algorithm>
@@ -14,12 +15,24 @@
 // Each move asks anew, so that the answer can change along the row; entering only opens the way.
 void CTimelineTrackBase::dragEnterEvent(QDragEnterEvent* event)
 {
+    m_isHeldOver = true;
     event->accept();
 }
 
 void CTimelineTrackBase::dragLeaveEvent(QDragLeaveEvent* event)
 {
+    m_isHeldOver = false;
     event->ignore();
+}
+
+/// Qt keeps a plain pointer to the widget that a drag is over; a row that is destroyed meanwhile
+/// has it forgotten.
+void CTimelineTrackBase::LeaveDrag()
+{
+    if (!m_isHeldOver)
+        return;
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(this, &leave);
 }
 
 void CTimelineTrackBase::dragMoveEvent(QDragMoveEvent* event)
@@ -34,6 +47,7 @@ void CTimelineTrackBase::dragMoveEvent(QDragMoveEvent* event)
 
 void CTimelineTrackBase::dropEvent(QDropEvent* event)
 {
+    m_isHeldOver = false;
     TrackReport report(*this);
     const OpenGesture::Handling handling(Gesture());
     event->ignore();

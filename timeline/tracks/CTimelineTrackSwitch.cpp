@@ -81,8 +81,9 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
 
     Gesture().Begin();
     m_press = {true, -1, event->pos()};
+    TrackReport report(*this);
     // The press may end while the host is being told of it.
-    if (!TrackReport(*this).Send(kTrackPressed) || !m_press.isDown)
+    if (!report.Send(kTrackPressed) || !m_press.isDown)
         return;
     const int arrow = Layout().HitArrow(event->pos());
     if (arrow == kNoArrow) {
@@ -90,7 +91,7 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
         return;
     }
     ScrollBy(arrow);
-    if (TrackReport(*this).Send(kTrackButtonsScrolled))
+    if (report.Send(kTrackButtonsScrolled))
         RefreshArrows(arrow, true);
 }
 
@@ -144,16 +145,17 @@ void CTimelineTrackSwitch::Release(QPoint point)
     const int button = std::exchange(m_press, PressState()).button;
     clearFocus();
 
+    TrackReport report(*this);
     // A row that was taken out of the timeline has nobody to tell and keeps its states.
-    if (button >= 0 && HitTestKey(point) == button && GetOwner()) {
+    if (button >= 0 && HitTestKey(point) == button && report.IsThere()) {
         int& state = m_buttons[static_cast<std::size_t>(button)].state;
         state = Toggled(state);
-        if (!TrackReport(*this).Send(kTrackSwitchToggled, button))
+        if (!report.Send(kTrackSwitchToggled, button))
             return;
     } else {
         ShowHover(-1);
     }
-    if (TrackReport(*this).Send(kTrackRepaint))
+    if (report.Send(kTrackRepaint))
         RefreshArrows(Layout().HitArrow(point), m_press.isDown);
 }
 

@@ -45,14 +45,15 @@ void ClipEdgeGesture::Press(const ClipEdgeHit& edge)
     // The drag may end while the host is being told of the press; the clip is selected even then.
     HeldKey clip = m_clip;
 
-    if (!TrackReport(m_track).Send(kTrackPressed))
+    TrackReport report(m_track);
+    if (!report.Send(kTrackPressed))
         return;
     keys.ClearAllSelection();
-    if (!TrackReport(m_track).Send(kTrackSelectionCleared))
+    if (!report.Send(kTrackSelectionCleared))
         return;
     if (clip.Find(keys))
         keys.SetSelectionByIndex(clip.Index(), clip.Index(), true, TL_KEY_ANY_KIND);
-    TrackReport(m_track).Send(kTrackSelectionChanged);
+    report.Send(kTrackSelectionChanged);
 }
 
 void ClipEdgeGesture::DragTo(int x)
@@ -66,8 +67,9 @@ void ClipEdgeGesture::DragTo(int x)
     if (!amount)
         return;
 
+    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
-        if (!TrackReport(m_track).Send(codes->begins, m_clip.Index(), *amount))
+        if (!report.Send(codes->begins, m_clip.Index(), *amount))
             return;
         // The host may have ended the drag, or made another clip of this one.
         clip = m_clip.Find(m_track.Keys());
@@ -77,7 +79,7 @@ void ClipEdgeGesture::DragTo(int x)
         if (!amount)
             return;
     }
-    TrackReport(m_track).Send(codes->step, m_clip.Index(), *amount);
+    report.Send(codes->step, m_clip.Index(), *amount);
 }
 
 void ClipEdgeGesture::Release()

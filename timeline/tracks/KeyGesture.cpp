@@ -121,7 +121,7 @@ bool KeyGesture::PressMarker(Pointer at)
     m_state = State::DraggingMarker;
     m_pressedKey = -1;
     WriteCurrentFrame(FrameAt(at.point));
-    if (ReportCurrentFrame(m_track))
+    if (ReportCurrentFrame(m_track) && m_state == State::DraggingMarker)
         m_feedback.ShowResizeCursor();
     return true;
 }

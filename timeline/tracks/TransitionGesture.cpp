@@ -17,11 +17,12 @@ void TransitionGesture::Press(int index)
     // The drag may end while the host is being told of the press; the key is selected even then.
     HeldKey key = m_key;
 
-    if (!TrackReport(m_track).Send(kTrackPressed))
+    TrackReport report(m_track);
+    if (!report.Send(kTrackPressed))
         return;
     if (key.Find(keys))
         keys.SetSelectionByIndex(key.Index(), key.Index(), true, TL_KEY_ANY_KIND);
-    TrackReport(m_track).Send(kTrackSelectionChanged);
+    report.Send(kTrackSelectionChanged);
 }
 
 void TransitionGesture::DragTo(int x)
@@ -34,8 +35,9 @@ void TransitionGesture::DragTo(int x)
     if (!amount)
         return;
 
+    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
-        if (!TrackReport(m_track).Send(kTrackTrimBegins, m_key.Index(), *amount))
+        if (!report.Send(kTrackTrimBegins, m_key.Index(), *amount))
             return;
         // The host may have ended the drag, or made another key of this one.
         key = m_key.Find(m_track.Keys());
@@ -44,7 +46,7 @@ void TransitionGesture::DragTo(int x)
         if (!key || !amount)
             return;
     }
-    TrackReport(m_track).Send(kTrackTrimStep, m_key.Index(), *amount);
+    report.Send(kTrackTrimStep, m_key.Index(), *amount);
 }
 
 void TransitionGesture::Release()
