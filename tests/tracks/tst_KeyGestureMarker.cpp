@@ -49,6 +49,7 @@ private slots:
     void showsTheResizeCursorWhileItIsDragged();
     void leavesNoRangeWhenTheModeWasTakenAwayMeanwhile();
     void showsNoCursorWhenTheHostTookTheRowAway();
+    void showsNoCursorWhenTheReleaseCameInsideThePress();
 };
 
 void tst_KeyGestureMarker::dragsTheEndMarker()
@@ -244,12 +245,24 @@ void tst_KeyGestureMarker::leavesNoRangeWhenTheModeWasTakenAwayMeanwhile()
 void tst_KeyGestureMarker::showsNoCursorWhenTheHostTookTheRowAway()
 {
     MarkerScene scene;
-    scene.When("frame 20 true", [&] { scene.fixture.manager->HideChildTrack(scene.row, true); });
-    scene.pointer.MoveTo(scene.row, scene.OnEndMarker(20));
-    scene.row->unsetCursor(); // that of the hover
+    scene.When("frame 20 true", [&] {
+        scene.fixture.manager->HideChildTrack(scene.row, true);
+        scene.row->unsetCursor(); // the one of the hovering pointer
+    });
     scene.pointer.Press(scene.row, scene.OnEndMarker(20));
     QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "frame 20 false", "frame 20 true"}));
     QVERIFY(!scene.HasResizeCursor());
+}
+
+void tst_KeyGestureMarker::showsNoCursorWhenTheReleaseCameInsideThePress()
+{
+    MarkerScene scene;
+    scene.When("frame 20 true", [&] {
+        scene.Release();
+        scene.row->unsetCursor(); // the one of the hovering pointer
+    });
+    scene.pointer.Press(scene.row, scene.OnEndMarker(20));
+    QVERIFY(!scene.row->testAttribute(Qt::WA_SetCursor));
 }
 
 QTEST_MAIN(tst_KeyGestureMarker)
