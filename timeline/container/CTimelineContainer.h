@@ -226,6 +226,7 @@ private:
     bool ResizeAndNotify(int layoutHeight);
     bool FocusContainer();
     void PaintPending();
+    void RepaintStep();
     bool MakeScrubPictures();
     FrameStrips Strips() const;
     QRect RulerRect() const;
