@@ -141,7 +141,8 @@ void tst_FilesInTheTimeline::survivesPicksOfAHostThat_data()
     QTest::addColumn<int>("deed");
     for (const char* const moment : {"active Body Leg", "cleared"}) {
         for (int deed = 0; deed < HostDeeds; ++deed)
-            QTest::addRow("%s when '%s'", kDeedNames[deed], moment) << moment << deed;
+            QTest::newRow(qPrintable(QStringLiteral("%1 when '%2'").arg(kDeedNames[deed], moment)))
+                << moment << deed;
     }
 }
 

@@ -388,27 +388,24 @@ void tst_Scrubbing::rowsOfDifferentCaptionsStayWhole()
 
 void tst_Scrubbing::whatReachesOverTheLineStaysThere()
 {
-    // Bars higher than their row reach over the rows above, and over the line in them.
-    for (CTimelineTrackBase* const joint : m_scene->joints) {
-        auto* const style = joint->StyleAs<KeyTrackStyle>();
-        QVERIFY(style);
-        style->clipHeight = 60;
-    }
-    for (int frame = 0; frame < 130; frame += 20) {
-        VZ::CPointer<CTimelineKey> key(new CTimelineKey);
-        key->frame = frame;
-        key->clipLength = 12;
-        m_scene->joints[4]->Keys().Add(key, false);
-    }
+    // Captions that begin inside their rows, and ruler numbers that hang down into the first row,
+    // are painted after the line.
+    for (CTimelineTrackBase* const joint : m_scene->joints)
+        joint->StyleAs<TrackStyle>()->caption.textPos = QPoint(190, 600);
+    auto* const ruler = Container().TickTrack()->StyleAs<TickTrackStyle>();
+    ruler->textMinSize = 40;
+    ruler->textOffset = -25;
     Container().InvalidateTimeline();
     m_fixture->Settle();
     Show(6.0, 0, 20);
-    WarmUp();
-    for (int frame = 0; frame < 139; ++frame)
+    for (int frame = 0; frame < 30; ++frame) {
         Step(frame);
-    VerifyPicture();
-    for (const int frame : {5, 25, 60, 61})
-        QVERIFY(!IsWhole(VerifyStep(frame)));
+        Step(frame + 40);
+        const QImage picture = OnScreen();
+        Step(frame);
+        QVERIFY(!IsWhole(VerifyStep(frame + 40)));
+        QCOMPARE(picture, OnScreen());
+    }
 }
 
 void tst_Scrubbing::rowsWithoutAGroundStayWhole()
@@ -438,7 +435,6 @@ void tst_Scrubbing::aPendingPartIsPaintedWithTheStep()
     PaintedRegion painted(Container());
     Step(30);
     QVERIFY((QRegion(part) - painted.region).isEmpty());
-    QVERIFY(!IsWhole(painted.region));
     VerifyPicture();
     QVERIFY(!IsWhole(VerifyStep(31)));
 }

@@ -535,7 +535,8 @@ void tst_TrackDrop::nothingFollowsFromAHostThat_data()
     for (const char* const moment : {"drag Hand /a.clp 20", "frame 20 false", "frame 20 true",
                                      "cleared", "active Head Hand", "drop 9 /a.clp"}) {
         for (int deed = 0; deed < HostDeeds; ++deed)
-            QTest::addRow("%s when '%s'", kDeedNames[deed], moment) << moment << deed;
+            QTest::newRow(qPrintable(QStringLiteral("%1 when '%2'").arg(kDeedNames[deed], moment)))
+                << moment << deed;
     }
 }
 

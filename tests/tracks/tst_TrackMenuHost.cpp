@@ -133,7 +133,8 @@ void tst_TrackMenuHost::nothingFollowsFromAHostThat_data()
          {"cleared", "active Body Arm", "changed", "frame 20 false", "frame 20 true", "menu Arm",
           "the menu is open", "chosen Arm 7"}) {
         for (int deed = 0; deed < HostDeeds; ++deed)
-            QTest::addRow("%s when '%s'", kDeedNames[deed], moment) << moment << deed;
+            QTest::newRow(qPrintable(QStringLiteral("%1 when '%2'").arg(kDeedNames[deed], moment)))
+                << moment << deed;
     }
 }
 

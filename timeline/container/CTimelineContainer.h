@@ -248,6 +248,7 @@ private:
     bool CancelCaptionPress();
     void SelectRow(CTimelineTrackBase* track, bool keepOthers);
     void PaintPending();
+    void RepaintStep();
     bool MakeScrubPictures();
     FrameStrips Strips() const;
     QRect RulerRect() const;

@@ -49,30 +49,38 @@ bool IsOnScreen(const QPainter& painter, const QWidget& widget)
 
 void CTimelineContainer::ShowCurrentFrame()
 {
-    if (m_onScreen.state != PaintedState(*this)) {
-        repaint();
+    const QPointer<CTimelineContainer> self(this);
+    PaintPending();
+    if (!self)
         return;
-    }
-    if (m_onScreen.frame == Axis().currentFrame) {
-        PaintPending();
+    const bool isKnown = m_onScreen.state == PaintedState(*this);
+    if (isKnown && m_onScreen.frame == Axis().currentFrame)
         return;
-    }
-    if (!m_scrubPictures.AreReady() && !MakeScrubPictures()) {
+    if (!isKnown || (!m_scrubPictures.AreReady() && !MakeScrubPictures())) {
         repaint();
         return;
     }
     FrameAxis before = Axis();
     before.currentFrame = m_onScreen.frame;
     m_step = m_strips.Region(before) + m_strips.Region(Axis());
-    const QPointer<CTimelineContainer> self(this);
-    if (m_step.isEmpty()) {
+    if (m_step.isEmpty())
         m_onScreen.frame = Axis().currentFrame;
-        PaintPending();
-        return;
-    }
+    else
+        RepaintStep();
+}
+
+void CTimelineContainer::RepaintStep()
+{
+    const QPointer<CTimelineContainer> self(this);
+    // The pictures cover their strips, which spares Qt to paint the whole window below them: its
+    // grounds and the frames of docks take longer than the strips themselves.
+    const bool wasOpaque = testAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_OpaquePaintEvent);
     repaint(m_step);
-    if (self)
-        m_step = QRegion();
+    if (!self)
+        return;
+    setAttribute(Qt::WA_OpaquePaintEvent, wasOpaque);
+    m_step = QRegion();
 }
 
 /// Has what was asked for by update() painted before it returns, as a repaint would.
@@ -165,11 +173,8 @@ void CTimelineContainer::RememberPainted(const QRegion& region)
 {
     m_scrubPictures.Drop();
     const OnScreen now{PaintedState(*this), Axis().currentFrame};
-    const QRegion visible = visibleRegion();
-    const bool isWhole = (visible - region).isEmpty();
-    const bool movesFrame = !m_step.isEmpty() && ((m_step & visible) - region).isEmpty();
-    const bool isConsistent =
-        m_onScreen.state == now.state && (movesFrame || m_onScreen.frame == now.frame);
+    const bool isWhole = (visibleRegion() - region).isEmpty();
+    const bool isConsistent = m_onScreen.state == now.state && m_onScreen.frame == now.frame;
     m_onScreen = isWhole || isConsistent ? now : OnScreen();
 }
 
