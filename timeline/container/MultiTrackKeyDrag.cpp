@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <utility>
 
 namespace {
@@ -52,27 +51,6 @@ int ToInt(std::int64_t value)
 std::int64_t FrameCount()
 {
     return TimelineLibrary::Instance().axis.frameCount;
-}
-
-// The selection list may hold entries that point past the last key; they count as none.
-
-const CTimelineKey* FirstSelectedKey(const CTimelineKeyArray& keys)
-{
-    for (const int index : keys.SelectedIndexes()) {
-        if (index >= 0 && static_cast<std::size_t>(index) < keys.GetSize())
-            return keys.Keys()[static_cast<std::size_t>(index)].Get();
-    }
-    return nullptr;
-}
-
-const CTimelineKey* LastSelectedKey(const CTimelineKeyArray& keys)
-{
-    const std::vector<int>& indexes = keys.SelectedIndexes();
-    for (auto index = indexes.rbegin(); index != indexes.rend(); ++index) {
-        if (*index >= 0 && static_cast<std::size_t>(*index) < keys.GetSize())
-            return keys.Keys()[static_cast<std::size_t>(*index)].Get();
-    }
-    return nullptr;
 }
 
 } // namespace
@@ -126,16 +104,8 @@ int MultiTrackKeyDrag::BeginCopy(CTimelineTrackBase* sender)
 {
     if (!Begin(sender))
         return kNoDrag;
-    for (Part& part : m_parts) {
-        if (!part.keys)
-            continue;
-        part.copies = part.keys->CopySelected();
-        for (const auto& copy : part.copies)
-            copy->selected = false;
-        part.keys->ClearAllSelection();
-        part.keys->AddSelected(part.copies);
-        part.track->InvalidateCaches();
-    }
+    for (DraggedTrack& track : m_tracks)
+        track.AddCopies();
     SetOut();
     return -1;
 }
@@ -168,11 +138,9 @@ int MultiTrackKeyDrag::EndCopy(int delta)
     if (!Move(delta))
         return kNoDrag;
     const WaitCursor cursor;
-    std::int64_t firstFrame = FrameCount();
-    for (Part& part : m_parts) {
-        TakeOutCopies(part);
-        firstFrame = std::min(firstFrame, FirstFrame(part));
-    }
+    for (DraggedTrack& track : m_tracks)
+        track.TakeOutCopies();
+    const int pasteFrame = PasteFrame();
     const Answer copied = Edit(TL_EDIT_COPY, 0);
     if (!copied.goesOn)
         return kNoDrag;
@@ -181,18 +149,11 @@ int MultiTrackKeyDrag::EndCopy(int delta)
         Close();
         return 0;
     }
-
-    std::optional<BorrowedCurrentFrame> pasteFrame(ToInt(m_moved + firstFrame));
-    const Answer pasted = Edit(TL_EDIT_PASTE, 0);
-    pasteFrame.reset();
+    const Answer pasted = Paste(pasteFrame);
     if (!pasted.goesOn)
         return pasted.value;
-    for (Part& part : m_parts) {
-        if (!part.keys)
-            continue;
-        part.keys->ClearAllSelection();
-        part.keys->SelectFramesOf(part.formerCopies, CTimelineKeyArray::Kinds::Any);
-    }
+    for (DraggedTrack& track : m_tracks)
+        track.SelectAtCopies();
     Abandon();
     return pasted.value;
 }
@@ -209,27 +170,26 @@ bool MultiTrackKeyDrag::Begin(CTimelineTrackBase* sender)
     if (tracks.GetSize() == 0)
         return false;
     m_sender = sender;
-    m_movesSubKeys = tracks.GetSize() == 1 && tracks[0]->HasEditMode(TL_EDIT_SUB_KEYS);
+    const bool movesSubKeys = tracks.GetSize() == 1 && tracks[0]->HasEditMode(TL_EDIT_SUB_KEYS);
     for (CTimelineTrackBase* const track : tracks)
-        m_parts.push_back({track, &track->Keys(), {}, {}});
-    FindSubKeys();
+        m_tracks.emplace_back(track, movesSubKeys);
     return true;
 }
 
-/// Puts an end to the drag, whatever state the keys are in. @return who took part.
-std::vector<MultiTrackKeyDrag::Part> MultiTrackKeyDrag::Close()
+/// Puts an end to the drag, whatever state the keys are in. @return the tracks that took part.
+std::vector<DraggedTrack> MultiTrackKeyDrag::Close()
 {
     ++m_number;
     m_sender = nullptr;
-    return std::exchange(m_parts, {});
+    return std::exchange(m_tracks, {});
 }
 
 /// Puts an end to the drag. The move sets are emptied, and copies that still stand beside their
 /// originals taken out.
 void MultiTrackKeyDrag::Abandon()
 {
-    for (Part& part : Close())
-        LeaveDrag(part);
+    for (DraggedTrack& track : Close())
+        track.Leave();
 }
 
 void MultiTrackKeyDrag::Forget(const CTimelineTrackBase* track)
@@ -238,74 +198,51 @@ void MultiTrackKeyDrag::Forget(const CTimelineTrackBase* track)
         Abandon();
         return;
     }
-    const auto place = std::find_if(m_parts.begin(), m_parts.end(),
-                                    [track](const Part& part) { return part.track == track; });
-    if (place == m_parts.end())
+    const auto place =
+        std::find_if(m_tracks.begin(), m_tracks.end(),
+                     [track](const DraggedTrack& each) { return each.Track() == track; });
+    if (place == m_tracks.end())
         return;
-    Part part = std::move(*place);
-    m_parts.erase(place);
-    LeaveDrag(part);
+    DraggedTrack left = std::move(*place);
+    m_tracks.erase(place);
+    left.Leave();
 }
 
 /// Leaves what is not there any more: Qt deletes a track with its parent without asking anybody.
-void MultiTrackKeyDrag::DropDeadParts()
+void MultiTrackKeyDrag::DropDeadTracks()
 {
     if (!m_sender) {
         Abandon();
         return;
     }
-    const auto dead = std::stable_partition(m_parts.begin(), m_parts.end(),
-                                            [](const Part& part) { return !part.track.isNull(); });
-    std::vector<Part> left(std::make_move_iterator(dead), std::make_move_iterator(m_parts.end()));
-    m_parts.erase(dead, m_parts.end());
-    for (Part& part : left)
-        LeaveDrag(part);
+    for (auto track = m_tracks.begin(); track != m_tracks.end();) {
+        if (track->Track()) {
+            ++track;
+            continue;
+        }
+        track->Leave();
+        track = m_tracks.erase(track);
+    }
 }
 
-void MultiTrackKeyDrag::LeaveDrag(Part& part)
-{
-    if (!part.copies.empty())
-        TakeOutCopies(part);
-    if (part.keys)
-        part.keys->ClearAllMove();
-    if (part.track)
-        part.track->InvalidateCaches();
-}
-
-// --- What a drag does to the keys
-
-/// The drag of sub-keys is in the clip that is the first selected one now: the host may have put
-/// another in its place. Copies stay where they stand.
-void MultiTrackKeyDrag::FindSubKeys()
-{
-    if (!m_movesSubKeys || m_parts.empty() || !m_parts.front().copies.empty())
-        return;
-    Part& part = m_parts.front();
-    const CTimelineKey* const clip = FirstSelectedKey(part.track->Keys());
-    part.keys = clip ? clip->subKeys : nullptr;
-}
+// --- Moving and asking
 
 /// Finds how far the keys may move, and keeps what they are before they do. A track with nothing
 /// selected sets no bounds: locked copies are never selected. Without any bounds nothing moves.
 void MultiTrackKeyDrag::SetOut()
 {
     bool isFirst = true;
-    for (const Part& part : m_parts) {
-        if (!part.keys)
-            continue;
-        const CTimelineKey* const first = FirstSelectedKey(*part.keys);
-        const CTimelineKey* const last = LastSelectedKey(*part.keys);
-        if (first && last) {
-            const CTimelineKey* const clip =
-                m_movesSubKeys ? FirstSelectedKey(part.track->Keys()) : nullptr;
+    for (DraggedTrack& track : m_tracks) {
+        if (const auto frames = track.SelectedFrames()) {
+            const CTimelineKey* const clip = track.Clip();
             const std::int64_t end = clip ? clip->clipLength : FrameCount() - 1;
-            const std::int64_t lowest = -std::int64_t{first->frame};
-            const std::int64_t highest = end - last->frame;
+            const std::int64_t lowest = -std::int64_t{frames->first};
+            const std::int64_t highest = end - frames->last;
             m_lowest = isFirst ? lowest : std::max(m_lowest, lowest);
             m_highest = isFirst ? highest : std::min(m_highest, highest);
             isFirst = false;
         }
-        part.keys->SetSelToMove();
+        track.KeepMoveSet();
     }
 }
 
@@ -313,10 +250,9 @@ void MultiTrackKeyDrag::SetOut()
 /// track that takes part.
 bool MultiTrackKeyDrag::Move(int& delta)
 {
-    DropDeadParts();
-    if (m_parts.empty())
+    DropDeadTracks();
+    if (m_tracks.empty())
         return false;
-    FindSubKeys();
     std::int64_t step = delta;
     if (m_lowest > m_moved + step)
         step = m_lowest - m_moved;
@@ -324,48 +260,31 @@ bool MultiTrackKeyDrag::Move(int& delta)
         step = m_highest - m_moved;
     delta = ToInt(step);
     m_moved += delta;
-    for (const Part& part : m_parts) {
-        if (part.keys)
-            part.keys->MoveKeys(delta, false);
-        part.track->InvalidateCaches();
-    }
+    for (DraggedTrack& track : m_tracks)
+        track.Move(delta);
     return true;
 }
 
-/// Takes the copies out of the array and selects again what stands where the originals were.
-void MultiTrackKeyDrag::TakeOutCopies(Part& part)
-{
-    if (!part.keys)
-        return;
-    part.formerCopies = std::exchange(part.copies, {});
-    part.keys->RemoveKeys(part.formerCopies);
-    part.keys->ClearAllSelection();
-    part.keys->SelectFramesOf(part.keys->MoveSet(), CTimelineKeyArray::Kinds::Theirs);
-    if (part.track)
-        part.track->InvalidateCaches();
-}
-
-/// The lowest frame in the part's move set, counted from the start of the timeline; the frame count
-/// without any below it.
-std::int64_t MultiTrackKeyDrag::FirstFrame(const Part& part) const
+/// Where the first of the copies has been moved to, counted from the start of the timeline. No key
+/// counts as standing behind the last frame.
+int MultiTrackKeyDrag::PasteFrame() const
 {
     std::int64_t first = FrameCount();
-    if (!part.keys)
-        return first;
-    const CTimelineKey* const clip =
-        m_movesSubKeys ? FirstSelectedKey(part.track->Keys()) : nullptr;
-    const std::int64_t start = clip ? clip->frame : 0;
-    for (const auto& key : part.keys->MoveSet())
-        first = std::min(first, start + key->frame);
-    return first;
+    for (const DraggedTrack& track : m_tracks) {
+        const CTimelineKey* const clip = track.Clip();
+        const std::int64_t start = clip ? clip->frame : 0;
+        if (const auto frame = track.FirstMoveSetFrame())
+            first = std::min(first, start + *frame);
+    }
+    return ToInt(m_moved + first);
 }
 
 /// Asks the host about an edit of the tracks that take part.
 MultiTrackKeyDrag::Answer MultiTrackKeyDrag::Edit(TLEditType type, std::int64_t value)
 {
     VZ::CArrayList<CTimelineTrackBase*> tracks;
-    for (const Part& part : m_parts)
-        tracks.Add(part.track);
+    for (const DraggedTrack& track : m_tracks)
+        tracks.Add(track.Track());
 
     const QPointer<CTimelineContainer> container(&m_container);
     const unsigned int number = m_number;
@@ -373,6 +292,13 @@ MultiTrackKeyDrag::Answer MultiTrackKeyDrag::Edit(TLEditType type, std::int64_t 
     if (!container)
         return {answer, false};
     if (number == m_number)
-        DropDeadParts();
-    return {answer, number == m_number && !m_parts.empty()};
+        DropDeadTracks();
+    return {answer, number == m_number && !m_tracks.empty()};
+}
+
+/// Asks the host to paste with @p frame as the current one.
+MultiTrackKeyDrag::Answer MultiTrackKeyDrag::Paste(int frame)
+{
+    const BorrowedCurrentFrame current(frame);
+    return Edit(TL_EDIT_PASTE, 0);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CTimelineKeyArray.h"
 #include "TimelineEnums.h"
+#include "container/DraggedTrack.h"
 
 #include <QPointer>
 
@@ -36,17 +36,6 @@ public:
     void Forget(const CTimelineTrackBase* track);
 
 private:
-    using KeyVector = CTimelineKeyArray::KeyVector;
-
-    /// A track that takes part.
-    struct Part
-    {
-        QPointer<CTimelineTrackBase> track;
-        VZ::CPointer<CTimelineKeyArray> keys; ///< whose selected keys move; null without any
-        KeyVector copies;                     ///< that stand in it
-        KeyVector formerCopies;               ///< that were taken out again at the end
-    };
-
     struct Answer
     {
         int value;   ///< what the host answered
@@ -61,22 +50,19 @@ private:
     int StepCopy(int delta);
     int EndMove(int delta);
     int EndCopy(int delta);
-    std::vector<Part> Close();
+    std::vector<DraggedTrack> Close();
     void Abandon();
 
     void SetOut();
     bool Move(int& delta);
-    void FindSubKeys();
-    void DropDeadParts();
-    std::int64_t FirstFrame(const Part& part) const;
-    static void TakeOutCopies(Part& part);
-    static void LeaveDrag(Part& part);
+    void DropDeadTracks();
+    int PasteFrame() const;
     Answer Edit(TLEditType type, std::int64_t value);
+    Answer Paste(int frame);
 
     CTimelineContainer& m_container;
     QPointer<CTimelineTrackBase> m_sender;
-    std::vector<Part> m_parts;
-    bool m_movesSubKeys = false; ///< of the one track's first selected clip
+    std::vector<DraggedTrack> m_tracks;
     // Frames, in more room than a frame has, so that no sum of two overflows.
     std::int64_t m_moved = 0; ///< since the begin
     std::int64_t m_lowest = 0;
