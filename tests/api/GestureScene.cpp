@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QMap>
 #include <QTemporaryDir>
+#include <QtTest>
 
 namespace KestovaTest {
 
@@ -217,6 +218,7 @@ void GestureScene::Fill(SceneRow row, CTimelineTrackBase& track)
 void GestureScene::Reset()
 {
     const auto reaction = std::exchange(fixture.host.reaction, nullptr);
+    Activate();
     Rebuild();
     MakeRows();
     fixture.manager->SetFrameCount(kFrames);
@@ -240,6 +242,13 @@ void GestureScene::Reset()
     fixture.host.dropAnswer = true;
     fixture.ForgetCalls();
     fixture.host.reaction = reaction;
+}
+
+void GestureScene::Activate()
+{
+    fixture.mainWindow.activateWindow();
+    if (!QTest::qWaitForWindowActive(&fixture.mainWindow))
+        qFatal("the window does not become active again");
 }
 
 QPoint GestureScene::InWindow(QWidget* widget, QPoint point) const

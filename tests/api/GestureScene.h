@@ -54,6 +54,8 @@ public:
     QPoint Find(QWidget* row, const std::function<bool(QPoint)>& isHit) const;
     QPoint InWindow(QWidget* widget, QPoint point) const;
 
+    /// Waits until the window is the active one, as the windowing system makes it after a dialog.
+    void Activate();
     /// Makes what the host has destroyed: manager, dock, window.
     void Rebuild();
 

@@ -30,6 +30,7 @@ void OpenDialog(GestureScene& scene)
         dialog.accept();
     });
     dialog.exec();
+    scene.Activate();
 }
 
 /// The row, or the whole timeline where the gesture is made on what cannot be hidden alone.

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -68,6 +69,8 @@ private slots:
     void finishesWhenAModalDialogOpens();
     void waitsForTheHandlerThatIsRunning();
     void finishesALostGestureBeforeTheNextHandlerStarts();
+    void finishesAGestureThatBeginsAfterADialogInItsHandler();
+    void startsCleanInTheHandlerAfterADialog();
     void watchesNothingAfterTheEnd();
     void survivesItsWidgetsEndInsideAHandler();
 };
@@ -137,6 +140,37 @@ void tst_OpenGesture::finishesALostGestureBeforeTheNextHandlerStarts()
     scene.outside->setFocus();
     const OpenGesture::Handling handling(scene.pad->gesture);
     QCOMPARE(scene.pad->finished, 1);
+}
+
+void tst_OpenGesture::finishesAGestureThatBeginsAfterADialogInItsHandler()
+{
+    Scene scene;
+    {
+        const OpenGesture::Handling handling(scene.pad->gesture);
+        QDialog dialog(&scene.window);
+        QTimer::singleShot(0, &dialog, &QDialog::accept);
+        dialog.exec();
+        scene.pad->gesture.Begin();
+        QCOMPARE(scene.pad->finished, 0);
+    }
+    QCOMPARE(scene.pad->finished, 1);
+}
+
+void tst_OpenGesture::startsCleanInTheHandlerAfterADialog()
+{
+    Scene scene;
+    {
+        const OpenGesture::Handling handling(scene.pad->gesture);
+        QDialog dialog(&scene.window);
+        QTimer::singleShot(0, &dialog, &QDialog::accept);
+        dialog.exec();
+    }
+    {
+        const OpenGesture::Handling handling(scene.pad->gesture);
+        scene.pad->gesture.Begin();
+    }
+    QCOMPARE(scene.pad->finished, 0);
+    QVERIFY(scene.pad->gesture.IsOn());
 }
 
 void tst_OpenGesture::watchesNothingAfterTheEnd()

@@ -27,7 +27,7 @@ void OpenGesture::Begin()
 {
     if (std::exchange(m_isOn, true))
         return;
-    m_isLost = false;
+    m_isLost = m_isPointerTaken;
     m_widget.installEventFilter(this);
     m_focus = connect(qApp, &QApplication::focusChanged, this,
                       [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
@@ -38,14 +38,18 @@ void OpenGesture::End()
     if (!std::exchange(m_isOn, false))
         return;
     m_isLost = false;
-    m_widget.removeEventFilter(this);
+    if (m_handlers == 0)
+        m_widget.removeEventFilter(this);
     disconnect(m_focus);
 }
 
 bool OpenGesture::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Hide || event->type() == QEvent::WindowBlocked)
-        Lose();
+    if (event->type() == QEvent::Hide || event->type() == QEvent::WindowBlocked) {
+        m_isPointerTaken = m_handlers > 0;
+        if (m_isOn)
+            Lose();
+    }
     return QObject::eventFilter(watched, event);
 }
 
@@ -70,17 +74,34 @@ void OpenGesture::FinishIfLost()
         m_finish();
 }
 
+void OpenGesture::EnterHandler()
+{
+    if (m_handlers++ > 0)
+        return;
+    // A dialog may open before the gesture begins: Qt then keeps the release to itself.
+    m_isPointerTaken = false;
+    m_widget.installEventFilter(this);
+}
+
+void OpenGesture::LeaveHandler()
+{
+    if (--m_handlers > 0)
+        return;
+    m_isPointerTaken = false;
+    if (!m_isOn)
+        m_widget.removeEventFilter(this);
+    FinishIfLost();
+}
+
 OpenGesture::Handling::Handling(OpenGesture& gesture) : m_gesture(&gesture)
 {
     gesture.FinishIfLost();
     if (m_gesture)
-        ++m_gesture->m_handlers;
+        m_gesture->EnterHandler();
 }
 
 OpenGesture::Handling::~Handling()
 {
-    if (!m_gesture)
-        return;
-    --m_gesture->m_handlers;
-    m_gesture->FinishIfLost();
+    if (m_gesture)
+        m_gesture->LeaveHandler();
 }

@@ -47,11 +47,14 @@ private:
     void OnFocusChanged(QWidget* now);
     void Lose();
     void FinishIfLost();
+    void EnterHandler();
+    void LeaveHandler();
 
     QWidget& m_widget;
     std::function<void()> m_finish;
     QMetaObject::Connection m_focus;
     bool m_isOn = false;
     bool m_isLost = false;
+    bool m_isPointerTaken = false; ///< since the outermost handler that is running started
     int m_handlers = 0;
 };
