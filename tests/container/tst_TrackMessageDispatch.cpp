@@ -2,6 +2,7 @@
 #include "container/CTimelineContainer.h"
 #include "container/CTimelineContainerInterface.h"
 #include "container/TrackMessageDispatch.h"
+#include "library/TimelineLibrary.h"
 #include "model/TimelineKeyValues.h"
 #include "support/HostFixture.h"
 #include "support/PaintCounter.h"
