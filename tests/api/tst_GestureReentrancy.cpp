@@ -18,7 +18,9 @@ enum DeedTraits : unsigned
 {
     Changes = 0,   ///< what rows hold
     TakesAway = 1, ///< rows, the window or the pointer
-    Costs = 2      ///< the making of several tracks afterwards, which reads the skin
+    Costs = 2,     ///< the making of several tracks afterwards, which reads the skin
+    ChangesButtons = 4,
+    ChangesSubKeys = 8
 };
 
 /// What a host may do in a callback.
@@ -58,10 +60,10 @@ const Deed kDeeds[] = {
     {"hides and shows the track", [](GestureScene& s, CTimelineTrackBase* t) { s.fixture.manager->HideChildTrack(t, true); s.fixture.manager->ShowChildTrack(s.Body(), t, 0, true); }, Changes},
     {"replaces the keys", ReplaceKeys, Changes},
     {"removes the keys", [](GestureScene&, CTimelineTrackBase* t) { t->Keys().RemoveAll(); }, Changes},
-    {"replaces sub-keys", [](GestureScene&, CTimelineTrackBase* t) { if (t->Keys().GetSize() > 0) AddSubKeys(*t, 0, {3}); }, Changes},
+    {"replaces sub-keys", [](GestureScene&, CTimelineTrackBase* t) { if (t->Keys().GetSize() > 0) AddSubKeys(*t, 0, {3}); }, ChangesSubKeys},
     {"takes all edit modes", [](GestureScene& s, CTimelineTrackBase* t) { s.fixture.SetEditModes(t, {}); }, Changes},
     {"sets sub-key editing", [](GestureScene& s, CTimelineTrackBase* t) { s.fixture.SetEditModes(t, {TL_EDIT_SUB_KEYS, TL_EDIT_TIME_RANGE}); }, Changes},
-    {"removes the switch buttons", [](GestureScene& s, CTimelineTrackBase* t) { std::vector<_tmpTLSwitchBtnData> none; s.fixture.manager->SetTrackSwitchBtnList(t, none); }, Changes},
+    {"removes the switch buttons", [](GestureScene& s, CTimelineTrackBase* t) { std::vector<_tmpTLSwitchBtnData> none; s.fixture.manager->SetTrackSwitchBtnList(t, none); }, ChangesButtons},
     {"loads another style", [](GestureScene& s, CTimelineTrackBase* t) { t->LoadStyle(2); s.areRestyled = true; }, Costs},
     {"loads no style", [](GestureScene& s, CTimelineTrackBase* t) { t->LoadStyle(4711); s.areRestyled = true; }, Costs},
     {"shows another track", [](GestureScene& s, CTimelineTrackBase*) { s.AddTrack("Other"); }, Costs},
@@ -86,21 +88,32 @@ QString KindOf(const QString& call)
     return QString(call).remove(QRegularExpression("(?<!edit )\\b[0-9]+\\b"));
 }
 
-/// All there is when KESTOVA_WHOLE_MATRIX is set, which takes several minutes. Otherwise every
-/// call to the host, but with the costly deeds only the first of each kind. Calls to the window
-/// come in front of calls to the host, with the same frames on the stack: what takes something away
-/// is tried in the first of each kind.
+/// Whether the row has what the deed changes.
+bool IsMeant(const Deed& deed, SceneRow row)
+{
+    if (deed.traits & ChangesButtons)
+        return row == GazeRow;
+    if (deed.traits & ChangesSubKeys)
+        return row == SpeechRow || row == LipsRow;
+    return true;
+}
+
+/// Every call there is when KESTOVA_WHOLE_MATRIX is set, which takes several minutes. Otherwise
+/// every call to the host for what takes something away, and the first of each kind for what
+/// changes something or costs much. Calls to the window come in front of calls to the host, with
+/// the same frames on the stack: only what takes something away is tried in them, in the first of
+/// each kind.
 bool IsTried(const Deed& deed, const QStringList& calls, int position)
 {
     static const bool isWhole = qEnvironmentVariableIsSet("KESTOVA_WHOLE_MATRIX");
+    if (isWhole)
+        return true;
     const QString kind = KindOf(calls[position]);
     const bool isFirst = std::none_of(calls.begin(), calls.begin() + position,
                                       [&](const QString& call) { return KindOf(call) == kind; });
-    if (isWhole)
-        return true;
-    if (calls[position].startsWith("window"))
-        return isFirst && (deed.traits & TakesAway);
-    return isFirst || !(deed.traits & Costs);
+    const bool isOfWindow = calls[position].startsWith("window");
+    const bool takesAway = deed.traits & TakesAway;
+    return isFirst ? takesAway || !isOfWindow : takesAway && !isOfWindow && !(deed.traits & Costs);
 }
 
 } // namespace
@@ -237,10 +250,12 @@ void tst_GestureReentrancy::survivesAHostThat_data()
     QTest::addColumn<int>("deed");
     for (int gesture = 0; gesture < int(Gestures().size()); ++gesture) {
         int deed = 0;
-        for (const Deed& each : kDeeds)
-            QTest::addRow("%s in a callback of %s", each.name,
-                          Gestures()[std::size_t(gesture)].name)
-                << gesture << deed++;
+        const Gesture& made = Gestures()[std::size_t(gesture)];
+        for (const Deed& each : kDeeds) {
+            if (IsMeant(each, made.row))
+                QTest::addRow("%s in a callback of %s", each.name, made.name) << gesture << deed;
+            ++deed;
+        }
     }
 }
 
