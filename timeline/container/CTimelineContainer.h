@@ -257,6 +257,9 @@ private:
     void PaintRow(QPainter& painter, CTimelineTrackBase& track, const QRect& row, FramePaint frame);
     void PaintStep(QPainter& painter);
     void RememberPainted(const QRegion& region);
+    /// The host may have changed keys in place, which cannot be seen: the next step of the current
+    /// frame repaints everything.
+    void ForgetOnScreen() { m_onScreen = OnScreen(); }
 
     /// What all of the picture on screen shows; a state of no timeline when that is not known.
     struct OnScreen
