@@ -259,6 +259,23 @@ private slots:
                  (QStringList{"cleared", "changed", "frame 20 false", "frame 20 true"}));
     }
 
+    void anEntryThatMeansNoKeyDoesNotHideTheSelectedClip_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::newRow("a negative one") << -1;
+        QTest::newRow("one past the last key") << 7;
+    }
+    void anEntryThatMeansNoKeyDoesNotHideTheSelectedClip()
+    {
+        QFETCH(int, entry);
+        const auto clip = ClipWithSubKeys();
+        m_track->Keys().SelAdd(entry);
+        Container().SetCurrentFrame(22);
+        SelectNextKey(Container(), m_track);
+        QCOMPARE(Selected(*clip->subKeys), 1);
+        QCOMPARE(CurrentFrame(), 24);
+    }
+
     void lockedSubKeysArePassedOverBackwardsOnly()
     {
         const auto clip = ClipWithSubKeys();

@@ -785,6 +785,47 @@ private slots:
         QCOMPARE(MoveSetText(SubKeysOf(m_arm, 0)), QString());
     }
 
+    void theSubKeysOfAClipThatTheHostPutInPlaceAreSelected_data()
+    {
+        QTest::addColumn<QString>("edit");
+        QTest::newRow("with the copy") << "edit 13";
+        QTest::newRow("with the paste") << "edit 14";
+    }
+    void theSubKeysOfAClipThatTheHostPutInPlaceAreSelected()
+    {
+        QFETCH(QString, edit);
+        EditSubKeys();
+        const VZ::CPointer<CTimelineKeyArray> former(&SubKeysOf(m_arm, 0));
+        Send(kCopyBegins);
+        Send(kCopyStep, 4);
+        Host().reaction = [&](const QString& call) {
+            if (!call.startsWith(edit))
+                return;
+            m_arm->Keys().RemoveAll();
+            AddKeysTo(*m_arm, {20});
+            m_arm->Keys().GetAt(0)->clipLength = 30;
+            AddSubKeys(*m_arm, 0, {2, 9, 12, 15});
+            Select(m_arm, {20});
+        };
+        Send(kCopyEnds);
+        QCOMPARE(Text(SubKeysOf(m_arm, 0)), QStringLiteral("2 9* 12* 15"));
+        QCOMPARE(former->MoveGetSize(), std::size_t(0));
+    }
+
+    void theSubKeysOfAClipThatWasReplacedKeepNoMoveSet()
+    {
+        EditSubKeys();
+        const VZ::CPointer<CTimelineKeyArray> former(&SubKeysOf(m_arm, 0));
+        Send(kMoveBegins);
+        QCOMPARE(former->MoveGetSize(), std::size_t(2));
+        EditSubKeys(); // with another clip
+        QVERIFY(former.Get() != &SubKeysOf(m_arm, 0));
+        Send(kMoveStep, 1);
+        Send(kMoveEnds);
+        QCOMPARE(former->MoveGetSize(), std::size_t(0));
+        QCOMPARE(MoveSetText(SubKeysOf(m_arm, 0)), QString());
+    }
+
     void togetherWithAnotherTrackItsClipsMove()
     {
         EditSubKeys();

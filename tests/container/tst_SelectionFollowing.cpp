@@ -314,40 +314,6 @@ private slots:
             QVERIFY2(SelectionsOf(all) == wanted, QByteArray::number(number));
         }
     }
-
-    void manyKeysFollowInAMoment_data()
-    {
-        QTest::addColumn<bool>("areGroups");
-        QTest::newRow("in groups") << true;
-        QTest::newRow("in a shared selection") << false;
-    }
-    void manyKeysFollowInAMoment()
-    {
-        QFETCH(bool, areGroups);
-        CTimelineTrackBase* const b = Child("b");
-        constexpr int kKeys = 200'000;
-        CTimelineKeyArray::KeyVector own;
-        CTimelineKeyArray::KeyVector others;
-        for (int i = 0; i < kKeys; ++i) {
-            for (CTimelineKeyArray::KeyVector* const keys : {&own, &others}) {
-                keys->push_back(new CTimelineKey);
-                keys->back()->frame = i;
-            }
-            if (areGroups)
-                own.back()->group = others.back()->group = NewGroup();
-        }
-        m_track->Keys().AddKeys(own, false);
-        b->Keys().AddKeys(others, false);
-        if (!areGroups)
-            TimelineLibrary::Instance().relations.Set({{1, {m_track, b}}});
-        b->Keys().SetSelection(0, kKeys, true, TL_KEY_ANY_KIND);
-        // One by one, taking them out of the list's front, would move 80 gigabytes.
-        const std::clock_t start = std::clock();
-        Follow();
-        const auto seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-        QCOMPARE(b->Keys().SelGetSize(), std::size_t(0));
-        QVERIFY2(seconds < 5, QByteArray::number(seconds));
-    }
 };
 
 QTEST_MAIN(tst_SelectionFollowing)

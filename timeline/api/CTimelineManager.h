@@ -144,7 +144,8 @@ public:
     /// 0 normal, 1 hover, 2 pressed; of a toggle 0 off, 2 on, and 1 and 3 the same with the pointer
     /// over it. False (state untouched) for a track without such a button.
     bool GetTrackCaptionBtnState(CTimelineTrackBase* track, int buttonId, int& state);
-    /// Sets the state of the caption buttons of that id. Always false, also when it was set.
+    /// Sets the state of the caption buttons of that id; nothing is repainted. Always false, also
+    /// when it was set.
     bool SetTrackCaptionBtnState(CTimelineTrackBase* track, int buttonId, int& state);
     /// The next four are refused (false) for any track but a switch track.
     bool GetTrackSwitchBtnList(CTimelineTrackBase* track,
@@ -157,7 +158,8 @@ public:
 
     /// A copy of the relation table; false without a timeline widget.
     bool GetTrackRelMapTable(std::vector<_tmpTLRelatedMap>& table);
-    /// Replaces the relation table, one for the whole process; false without a timeline widget.
+    /// Replaces the relation table, one for the whole process; nothing is repainted. False without
+    /// a timeline widget.
     bool SetTrackRelMapTable(const std::vector<_tmpTLRelatedMap>& table);
     CTimelineTrackBase* GetLipsTrack(); ///< the shown viseme-key child track, or null
 
@@ -202,8 +204,9 @@ public:
     /// Stored as given; the current frame and the time mark are not adjusted.
     void SetFrameCount(int count);
     int GetFrameCount(); ///< as the manager remembers it
-    /// Clamped to at least 0, then to at most the frame count less 1. Shown at once; the window is
-    /// told, the host's callbacks are not.
+    /// Clamped to at least 0, then to at most the frame count less 1. Shown at once, with all that
+    /// was changed before; the window is told, the host's callbacks are not. Only keys that were
+    /// written in place are not looked at; see InvalidateTimeline.
     void SetCurrentFrame(int frame);
     int GetCurrentFrame(); ///< as the timeline shows it; 0 without one
     /// Clamped like the current frame.

@@ -7,6 +7,7 @@
 #include "container/TrackMessageDispatch.h"
 #include "library/CallOut.h"
 #include "library/TimelineLibrary.h"
+#include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackTick.h"
 
@@ -15,6 +16,13 @@
 namespace {
 
 constexpr int kFixedTrackStyle = 1;
+
+/// Whether hosts are known to edit keys in place when they get this message.
+bool IsCommand(unsigned int code)
+{
+    return code == kHostDoubleClicked || code == kHostSwitchToggled || code == kHostCaptionButton ||
+           code == kHostMenuChosen;
+}
 
 } // namespace
 
@@ -99,8 +107,16 @@ int CTimelineContainer::SendToHost(unsigned int code, CTimelineTrackBase* track,
                                    const QVariant& value1, const QVariant& value2,
                                    const QVariant& value3)
 {
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
-    return m_owner ? m_owner->OnContainerMessage(code, track, handle, value1, value2, value3) : -1;
+    // The host may show a frame from within the message as well as after it.
+    if (IsCommand(code))
+        ForgetOnScreen();
+    const int answer =
+        m_owner ? m_owner->OnContainerMessage(code, track, handle, value1, value2, value3) : -1;
+    if (self && IsCommand(code))
+        ForgetOnScreen();
+    return answer;
 }
 
 int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
@@ -108,6 +124,7 @@ int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimeline
 {
     const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
+    ForgetOnScreen();
     const int answer = m_owner ? m_owner->OnContainerTrackEdit(type, tracks, value1, value2) : -1;
     // A host that changed keys in place may leave the refresh to the end of the gesture.
     for (CTimelineTrackBase* const track : tracks) {
@@ -115,7 +132,7 @@ int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimeline
             track->InvalidateCaches();
     }
     if (self)
-        m_onScreen = OnScreen();
+        ForgetOnScreen();
     return answer;
 }
 

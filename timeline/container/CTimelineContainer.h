@@ -223,6 +223,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -257,6 +258,9 @@ private:
     void PaintRow(QPainter& painter, CTimelineTrackBase& track, const QRect& row, FramePaint frame);
     void PaintStep(QPainter& painter);
     void RememberPainted(const QRegion& region);
+    /// The host may have changed keys in place, which cannot be seen: the next step of the current
+    /// frame repaints everything.
+    void ForgetOnScreen() { m_onScreen = OnScreen(); }
 
     /// What all of the picture on screen shows; a state of no timeline when that is not known.
     struct OnScreen
@@ -277,7 +281,8 @@ private:
     DropFileRules m_dropRules;
     MultiTrackKeyDrag m_keyDrag;
     OnScreen m_onScreen;
-    FrameStrips m_strips; ///< of the pictures
+    bool m_isScrubbing = false; ///< a step repainted everything, and nothing was painted since
+    FrameStrips m_strips;       ///< of the pictures
     ScrubPictures m_scrubPictures;
     QRegion m_step; ///< while a step of the current frame is being painted
     std::unique_ptr<QPixmap> m_backBuffer;

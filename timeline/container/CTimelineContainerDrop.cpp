@@ -29,8 +29,15 @@ bool CTimelineContainer::OnTrackDrop(QDropEvent* event, CTimelineTrackBase*)
     if (path.isEmpty() || !m_owner)
         return false;
     const TLDropFileType type = m_dropRules.Classify(path);
+    if (type == TL_DROP_NONE)
+        return false;
+    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
-    return type != TL_DROP_NONE && m_owner->OnContainerDrop(type, path);
+    ForgetOnScreen();
+    const bool isTaken = m_owner->OnContainerDrop(type, path);
+    if (self)
+        ForgetOnScreen();
+    return isTaken;
 }
 
 bool CTimelineContainer::OnTrackDragCheck(QDropEvent* event, CTimelineTrackBase* track, int frame)

@@ -169,8 +169,9 @@ void CTimelineContainer::SelectRow(CTimelineTrackBase* track, bool keepOthers)
         ClearKeySelectionExcept(track);
     if (isThere())
         SelectRowKeys(*this, *track);
+    // A lips row changes its keys without a word.
     if (self)
-        NotifyTimelineRefreshed();
+        UpdateAndNotify();
 }
 
 void CTimelineContainer::enterEvent(QEvent* event)

@@ -170,6 +170,12 @@ void CTimelineContainer::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
 }
 
+void CTimelineContainer::hideEvent(QHideEvent* event)
+{
+    m_scrubPictures.Drop(); // two whole pictures that nobody sees
+    QWidget::hideEvent(event);
+}
+
 int CTimelineContainer::GetTrackHeight() const
 {
     return m_layout.TrackHeight();

@@ -56,8 +56,13 @@ void CTimelineContainer::ShowCurrentFrame()
     const bool isKnown = m_onScreen.state == PaintedState(*this);
     if (isKnown && m_onScreen.frame == Axis().currentFrame)
         return;
-    if (!isKnown || (!m_scrubPictures.AreReady() && !MakeScrubPictures())) {
+    // The pictures take longer than a repaint: they are worth while when one step follows another,
+    // and not for a host that has everything painted in between.
+    const bool isSecondStep = isKnown && m_isScrubbing;
+    if (!isKnown || (!m_scrubPictures.AreReady() && !(isSecondStep && MakeScrubPictures()))) {
         repaint();
+        if (self)
+            m_isScrubbing = !isSecondStep;
         return;
     }
     FrameAxis before = Axis();
@@ -172,6 +177,7 @@ void CTimelineContainer::PaintStep(QPainter& painter)
 void CTimelineContainer::RememberPainted(const QRegion& region)
 {
     m_scrubPictures.Drop();
+    m_isScrubbing = false;
     const OnScreen now{PaintedState(*this), Axis().currentFrame};
     const bool isWhole = (visibleRegion() - region).isEmpty();
     const bool isConsistent = m_onScreen.state == now.state && m_onScreen.frame == now.frame;

@@ -31,7 +31,7 @@ const CTimelineKey* LastSelectedKey(const CTimelineKeyArray& keys)
 } // namespace
 
 DraggedTrack::DraggedTrack(CTimelineTrackBase* track, bool movesSubKeys)
-    : m_track(track), m_movesSubKeys(movesSubKeys), m_keys(&track->Keys())
+    : m_track(track), m_movesSubKeys(movesSubKeys), m_keys(movesSubKeys ? nullptr : &track->Keys())
 {
     FindSubKeys();
 }
@@ -42,13 +42,16 @@ CTimelineTrackBase* DraggedTrack::Track() const
 }
 
 /// The sub-keys that move are those of the clip that is the first selected one now: the host may
-/// have put another in its place. Copies stay where they stand.
+/// have put another in its place. The former ones keep no move set. Copies stay where they stand.
 void DraggedTrack::FindSubKeys()
 {
     if (!m_movesSubKeys || !m_copies.empty())
         return;
     const CTimelineKey* const clip = Clip();
-    m_keys = clip ? clip->subKeys : nullptr;
+    const VZ::CPointer<CTimelineKeyArray> former =
+        std::exchange(m_keys, clip ? clip->subKeys : VZ::CPointer<CTimelineKeyArray>());
+    if (former && former != m_keys)
+        former->ClearAllMove();
 }
 
 const CTimelineKey* DraggedTrack::Clip() const
@@ -114,6 +117,7 @@ void DraggedTrack::TakeOutCopies()
 
 void DraggedTrack::SelectAtCopies()
 {
+    FindSubKeys();
     if (!m_keys)
         return;
     m_keys->ClearAllSelection();

@@ -33,8 +33,8 @@ KeyPointer NavigatedClip(const CTimelineTrackBase& track)
 {
     const CTimelineKeyArray& keys = track.Keys();
     for (const int index : keys.SelectedIndexes()) {
-        if (static_cast<std::size_t>(index) >= keys.GetSize())
-            break;
+        if (index < 0 || static_cast<std::size_t>(index) >= keys.GetSize())
+            continue;
         const KeyPointer clip = keys.GetAt(index);
         if (HasSubKeys(*clip))
             return clip;

@@ -2,6 +2,8 @@
 
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
+#include "model/KeyArrayRevision.h"
+#include "skin/TrackStyles.h"
 #include "tracks/CTimelineTrackHScroll.h"
 #include "tracks/CTimelineTrackSwitch.h"
 #include "tracks/CTimelineTrackTick.h"
@@ -12,7 +14,7 @@
 
 namespace {
 
-unsigned int DigestOfButtons(const CTimelineTrackBase& track)
+unsigned int DigestOfSwitches(const CTimelineTrackBase& track)
 {
     if (track.GetTrackType() != TL_TRACK_SWITCH)
         return 0;
@@ -25,6 +27,17 @@ unsigned int DigestOfButtons(const CTimelineTrackBase& track)
     return digest;
 }
 
+unsigned int DigestOfButtons(const CTimelineTrackBase& track)
+{
+    const auto* const style = track.StyleAs<TrackStyle>();
+    if (!style)
+        return 0;
+    uint digest = 0;
+    for (const CaptionButtonStyle& button : style->captionButtons)
+        digest = digest * 31 + qHash(button.state);
+    return digest;
+}
+
 auto Tied(const CFrameInfo& info)
 {
     return std::tie(info.pixelsPerFrame, info.framesPerPixel, info.step1, info.step2, info.step3,
@@ -34,20 +47,19 @@ auto Tied(const CFrameInfo& info)
 } // namespace
 
 PaintedState::Row::Row(const CTimelineTrackBase& row)
-    : track(&row), caption(row.GetCaption()), keys(row.Keys().GetSize()),
-      relatedKeys(row.Keys().RelatedGetSize()), selectedKeys(row.Keys().SelectedIndexes().size()),
-      rangeStart(row.RangeStart()), rangeEnd(row.RangeEnd()), height(row.height()),
+    : track(&row), caption(row.GetCaption()), rangeStart(row.RangeStart()),
+      rangeEnd(row.RangeEnd()), height(row.height()),
       visible(row.testAttribute(Qt::WA_WState_Visible)), active(row.IsActive()),
-      showsRange(row.HasEditMode(TL_EDIT_TIME_RANGE)), buttons(DigestOfButtons(row))
+      showsRange(row.HasEditMode(TL_EDIT_TIME_RANGE)), switches(DigestOfSwitches(row)),
+      buttons(DigestOfButtons(row))
 {
 }
 
 bool PaintedState::Row::operator==(const Row& other) const
 {
     const auto tied = [](const Row& row) {
-        return std::tie(row.track, row.keys, row.relatedKeys, row.selectedKeys, row.rangeStart,
-                        row.rangeEnd, row.height, row.visible, row.active, row.showsRange,
-                        row.buttons, row.caption);
+        return std::tie(row.track, row.rangeStart, row.rangeEnd, row.height, row.visible,
+                        row.active, row.showsRange, row.switches, row.buttons, row.caption);
     };
     return tied(*this) == tied(other);
 }
@@ -55,7 +67,8 @@ bool PaintedState::Row::operator==(const Row& other) const
 PaintedState::PaintedState(const CTimelineContainer& container)
     : m_size(container.size()), m_line(TimelineLibrary::Instance().currentFrameLine.rgba()),
       m_pictures(
-          TimelineLibrary::Instance().images.Picture(kCaptionPictures, kTickCaption).cacheKey())
+          TimelineLibrary::Instance().images.Picture(kCaptionPictures, kTickCaption).cacheKey()),
+      m_relations(TimelineLibrary::Instance().relations.Generation()), m_keys(KeyArrayRevision())
 {
     const FrameAxis& axis = TimelineLibrary::Instance().axis;
     m_frameCount = axis.frameCount;
@@ -78,7 +91,7 @@ bool PaintedState::operator==(const PaintedState& other) const
     const auto tied = [](const PaintedState& state) {
         return std::tie(state.m_size, state.m_frameCount, state.m_scrollX, state.m_timeMark[0],
                         state.m_timeMark[1], state.m_thumb[0], state.m_thumb[1], state.m_line,
-                        state.m_pictures, state.m_rows);
+                        state.m_pictures, state.m_relations, state.m_keys, state.m_rows);
     };
     return tied(*this) == tied(other) && Tied(m_info) == Tied(other.m_info);
 }

@@ -6,14 +6,17 @@
 #include <QSize>
 #include <QString>
 
+#include <cstdint>
 #include <vector>
 
 class CTimelineContainer;
 class CTimelineTrackBase;
 
 /// What a picture of the timeline was made from, as far as it can be seen at a glance: enough to
-/// tell that something was changed without a repaint. The current frame is not part of it, nor are
-/// the keys themselves: a host that changes those in place says so.
+/// tell that something was changed without a repaint. The current frame is not part of it. Of keys
+/// it knows what the operations of key arrays changed, wherever the arrays are; keys that were
+/// written in place are not looked at: a host that does that says so, by
+/// CTimelineManager::InvalidateTimeline.
 class PaintedState
 {
 public:
@@ -31,16 +34,14 @@ private:
 
         const CTimelineTrackBase* track;
         QString caption;
-        std::size_t keys;
-        std::size_t relatedKeys;
-        std::size_t selectedKeys;
         int rangeStart;
         int rangeEnd;
         int height;
         bool visible;
         bool active;
         bool showsRange;
-        unsigned int buttons; ///< of a switch row, in one number
+        unsigned int switches; ///< of a switch row, in one number
+        unsigned int buttons;  ///< the states of those in the caption, in one number
     };
 
     QSize m_size;
@@ -51,5 +52,7 @@ private:
     int m_thumb[2] = {};
     QRgb m_line = 0;
     qint64 m_pictures = 0; ///< changes when the pictures were freed and loaded again
+    unsigned int m_relations = 0;
+    std::uint64_t m_keys = 0; ///< of all arrays
     std::vector<Row> m_rows;
 };

@@ -2,6 +2,7 @@
 
 #include "AscendingSearch.h"
 #include "ClipDisplayLength.h"
+#include "KeyArrayRevision.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -15,6 +16,7 @@ CTimelineKeyArray& CTimelineKeyArray::operator=(const CTimelineKeyArray& other)
 {
     // Our keys are released with the copy, at the end: the other array can be inside one of them.
     CTimelineKeyArray copy(other);
+    CountKeyArrayChange();
     CReltedGroupBase::operator=(copy);
     m_keys.swap(copy.m_keys);
     m_selection.swap(copy.m_selection);
@@ -125,6 +127,7 @@ int CTimelineKeyArray::Add(VZ::CPointer<CTimelineKey> key, bool replace)
     if (!key)
         return -1;
     const int index = Place(m_keys, std::move(key), replace);
+    CountKeyArrayChange();
     UpdateClipDisplayLength(index);
     RebuildSelection();
     return index;
@@ -138,6 +141,7 @@ void CTimelineKeyArray::RemoveAt(int index)
         for (; later != m_selection.end(); ++later)
             --*later;
     }
+    CountKeyArrayChange();
     m_keys.erase(m_keys.begin() + index);
     UpdateDisplayLengthsBelow(static_cast<std::size_t>(index));
 }
@@ -151,6 +155,7 @@ void CTimelineKeyArray::RemoveAt(CTimelineKey* key)
 
 void CTimelineKeyArray::RemoveAll()
 {
+    CountKeyArrayChange();
     m_keys.clear();
     m_selection.clear();
     m_moveSet.clear();
@@ -183,6 +188,7 @@ const VZ::CPointer<CTimelineKey>& CTimelineKeyArray::KeyAt(int index) const
 
 void CTimelineKeyArray::UpdateClipDisplayLength(int index)
 {
+    CountKeyArrayChange();
     CTimelineKey* const previous = index > 0 ? KeyAt(index - 1).Get() : nullptr;
     const CTimelineKey* const next = IsKeyIndex(index + 1) ? KeyAt(index + 1).Get() : nullptr;
     StoreDisplayLengths(previous, *KeyAt(index), next);

@@ -2,6 +2,7 @@
 
 #include "CTimelineKeyArray.h"
 #include "FrameOrder.h"
+#include "KeyArrayRevision.h"
 #include "KeyBatch.h"
 #include "KeyRemoval.h"
 #include "TimelineKeyValues.h"
@@ -78,6 +79,7 @@ void CTimelineKeyArray::AddKeys(const KeyVector& keys, bool replace)
     KeyBatch batch(m_keys, keys, replace);
     if (batch.IsEmpty())
         return;
+    CountKeyArrayChange();
     batch.StoreLengths();
     // The former list goes last, with the keys that were replaced: the array is in order by then.
     const KeyVector former = std::exchange(m_keys, batch.TakeKeys());
@@ -112,6 +114,7 @@ void CTimelineKeyArray::RemoveKeys(const KeyVector& keys)
             RemoveAt(key.Get());
         return;
     }
+    CountKeyArrayChange();
     removal.StoreLengths();
     m_selection = removal.Selection(m_selection);
     // The former list goes last, with the keys that leave: the array is in order by then.

@@ -2,6 +2,7 @@
 
 #include "CTimelineKeyArray.h"
 #include "FrameOrder.h"
+#include "KeyArrayRevision.h"
 
 #include <algorithm>
 #include <iterator>
@@ -46,6 +47,7 @@ int CTimelineKeyArray::RelatedAdd(CTimelineKey* key, bool replace)
         return -1;
     const VZ::CPointer<CTimelineKey> copy(new CTimelineKey(*key));
     copy->relatedCopy = 1;
+    CountKeyArrayChange();
     return Place(m_relatedKeys, copy, replace);
 }
 
@@ -56,11 +58,13 @@ int CTimelineKeyArray::RelatedHitKey(int frame, bool first) const
 
 void CTimelineKeyArray::RelatedRemoveAt(int index)
 {
+    CountKeyArrayChange();
     m_relatedKeys.erase(m_relatedKeys.begin() + index);
 }
 
 void CTimelineKeyArray::RelatedRemoveAll()
 {
+    CountKeyArrayChange();
     m_relatedKeys.clear();
 }
 

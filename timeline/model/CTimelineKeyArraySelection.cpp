@@ -6,6 +6,7 @@
 #include "AscendingSearch.h"
 #include "CTimelineKeyArray.h"
 #include "FrameOrder.h"
+#include "KeyArrayRevision.h"
 #include "TimelineKeyValues.h"
 
 #include <algorithm>
@@ -112,6 +113,7 @@ void CTimelineKeyArray::ChangeEntries(const std::vector<int>& changed, bool sele
 {
     if (changed.empty())
         return;
+    CountKeyArrayChange();
     const auto begin = std::lower_bound(m_selection.begin(), m_selection.end(), changed.front());
     const auto end = std::upper_bound(begin, m_selection.end(), changed.back());
     std::vector<int> entries;
@@ -128,6 +130,8 @@ void CTimelineKeyArray::ClearAllSelection()
 {
     // Emptied first, so that sub-keys that lead back to this array find nothing left to do.
     const std::vector<int> entries = std::exchange(m_selection, {});
+    if (!entries.empty())
+        CountKeyArrayChange();
     for (int index : entries) {
         if (!IsKeyIndex(index))
             continue;
@@ -155,8 +159,10 @@ int CTimelineKeyArray::SelAdd(int keyIndex)
     int position = 0;
     bool found = false;
     SelGetInsertIndex(keyIndex, position, found);
-    if (!found)
-        m_selection.insert(m_selection.begin() + position, keyIndex);
+    if (found)
+        return position;
+    CountKeyArrayChange();
+    m_selection.insert(m_selection.begin() + position, keyIndex);
     return position;
 }
 
@@ -208,6 +214,7 @@ CTimelineKeyArray::KeyVector CTimelineKeyArray::CopySelected() const
 
 void CTimelineKeyArray::SetSelToMove()
 {
+    CountKeyArrayChange();
     m_moveSet = CopySelected();
 }
 
@@ -223,11 +230,13 @@ std::size_t CTimelineKeyArray::MoveGetSize() const
 
 void CTimelineKeyArray::ClearAllMove()
 {
+    CountKeyArrayChange();
     m_moveSet.clear();
 }
 
 void CTimelineKeyArray::MoveKeys(int delta, bool replace)
 {
+    CountKeyArrayChange();
     for (int index : m_selection) {
         if (IsKeyIndex(index))
             KeyAt(index)->frame = ShiftedFrame(KeyAt(index)->frame, delta);

@@ -17,7 +17,13 @@ public:
     static constexpr int kClipBars = 3;
 
     /// Replaces all rows by copies of @p rows; nothing about them is checked.
-    void Set(const std::vector<_tmpTLRelatedMap>& rows) { m_rows = rows; }
+    void Set(const std::vector<_tmpTLRelatedMap>& rows)
+    {
+        m_rows = rows;
+        ++m_generation;
+    }
+    /// How often the rows were set.
+    unsigned int Generation() const { return m_generation; }
     /// The rows as they were set, in their order; valid until the next Set.
     const std::vector<_tmpTLRelatedMap>& Rows() const { return m_rows; }
 
@@ -27,4 +33,5 @@ public:
 
 private:
     std::vector<_tmpTLRelatedMap> m_rows;
+    unsigned int m_generation = 0;
 };

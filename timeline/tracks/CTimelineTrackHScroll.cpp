@@ -160,10 +160,11 @@ void CTimelineTrackHScroll::mouseMoveEvent(QMouseEvent* event)
     if (!event->buttons().testFlag(Qt::LeftButton))
         EndGesture();
     const ScrollThumb::DragMode mode = m_thumb.GetDragMode();
-    if (mode == ScrollThumb::kBody || IsEdge(mode))
-        DragTo(event->x());
-    else
+    if (mode != ScrollThumb::kBody && !IsEdge(mode)) {
         ShowCursorAt(event->pos());
+        return;
+    }
+    DragTo(event->x());
     if (self)
         QWidget::mouseMoveEvent(event);
 }

@@ -1,6 +1,7 @@
 #include "tracks/KeyFacts.h"
 
 #include "TimelineEnums.h"
+#include "model/FrameOrder.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/LinkThinning.h"
@@ -14,12 +15,6 @@
 namespace {
 
 using KeyVector = CTimelineKeyArray::KeyVector;
-
-bool IsInFrameOrder(const KeyVector& keys)
-{
-    return std::is_sorted(keys.begin(), keys.end(),
-                          [](const auto& a, const auto& b) { return a->frame < b->frame; });
-}
 
 void GatherReach(const CTimelineKey& key, KeyFacts& facts)
 {
