@@ -25,12 +25,15 @@ public:
 
     OpenGesture gesture{*this, [this] { Finish(); }};
     int finished = 0;
+    bool diesOfIt = false; ///< as when the host deletes it in the last callback
 
 private:
     void Finish()
     {
         gesture.End();
         ++finished;
+        if (diesOfIt)
+            delete this;
     }
 };
 
@@ -73,6 +76,9 @@ private slots:
     void startsCleanInTheHandlerAfterADialog();
     void watchesNothingAfterTheEnd();
     void survivesItsWidgetsEndInsideAHandler();
+    void aSecondBeginWhileItIsOnChangesNothing();
+    void theFinishMayDeleteTheWidget();
+    void theFinishMayDeleteTheWidgetBeforeAHandlerStarts();
 };
 
 void tst_OpenGesture::finishesWhenTheFocusLeavesTheTimeline()
@@ -195,6 +201,53 @@ void tst_OpenGesture::survivesItsWidgetsEndInsideAHandler()
         const OpenGesture::Handling handling(scene.pad->gesture);
         delete scene.pad;
     }
+    QVERIFY(!pad);
+}
+
+void tst_OpenGesture::aSecondBeginWhileItIsOnChangesNothing()
+{
+    Scene scene;
+    scene.pad->gesture.Begin();
+    scene.outside->setFocus();
+    scene.pad->gesture.Begin(); // it is lost all the same
+    QVERIFY(scene.pad->gesture.IsOn());
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.pad->finished, 1);
+
+    scene.pad->setFocus();
+    scene.pad->gesture.Begin();
+    scene.pad->gesture.Begin();
+    scene.pad->gesture.End(); // of both
+    QVERIFY(!scene.pad->gesture.IsOn());
+    scene.outside->setFocus();
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.pad->finished, 1);
+}
+
+void tst_OpenGesture::theFinishMayDeleteTheWidget()
+{
+    Scene scene;
+    const QPointer<Pad> pad(scene.pad);
+    scene.pad->diesOfIt = true;
+    scene.pad->gesture.Begin();
+    scene.outside->setFocus();
+    QVERIFY(pad);
+    QCoreApplication::processEvents();
+    QVERIFY(!pad);
+}
+
+void tst_OpenGesture::theFinishMayDeleteTheWidgetBeforeAHandlerStarts()
+{
+    Scene scene;
+    const QPointer<Pad> pad(scene.pad);
+    scene.pad->diesOfIt = true;
+    scene.pad->gesture.Begin();
+    scene.outside->setFocus();
+    {
+        const OpenGesture::Handling handling(scene.pad->gesture);
+        QVERIFY(!pad);
+    }
+    QCoreApplication::processEvents(); // what was queued finds nobody
     QVERIFY(!pad);
 }
 

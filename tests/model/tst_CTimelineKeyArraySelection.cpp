@@ -37,6 +37,16 @@ private slots:
     void clearingLeavesTheSubKeysOfOtherKeys();
     void clearingEndsWhenSubKeysLeadBack();
 
+    void selectsOneKeyAndDeselectsAllOthers();
+    void selectingOnlyOneDeselectsLockedKeys();
+    void selectingOnlyOneLeavesItAsItIsWhenItIsLocked();
+    void selectingOnlyOneClearsTheSubKeysOfAllOthers();
+    void selectingOnlyOneKeepsItsSubKeysThoughOthersShareThem();
+    void selectingOnlyOneEndsWhenSubKeysLeadBack();
+    void selectingOnlyOneForgetsStaleEntries();
+    void selectingOnlyAnIndexOutsideLeavesNoneSelected_data();
+    void selectingOnlyAnIndexOutsideLeavesNoneSelected();
+
     void addsAnIndexAtItsSortedPlace();
     void addingAnIndexTwiceKeepsOne();
     void addingAnIndexLeavesTheMark();
@@ -360,6 +370,123 @@ void tst_CTimelineKeyArraySelection::clearingEndsWhenSubKeysLeadBack()
     array->ClearAllSelection();
     QCOMPARE(MarkedOf(*array), QVector<int>());
     array->GetAt(0)->subKeys = nullptr; // opens the ring, which would keep itself alive
+}
+
+// --- One only
+
+void tst_CTimelineKeyArraySelection::selectsOneKeyAndDeselectsAllOthers()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2, 3, 4});
+    Select(array, {0, 1, 3});
+    array.SelectOnly(2);
+    QCOMPARE(SelectionOf(array), QVector<int>({2}));
+    QCOMPARE(MarkedOf(array), QVector<int>({2}));
+    array.SelectOnly(2);
+    QCOMPARE(SelectionOf(array), QVector<int>({2}));
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyOneDeselectsLockedKeys()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2});
+    Select(array, {0});
+    array.GetAt(0)->lockState = 1;
+    array.SelectOnly(1);
+    QCOMPARE(SelectionOf(array), QVector<int>({1}));
+    QCOMPARE(MarkedOf(array), QVector<int>({1}));
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyOneLeavesItAsItIsWhenItIsLocked()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2});
+    Select(array, {0});
+    array.GetAt(1)->lockState = 1;
+    array.SelectOnly(1);
+    QCOMPARE(SelectionOf(array), QVector<int>());
+    QCOMPARE(MarkedOf(array), QVector<int>());
+
+    Select(array, {0});
+    array.GetAt(0)->lockState = 1;
+    array.SelectOnly(0);
+    QCOMPARE(SelectionOf(array), QVector<int>({0}));
+    QCOMPARE(MarkedOf(array), QVector<int>({0}));
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyOneClearsTheSubKeysOfAllOthers()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2, 3});
+    for (int i = 0; i < 3; ++i) {
+        array.GetAt(i)->subKeys = new CTimelineKeyArray;
+        AddFrames(*array.GetAt(i)->subKeys, {0, 1});
+        Select(*array.GetAt(i)->subKeys, {1});
+    }
+    Select(array, {0}); // the last one is not selected itself
+    array.SelectOnly(1);
+    QCOMPARE(SelectionOf(*array.GetAt(0)->subKeys), QVector<int>());
+    QCOMPARE(SelectionOf(*array.GetAt(1)->subKeys), QVector<int>({1}));
+    QCOMPARE(SelectionOf(*array.GetAt(2)->subKeys), QVector<int>());
+    QCOMPARE(MarkedOf(*array.GetAt(2)->subKeys), QVector<int>());
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyOneKeepsItsSubKeysThoughOthersShareThem()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2});
+    const VZ::CPointer<CTimelineKeyArray> shared(new CTimelineKeyArray);
+    AddFrames(*shared, {0});
+    Select(*shared, {0});
+    array.GetAt(0)->subKeys = shared;
+    array.GetAt(1)->subKeys = shared;
+    array.SelectOnly(1);
+    QCOMPARE(SelectionOf(*shared), QVector<int>({0}));
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyOneEndsWhenSubKeysLeadBack()
+{
+    const VZ::CPointer<CTimelineKeyArray> array(new CTimelineKeyArray);
+    AddFrames(*array, {1, 2});
+    array->GetAt(0)->subKeys = array;
+    Select(*array, {0});
+    array->SelectOnly(1);
+    QCOMPARE(SelectionOf(*array), QVector<int>({1}));
+    QCOMPARE(MarkedOf(*array), QVector<int>({1}));
+    array->GetAt(0)->subKeys = nullptr; // opens the ring, which would keep itself alive
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyOneForgetsStaleEntries()
+{
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2, 3});
+    Select(array, {2});
+    array.RemoveAt(0); // unselected: the entry now means no key
+    array.SelectOnly(0);
+    QCOMPARE(SelectionOf(array), QVector<int>({0}));
+    QCOMPARE(MarkedOf(array), QVector<int>({0})); // the marked key had no entry
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyAnIndexOutsideLeavesNoneSelected_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::newRow("no key") << -1;
+    QTest::newRow("behind the last key") << 2;
+}
+
+void tst_CTimelineKeyArraySelection::selectingOnlyAnIndexOutsideLeavesNoneSelected()
+{
+    QFETCH(const int, index);
+    CTimelineKeyArray array;
+    AddFrames(array, {1, 2});
+    array.GetAt(1)->subKeys = new CTimelineKeyArray;
+    AddFrames(*array.GetAt(1)->subKeys, {0});
+    Select(*array.GetAt(1)->subKeys, {0});
+    Select(array, {0, 1});
+    array.SelectOnly(index);
+    QCOMPARE(SelectionOf(array), QVector<int>());
+    QCOMPARE(MarkedOf(array), QVector<int>());
+    QCOMPARE(MarkedOf(*array.GetAt(1)->subKeys), QVector<int>());
 }
 
 // --- The list

@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <functional>
 #include <utility>
 
 namespace KestovaTest {
@@ -31,6 +32,8 @@ public:
     MessageSpy& operator=(const MessageSpy&) = delete;
 
     QStringList TakeMessages() { return std::exchange(m_messages, {}); }
+    /// Called with the code of each message before it is passed on.
+    std::function<void(int)> reaction;
 
     int OnTrackMessage(int code, CTimelineTrackBase* track, int number, QVariant value1,
                        QVariant value2, QVariant value3) override
@@ -41,6 +44,8 @@ public:
                           .arg(value1.toInt())
                           .arg(value2.toInt())
                           .arg(value3.toInt());
+        if (reaction)
+            reaction(code);
         return m_owner->OnTrackMessage(code, track, number, value1, value2, value3);
     }
     bool OnTrackDrop(QDropEvent* event, CTimelineTrackBase* track) override

@@ -4,6 +4,18 @@ using namespace KestovaTest;
 
 // Dragging the selected keys of all rows together, to move or to copy them.
 
+namespace {
+
+Indexes FramesOfKeys(MouseScene& scene)
+{
+    Indexes frames;
+    for (const auto& key : scene.Keys().Keys())
+        frames.push_back(key->frame);
+    return frames;
+}
+
+} // namespace
+
 class tst_KeyGestureDrag : public QObject
 {
     Q_OBJECT
@@ -14,7 +26,6 @@ private slots:
     void reportsEachStepToTheOwner();
     void startsInTheNextFrameWhateverTheDistance();
     void doesNotStartWhileThePointerStaysInTheFrameOfThePress();
-    void doesNotStartWhenItIsBackInThatFrameBeforeTheFirstStep();
     void reportsStepsThatStayInTheirFrame();
     void stepsBackToo();
     void leavesTheKeysWhereTheyCannotGo();
@@ -25,6 +36,11 @@ private slots:
     void copiesWithCtrl();
     void copiesAreLeftOutWhenTheHostRefuses();
     void reportsEachStepOfACopyToTheOwner();
+    void endsWithTheFramesSinceTheLastStep_data();
+    void endsWithTheFramesSinceTheLastStep();
+    void copiesWhatIsSelectedNotWhatIsPressed();
+    void copiesNothingWhenNothingIsSelected();
+    void escapeStopsNothing();
     void decidesBetweenMoveAndCopyWhenItStarts();
     void togglesNothingAfterADrag();
     void needsNoFocus();
@@ -108,33 +124,19 @@ void tst_KeyGestureDrag::startsInTheNextFrameWhateverTheDistance()
     QCOMPARE(scene.TakeCalls(), QStringList({"edit 0 [row] 0 0", "edit 2 [row] 1 0"}));
 }
 
+/// Wherever it was between two moves: only where a move finds it counts.
 void tst_KeyGestureDrag::doesNotStartWhileThePointerStaysInTheFrameOfThePress()
 {
     MouseScene scene(kDragKeys);
     scene.AddKeys({20});
     scene.pointer.Press(scene.row, scene.Spot(202));
-    scene.TakeCalls();
+    MessageSpy spy(scene.row);
     scene.pointer.MoveTo(scene.row, scene.Spot(209));
     scene.pointer.MoveTo(scene.row, scene.Spot(200));
-    QCOMPARE(scene.TakeCalls(), QStringList());
-    scene.Release();
-    QCOMPARE(scene.TakeCalls(), QStringList());
-    QCOMPARE(scene.Key(0).frame, 20);
-}
-
-void tst_KeyGestureDrag::doesNotStartWhenItIsBackInThatFrameBeforeTheFirstStep()
-{
-    MouseScene scene(kDragKeys);
-    scene.AddKeys({20});
-    scene.pointer.Press(scene.row, scene.Spot(202));
-    scene.TakeCalls();
-    // On its way out and back again the pointer is seen in the frame of the press only.
-    scene.pointer.MoveTo(scene.row, scene.Spot(209));
-    scene.pointer.MoveTo(scene.row, scene.Spot(201));
-    MessageSpy spy(scene.row);
+    QCOMPARE(spy.TakeMessages(), QStringList());
     scene.Release();
     QCOMPARE(spy.TakeMessages(), QStringList({"1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
-    QCOMPARE(scene.TakeCalls(), QStringList());
+    QCOMPARE(scene.Key(0).frame, 20);
 }
 
 void tst_KeyGestureDrag::reportsStepsThatStayInTheirFrame()
@@ -200,7 +202,7 @@ void tst_KeyGestureDrag::needsAPressOnAKey()
     QCOMPARE(scene.Key(0).frame, 20);
 }
 
-/// The pointer is ahead of keys that have reached the end of the timeline.
+/// A glyph is wider than the cell of a frame: the one at 30 reaches into frame 29.
 void tst_KeyGestureDrag::goesToTheKeyUnderThePointerAtTheRelease()
 {
     MouseScene scene(kDragKeys);
@@ -283,6 +285,83 @@ void tst_KeyGestureDrag::reportsEachStepOfACopyToTheOwner()
     scene.Release();
     QCOMPARE(spy.TakeMessages(),
              QStringList({"1114 (0, 0, 0, 0)", "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
+}
+
+void tst_KeyGestureDrag::endsWithTheFramesSinceTheLastStep_data()
+{
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QStringList>("messages");
+    QTest::newRow("move") << int(Qt::NoModifier)
+                          << QStringList({"1109 (0, 0, 0, 0)", "1110 (0, 0, 3, 0)",
+                                          "1111 (0, 0, 2, 0)", "1104 (0, 0, 0, 0)",
+                                          "1105 (0, 0, 0, 0)"});
+    QTest::newRow("copy") << int(Qt::ControlModifier)
+                          << QStringList({"1112 (0, 0, 0, 0)", "1113 (0, 0, 3, 0)",
+                                          "1114 (0, 0, 2, 0)", "1104 (0, 0, 0, 0)",
+                                          "1105 (0, 0, 0, 0)"});
+}
+
+/// The button goes up away from where the last move was.
+void tst_KeyGestureDrag::endsWithTheFramesSinceTheLastStep()
+{
+    QFETCH(const int, modifiers);
+    QFETCH(const QStringList, messages);
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({20});
+    scene.Click(20);
+    scene.Press(20, Qt::KeyboardModifiers(modifiers));
+    MessageSpy spy(scene.row);
+    scene.MoveTo(23);
+    scene.pointer.ReleaseAt(scene.row, scene.At(25));
+    QCOMPARE(spy.TakeMessages(), messages);
+    QCOMPARE(scene.CurrentFrame(), 25);
+}
+
+void tst_KeyGestureDrag::copiesWhatIsSelectedNotWhatIsPressed()
+{
+    MouseScene scene(kDragKeys);
+    scene.fixture.host.editAnswer = 0;
+    scene.AddKeys({10, 20});
+    scene.Select(scene.row, 0);
+    scene.Press(20, Qt::ControlModifier);
+    scene.MoveTo(25);
+    QCOMPARE(FramesOfKeys(scene), (Indexes{10, 15, 20}));
+    QCOMPARE(scene.Selection(), Indexes{1});
+    scene.Release();
+    QCOMPARE(scene.TakeCalls(),
+             QStringList({"same body row", "frame 20 false", "frame 20 true", "edit 13 [row] 0 0",
+                          "edit 14 [row] 0 0", "frame 25 false", "frame 25 true"}));
+}
+
+void tst_KeyGestureDrag::copiesNothingWhenNothingIsSelected()
+{
+    MouseScene scene(kDragKeys);
+    scene.fixture.host.editAnswer = 0;
+    scene.AddKeys({10, 20});
+    MessageSpy spy(scene.row);
+    scene.Press(20, Qt::ControlModifier);
+    spy.TakeMessages();
+    scene.MoveTo(25);
+    scene.Release();
+    QCOMPARE(spy.TakeMessages(),
+             QStringList({"1112 (0, 0, 0, 0)", "1113 (0, 0, 5, 0)", "1114 (0, 0, 0, 0)",
+                          "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
+    QCOMPARE(FramesOfKeys(scene), (Indexes{10, 20}));
+    QCOMPARE(scene.Selection(), Indexes{});
+}
+
+void tst_KeyGestureDrag::escapeStopsNothing()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({20});
+    scene.Press(20);
+    scene.MoveTo(23);
+    scene.TakeCalls();
+    QTest::keyClick(scene.fixture.mainWindow.windowHandle(), Qt::Key_Escape);
+    QCOMPARE(scene.TakeCalls(), QStringList());
+    scene.MoveTo(25);
+    QCOMPARE(scene.TakeCalls(), QStringList({"edit 2 [row] 2 0"}));
+    QCOMPARE(scene.Key(0).frame, 25);
 }
 
 void tst_KeyGestureDrag::decidesBetweenMoveAndCopyWhenItStarts()

@@ -4,9 +4,13 @@
 #include "support/PaintCounter.h"
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTimer>
+
+#include <iterator>
+#include <memory>
 
 using namespace KestovaTest;
 
@@ -90,44 +94,72 @@ public:
     {
         fixture.mainWindow.setCentralWidget(outside);
         fixture.Settle();
+        Restart();
+    }
+
+    /// As it was at first, whatever was played in it, as long as the host has taken nothing away.
+    void Restart()
+    {
+        fixture.host.reaction = nullptr;
+        row->EndGesture();
+        row->unsetCursor();
+        pointer.LoseButtons();
+        pointer.modifiers = Qt::NoModifier;
+        Keys().RemoveAll();
         AddKeys({20});
         row->SetRange(2, 6);
+        fixture.Container()->setFocus();
+        fixture.Settle();
+        SetCurrentFrame(0);
         ResetAxis(kFrames, kPixelsPerFrame, 0, 0);
         fixture.ForgetCalls();
     }
 
-    void Begin(Gesture gesture)
+    void BeginPress(Gesture gesture)
     {
         switch (gesture) {
         case PressedKey:
-            Press(20);
-            return;
-        case PressedKeyWithCtrl:
-            Press(20, Qt::ControlModifier);
-            return;
         case KeyDrag:
             Press(20);
-            MoveTo(30);
             return;
         case CopyDrag:
             Select(row, 0);
             Press(20, Qt::ControlModifier);
-            MoveTo(30);
+            return;
+        case PressedKeyWithCtrl:
+            Press(20, Qt::ControlModifier);
             return;
         case RubberBand:
             Press(15);
-            MoveTo(30);
             return;
         case MarkerDrag:
             pointer.modifiers = Qt::NoModifier;
             pointer.Press(row, Spot(68));
-            MoveTo(30);
             return;
         }
+    }
+    void Begin(Gesture gesture)
+    {
+        BeginPress(gesture);
+        if (gesture != PressedKey && gesture != PressedKeyWithCtrl)
+            MoveTo(30);
     }
 
     QLineEdit* outside; ///< something beside the timeline that can have the focus
 };
+
+/// One scene for all stories after which the row is still where it was: to make a timeline takes
+/// longer than to play in it.
+std::unique_ptr<LostScene> sharedScene;
+
+LostScene& SharedScene()
+{
+    if (sharedScene)
+        sharedScene->Restart();
+    else
+        sharedScene = std::make_unique<LostScene>();
+    return *sharedScene;
+}
 
 /// The gesture is over: moves say nothing, and the next click is a click.
 void CheckThatTheNextPressStartsClean(LostScene& scene)
@@ -145,6 +177,18 @@ void CheckThatTheNextPressStartsClean(LostScene& scene)
                                              "frame 10 false", "frame 10 true"}));
     QCOMPARE(scene.Key(0).frame, 10);
     QCOMPARE(scene.Selection(), Indexes{0});
+}
+
+void CheckThatNothingRuns(LostScene& scene)
+{
+    QTest::qWait(100);
+    PaintCounter counter(*scene.fixture.Container());
+    QTest::qWait(200);
+    QCOMPARE(counter.paints, 0);
+    QList<QObject*> objects = scene.fixture.Container()->findChildren<QObject*>();
+    objects << scene.fixture.Container();
+    for (QObject* const object : qAsConst(objects))
+        QVERIFY(QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty());
 }
 
 void OpenAModalDialog(QWidget* parent)
@@ -168,6 +212,13 @@ void AddStories()
         QTest::newRow(kStories[i].name) << i;
 }
 
+/// The first callback of a story that no other story has in the same place: drags of keys begin
+/// as pressed keys do.
+int FirstOwnCallback(const Story& story)
+{
+    return story.gesture == KeyDrag || story.gesture == CopyDrag ? story.pressed : 0;
+}
+
 /// Each story up to each of its callbacks, of the whole gesture or of its press only.
 void AddCallbacks(bool pressOnly)
 {
@@ -176,7 +227,7 @@ void AddCallbacks(bool pressOnly)
     for (int i = 0; i < int(std::size(kStories)); ++i) {
         const Story& story = kStories[i];
         const QStringList all = story.begin.mid(0, pressOnly ? story.pressed : -1);
-        for (int callback = 0; callback < all.size(); ++callback) {
+        for (int callback = FirstOwnCallback(story); callback < all.size(); ++callback) {
             const QString name = QStringLiteral("%1, in \"%2\", callback %3")
                                      .arg(story.name, all[callback])
                                      .arg(callback + 1);
@@ -241,6 +292,8 @@ class tst_KeyGestureLost : public QObject
     Q_OBJECT
 
 private slots:
+    void cleanupTestCase() { sharedScene.reset(); }
+
     void eachStoryEndsWithItsRelease_data() { AddStories(); }
     void eachStoryEndsWithItsRelease();
 
@@ -251,6 +304,9 @@ private slots:
     void endsWhenAnotherButtonGoesDown();
     void endsWhenTheFocusGoes_data() { AddStories(); }
     void endsWhenTheFocusGoes();
+    void endsWhenTheWindowIsDeactivated_data() { AddStories(); }
+    void endsWhenTheWindowIsDeactivated();
+    void endsWithTheModifiersThatItSawLast();
     void endsWhenTheRowIsHidden_data() { AddStories(); }
     void endsWhenTheRowIsHidden();
     void endsWhenADialogOpens_data() { AddStories(); }
@@ -276,13 +332,23 @@ private slots:
     void aRowThatWasTakenOutEndsItsGestureInSilence_data() { AddStories(); }
     void aRowThatWasTakenOutEndsItsGestureInSilence();
 
+    void neitherPaintsNorTimersRunWhileTheButtonIsHeldStill_data() { AddStories(); }
+    void neitherPaintsNorTimersRunWhileTheButtonIsHeldStill();
     void neitherPaintsNorTimersRunAfterwards_data() { AddStories(); }
     void neitherPaintsNorTimersRunAfterwards();
 };
 
-#define FETCH_STORY()                                                                              \
+#define FETCH_TOLD()                                                                               \
     QFETCH(const int, story);                                                                      \
-    const Story& told = kStories[story];                                                           \
+    const Story& told = kStories[story]
+
+#define FETCH_STORY()                                                                              \
+    FETCH_TOLD();                                                                                  \
+    LostScene& scene = SharedScene()
+
+/// For those after which nobody can play in the scene any more.
+#define FETCH_STORY_OF_ITS_OWN()                                                                   \
+    FETCH_TOLD();                                                                                  \
     LostScene scene
 
 #define BEGIN_STORY()                                                                              \
@@ -313,7 +379,7 @@ void tst_KeyGestureLost::endsWhenTheButtonIsLostOutside()
 /// The first move that finds the button up is where it ends.
 void tst_KeyGestureLost::endsWhereThePointerComesBack()
 {
-    LostScene scene;
+    LostScene& scene = SharedScene();
     scene.Begin(KeyDrag);
     scene.TakeCalls();
     scene.pointer.LoseButtons();
@@ -346,6 +412,44 @@ void tst_KeyGestureLost::endsWhenTheFocusGoes()
     QCOMPARE(scene.TakeCalls(), told.end);
     QCOMPARE(scene.Range(), told.range);
     CheckThatTheNextPressStartsClean(scene);
+}
+
+/// The focus goes to no widget at all.
+void tst_KeyGestureLost::endsWhenTheWindowIsDeactivated()
+{
+    FETCH_STORY();
+    BEGIN_STORY();
+    QApplication::setActiveWindow(nullptr);
+    QVERIFY(!QApplication::focusWidget());
+    QCOMPARE(scene.TakeCalls(), QStringList()); // never from inside the change of focus
+    scene.fixture.Settle();
+    QCOMPARE(scene.TakeCalls(), told.end);
+    QCOMPARE(scene.Range(), told.range);
+    QApplication::setActiveWindow(&scene.fixture.mainWindow);
+    CheckThatTheNextPressStartsClean(scene);
+}
+
+/// Keys of the keyboard are not watched, and once the focus is gone nobody could.
+void tst_KeyGestureLost::endsWithTheModifiersThatItSawLast()
+{
+    LostScene& scene = SharedScene();
+    scene.Begin(PressedKeyWithCtrl);
+    scene.TakeCalls();
+    scene.pointer.modifiers = Qt::NoModifier; // let go without a move
+    scene.outside->setFocus();
+    scene.fixture.Settle();
+    QCOMPARE(scene.TakeCalls(), QStringList({"changed"}));
+    QCOMPARE(scene.Selection(), Indexes{0});
+
+    scene.Restart();
+    scene.Begin(PressedKeyWithCtrl);
+    scene.TakeCalls();
+    scene.pointer.modifiers = Qt::NoModifier;
+    scene.pointer.MoveTo(scene.row, Nudged(scene, PressedKeyWithCtrl));
+    scene.outside->setFocus();
+    scene.fixture.Settle();
+    QCOMPARE(scene.TakeCalls(), QStringList());
+    QCOMPARE(scene.Selection(), Indexes{});
 }
 
 void tst_KeyGestureLost::endsWhenTheRowIsHidden()
@@ -448,15 +552,22 @@ void tst_KeyGestureLost::aReleaseInsideThePressLeavesNothingBehind()
     QFETCH(const int, callback);
     FETCH_STORY();
     InCallback(scene, callback, [&] { scene.Release(); });
-    if (told.gesture == PressedKeyWithCtrl || told.gesture == CopyDrag)
-        scene.Press(20, Qt::ControlModifier);
-    else if (told.gesture == RubberBand)
-        scene.Press(15);
-    else if (told.gesture == MarkerDrag)
-        scene.pointer.Press(scene.row, scene.Spot(68));
-    else
-        scene.Press(20);
-    scene.TakeCalls();
+    scene.BeginPress(told.gesture);
+
+    // A press whose release came before it has taken hold of something only sets the frame.
+    const int frames = told.pressed - 2; // where the callbacks of the current frame begin
+    QStringList expected = told.begin.mid(0, callback + 1);
+    if (callback >= frames)
+        expected += told.endOfPress;
+    const int next = qMax(callback + 1, frames);
+    expected += told.begin.mid(next, told.pressed - next);
+    QCOMPARE(scene.TakeCalls(), expected);
+
+    const bool isKey = told.gesture == PressedKey || told.gesture == PressedKeyWithCtrl;
+    QCOMPARE(scene.Selection(), isKey && expected.contains("changed") ? Indexes{0} : Indexes{});
+    QCOMPARE(scene.CurrentFrame(), isKey ? 20 : told.gesture == RubberBand ? 15 : 6);
+    QVERIFY(!scene.row->hasFocus());
+    QVERIFY(!scene.row->testAttribute(Qt::WA_SetCursor));
     CheckThatTheNextPressStartsClean(scene);
 }
 
@@ -466,7 +577,8 @@ void tst_KeyGestureLost::nothingFollowsFromARowThatTheHostTakesAway_data()
     QTest::addColumn<int>("callback");
     QTest::addColumn<int>("deed");
     for (int i = 0; i < int(std::size(kStories)); ++i) {
-        for (int callback = 0; callback < kStories[i].begin.size(); ++callback) {
+        for (int callback = FirstOwnCallback(kStories[i]); callback < kStories[i].begin.size();
+             ++callback) {
             // Each deed in some callback of each story.
             const int deed = (i + callback) % int(std::size(kDeedNames));
             const QString name = QStringLiteral("%1, in callback %2: %3")
@@ -482,7 +594,7 @@ void tst_KeyGestureLost::nothingFollowsFromARowThatTheHostTakesAway()
 {
     QFETCH(const int, callback);
     QFETCH(const int, deed);
-    FETCH_STORY();
+    FETCH_STORY_OF_ITS_OWN();
     InCallback(scene, callback, [&] { Do(Deed(deed), scene); });
     scene.Begin(told.gesture);
     QCOMPARE(scene.TakeCalls(), told.begin.mid(0, callback + 1));
@@ -496,15 +608,16 @@ void tst_KeyGestureLost::nothingFollowsWhenItIsTakenAwayAtTheEnd_data()
     QTest::addColumn<int>("story");
     QTest::addColumn<int>("callback");
     QTest::addColumn<int>("deed");
+    std::size_t rows = 0;
     for (int i = 0; i < int(std::size(kStories)); ++i) {
         for (int callback = 0; callback < kStories[i].end.size(); ++callback) {
-            for (const int deed : {DeleteTheRow, HideTheRoot, DeleteTheDock}) {
-                const QString name = QStringLiteral("%1, in callback %2: %3")
-                                         .arg(kStories[i].name)
-                                         .arg(callback + 1)
-                                         .arg(kDeedNames[deed]);
-                QTest::newRow(qPrintable(name)) << i << callback << deed;
-            }
+            constexpr Deed kDeeds[] = {DeleteTheRow, HideTheRoot, DeleteTheDock};
+            const Deed deed = kDeeds[rows++ % std::size(kDeeds)];
+            const QString name = QStringLiteral("%1, in callback %2: %3")
+                                     .arg(kStories[i].name)
+                                     .arg(callback + 1)
+                                     .arg(kDeedNames[deed]);
+            QTest::newRow(qPrintable(name)) << i << callback << int(deed);
         }
     }
 }
@@ -513,7 +626,7 @@ void tst_KeyGestureLost::nothingFollowsWhenItIsTakenAwayAtTheEnd()
 {
     QFETCH(const int, callback);
     QFETCH(const int, deed);
-    FETCH_STORY();
+    FETCH_STORY_OF_ITS_OWN();
     BEGIN_STORY();
     InCallback(scene, callback, [&] { Do(Deed(deed), scene); });
     scene.Release();
@@ -523,7 +636,7 @@ void tst_KeyGestureLost::nothingFollowsWhenItIsTakenAwayAtTheEnd()
 
 void tst_KeyGestureLost::aRowThatWasTakenOutEndsItsGestureInSilence()
 {
-    FETCH_STORY();
+    FETCH_STORY_OF_ITS_OWN();
     BEGIN_STORY();
     const int currentFrame = scene.CurrentFrame();
     scene.fixture.manager->HideChildTrack(scene.row, true);
@@ -539,19 +652,20 @@ void tst_KeyGestureLost::aRowThatWasTakenOutEndsItsGestureInSilence()
     CheckThatTheNextPressStartsClean(scene);
 }
 
+void tst_KeyGestureLost::neitherPaintsNorTimersRunWhileTheButtonIsHeldStill()
+{
+    FETCH_STORY();
+    BEGIN_STORY();
+    CheckThatNothingRuns(scene);
+    QCOMPARE(scene.TakeCalls(), QStringList());
+}
+
 void tst_KeyGestureLost::neitherPaintsNorTimersRunAfterwards()
 {
     FETCH_STORY();
     BEGIN_STORY();
     scene.Release();
-    QTest::qWait(100);
-    PaintCounter counter(*scene.fixture.Container());
-    QTest::qWait(300);
-    QCOMPARE(counter.paints, 0);
-    QList<QObject*> objects = scene.fixture.Container()->findChildren<QObject*>();
-    objects << scene.fixture.Container();
-    for (QObject* const object : qAsConst(objects))
-        QVERIFY(QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty());
+    CheckThatNothingRuns(scene);
 }
 
 QTEST_MAIN(tst_KeyGestureLost)

@@ -47,6 +47,7 @@ private slots:
     void selectsNothingOnRowsWhoseSubKeysAreEdited();
     void keepsTheRangeInTheTimeline();
     void showsTheResizeCursorWhileItIsDragged();
+    void leavesNoResizeCursorWhereTheButtonWasLost();
     void leavesNoRangeWhenTheModeWasTakenAwayMeanwhile();
     void showsNoCursorWhenTheHostTookTheRowAway();
     void showsNoCursorWhenTheReleaseCameInsideThePress();
@@ -231,6 +232,20 @@ void tst_KeyGestureMarker::showsTheResizeCursorWhileItIsDragged()
     scene.Release();
     scene.MoveTo(40); // beside the markers
     QVERIFY(!scene.row->testAttribute(Qt::WA_SetCursor));
+}
+
+void tst_KeyGestureMarker::leavesNoResizeCursorWhereTheButtonWasLost()
+{
+    MarkerScene scene;
+    scene.pointer.Press(scene.row, scene.OnEndMarker(20));
+    scene.MoveTo(30);
+    scene.pointer.LoseButtons();
+    QPoint below = scene.At(40);
+    below.setY(scene.row->GetRowHeight() - 1);
+    scene.pointer.MoveTo(scene.row, below);
+    QCOMPARE(scene.Range(), FrameRange(10, 40));
+    QCOMPARE(scene.row->HitTestRangeMarker(below), -1);
+    QVERIFY(!scene.HasResizeCursor());
 }
 
 void tst_KeyGestureMarker::leavesNoRangeWhenTheModeWasTakenAwayMeanwhile()

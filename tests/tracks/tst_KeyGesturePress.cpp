@@ -22,6 +22,8 @@ private slots:
     void deselectsASelectedKeyWithCtrlAtTheReleaseNotAtThePress();
     void selectsOneMoreKeyWithCtrlAtTheRelease();
     void togglesWhatIsUnderThePointerAtTheRelease();
+    void togglesWithCtrlPressedOnlyAfterThePress();
+    void togglesNothingWhenCtrlIsLetGoBeforeTheRelease();
     void togglesNothingBesideKeys();
     void togglesNothingWithoutTheModeForDraggingKeys();
     void clearsTheTimeRangeWhenAKeyIsArmed();
@@ -223,6 +225,32 @@ void tst_KeyGesturePress::togglesWhatIsUnderThePointerAtTheRelease()
     scene.Keys().RemoveAt(1);
     scene.Release();
     QCOMPARE(scene.TakeCalls(), QStringList({"changed", "frame 20 false", "frame 20 true"}));
+    QCOMPARE(scene.Selection(), Indexes{0});
+}
+
+void tst_KeyGesturePress::togglesWithCtrlPressedOnlyAfterThePress()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({10, 20});
+    scene.Press(20);
+    QCOMPARE(scene.Selection(), Indexes{1});
+    scene.TakeCalls();
+    scene.pointer.modifiers = Qt::ControlModifier;
+    scene.Release();
+    QCOMPARE(scene.TakeCalls(), QStringList({"changed"}));
+    QCOMPARE(scene.Selection(), Indexes{});
+}
+
+void tst_KeyGesturePress::togglesNothingWhenCtrlIsLetGoBeforeTheRelease()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({10, 20});
+    scene.Select(scene.row, 0);
+    scene.Press(20, Qt::ControlModifier);
+    scene.TakeCalls();
+    scene.pointer.modifiers = Qt::NoModifier;
+    scene.Release();
+    QCOMPARE(scene.TakeCalls(), QStringList());
     QCOMPARE(scene.Selection(), Indexes{0});
 }
 
@@ -443,12 +471,15 @@ void tst_KeyGesturePress::selectsNothingWhenTheHostTookTheKeyAway()
 {
     MouseScene scene(kDragKeys);
     scene.AddKeys({20, 30});
+    ResetAxis(MouseScene::kFrames, 4, 0, 0);
+    const QPoint beside = scene.Spot(20 * 4 - 1); // on its glyph, in the frame before
+    QCOMPARE(scene.row->HitTestKey(beside), 0);
     scene.When("cleared", [&] { scene.Keys().RemoveAt(0); });
-    scene.Press(20);
+    scene.pointer.Press(scene.row, beside);
     QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "cleared", "changed",
-                                             "frame 20 false", "frame 20 true"}));
+                                             "frame 19 false", "frame 19 true"}));
     QCOMPARE(scene.Selection(), Indexes{});
-    scene.MoveTo(25); // nothing was taken hold of
+    scene.pointer.MoveTo(scene.row, scene.Spot(25 * 4)); // nothing was taken hold of
     QCOMPARE(scene.TakeCalls(), QStringList());
 }
 

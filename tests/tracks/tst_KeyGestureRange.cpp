@@ -6,6 +6,14 @@ using namespace KestovaTest;
 
 // The rubber band that selects a time range and the keys in it.
 
+namespace {
+
+class Group : public CReltedGroupBase
+{
+};
+
+} // namespace
+
 class tst_KeyGestureRange : public QObject
 {
     Q_OBJECT
@@ -28,6 +36,7 @@ private slots:
     void leavesNoRangeBehindWithoutItsMode();
     void keepsTheRangeWithItsMode();
     void selectsOnceMoreAtTheReleaseAndReportsOnlyTheFrame();
+    void aGroupInTheBandSurvivesTheRelease();
     void movesTheCurrentFrameAtBothEndsOnly();
     void takesTheFocusSoThatTheRowHasIt();
     void aPressOnAKeyTakesNoFocus();
@@ -96,7 +105,7 @@ void tst_KeyGestureRange::followsThePointerBackOverThePress()
     QCOMPARE(FrameRange(lo, hi), FrameRange(18, 25));
 }
 
-/// Zoomed out, a key's frame can be pressed beside its glyph.
+/// In a key's cell, but above its glyph.
 void tst_KeyGestureRange::selectsTheKeysOfThePressedFrameAtOnce()
 {
     MouseScene scene(kDragKeys);
@@ -213,8 +222,9 @@ void tst_KeyGestureRange::asksForCtrlAtEachStep()
     scene.MoveTo(8);
     QCOMPARE(scene.Selection(), (Indexes{0, 1}));
     scene.pointer.modifiers = Qt::NoModifier;
-    scene.Release();
-    QCOMPARE(scene.Selection(), Indexes{0});
+    scene.Release(); // which clears nothing, with Ctrl or without
+    QCOMPARE(scene.Selection(), (Indexes{0, 1}));
+    QCOMPARE(scene.Range(), kNoRange);
 }
 
 void tst_KeyGestureRange::passesOverLockedKeys()
@@ -287,7 +297,23 @@ void tst_KeyGestureRange::selectsOnceMoreAtTheReleaseAndReportsOnlyTheFrame()
     scene.TakeCalls();
     scene.Release();
     QCOMPARE(scene.TakeCalls(), QStringList({"frame 25 false", "frame 25 true"}));
-    QCOMPARE(scene.Selection(), (Indexes{0, 1}));
+    QCOMPARE(scene.Selection(), (Indexes{0, 1, 2})); // in addition to what is selected
+}
+
+void tst_KeyGestureRange::aGroupInTheBandSurvivesTheRelease()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({10, 20, 40});
+    const VZ::CPointer<CReltedGroupBase> group(new Group);
+    scene.Key(1).group = group;
+    scene.Key(2).group = group;
+    scene.Press(15);
+    scene.MoveTo(25);
+    QCOMPARE(scene.Selection(), (Indexes{1, 2})); // the key at 40 follows the one at 20
+    scene.TakeCalls();
+    scene.Release();
+    QCOMPARE(scene.TakeCalls(), QStringList({"frame 25 false", "frame 25 true"}));
+    QCOMPARE(scene.Selection(), (Indexes{1, 2}));
 }
 
 void tst_KeyGestureRange::movesTheCurrentFrameAtBothEndsOnly()

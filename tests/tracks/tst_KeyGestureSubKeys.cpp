@@ -34,10 +34,6 @@ public:
     {
         SubKeys(clip).SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
     }
-    /// Above the glyphs of the sub-keys, but on the clip.
-    QPoint OnClip(int frame) const { return At(frame); }
-
-private:
     void AddClip(int frame, std::initializer_list<int> subFrames)
     {
         VZ::CPointer<CTimelineKey> clip(new CTimelineKey);
@@ -68,6 +64,7 @@ private slots:
     void selectsThePressedSubKeyAndItsClip();
     void reportsEachStepOfAClickToTheOwner();
     void deselectsTheOtherClipsAndTheirSubKeys();
+    void deselectsAClipThatWasLockedAfterwards();
     void clearsSubKeysOfUnselectedClipsToo();
     void keepsTheSubKeysThatClipsShare();
     void leavesASelectedSubKeySelectedWithTheOthers();
@@ -75,7 +72,7 @@ private slots:
     void leavesTheSubSelectionAloneAtAPressWithCtrl();
     void togglesTheSubKeyWithCtrlAtTheRelease();
     void togglesNothingBesideSubKeys();
-    void aPressOnThatNeedsNoTimelineBeyondTheClip();
+    void aPressBehindTheTimelineSelectsTheSubKeyAndGoesToTheLastFrame();
 
     void selectsSubKeysByARangeInsideTheClip();
     void reportsEachStepOfARangeToTheOwner();
@@ -86,8 +83,11 @@ private slots:
     void extendsFromTheCurrentFrameWithShift();
     void shiftOnASubKeyBeginsARange();
     void addsToTheSubSelectionWithCtrl();
+    void addsFromTheCurrentFrameWithShiftAndCtrl();
     void neverSelectsTheSubKeysOfOtherClips();
     void selectsNothingMoreWhenTheClipWasTakenAway();
+    void selectsNothingInAClipThatStandsInItsPlace();
+    void staysInItsClipWhenTheHostAddsKeysInFront();
 
     void movesThePressedSubKey();
     void copiesThePressedSubKey();
@@ -183,6 +183,16 @@ void tst_KeyGestureSubKeys::deselectsTheOtherClipsAndTheirSubKeys()
     QCOMPARE(scene.SubSelection(SubKeyScene::SecondClip), Indexes{});
 }
 
+void tst_KeyGestureSubKeys::deselectsAClipThatWasLockedAfterwards()
+{
+    SubKeyScene scene;
+    scene.Select(scene.row, SubKeyScene::SecondClip);
+    scene.Key(SubKeyScene::SecondClip).lockState = TL_KEY_LOCKED;
+    scene.Click(9);
+    QCOMPARE(scene.Selection(), Indexes{SubKeyScene::FirstClip});
+    QVERIFY(!scene.Key(SubKeyScene::SecondClip).selected);
+}
+
 void tst_KeyGestureSubKeys::clearsSubKeysOfUnselectedClipsToo()
 {
     SubKeyScene scene;
@@ -270,7 +280,7 @@ void tst_KeyGestureSubKeys::togglesNothingBesideSubKeys()
     QCOMPARE(scene.Selection(), Indexes{SubKeyScene::FirstClip});
 }
 
-void tst_KeyGestureSubKeys::aPressOnThatNeedsNoTimelineBeyondTheClip()
+void tst_KeyGestureSubKeys::aPressBehindTheTimelineSelectsTheSubKeyAndGoesToTheLastFrame()
 {
     SubKeyScene scene;
     TimelineLibrary::Instance().axis.frameCount = 8;
@@ -408,6 +418,21 @@ void tst_KeyGestureSubKeys::addsToTheSubSelectionWithCtrl()
     QCOMPARE(scene.SubSelection(SubKeyScene::FirstClip), (Indexes{0, 2}));
 }
 
+void tst_KeyGestureSubKeys::addsFromTheCurrentFrameWithShiftAndCtrl()
+{
+    SubKeyScene scene;
+    scene.Select(scene.row, SubKeyScene::FirstClip);
+    scene.SelectSubKey(SubKeyScene::FirstClip, 2);
+    scene.SetCurrentFrame(8);
+    scene.Press(11, Qt::ShiftModifier | Qt::ControlModifier);
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "cleared", "changed", "changed",
+                                             "frame 11 false", "frame 11 true"}));
+    QCOMPARE(scene.Range(), FrameRange(8, 11));
+    QCOMPARE(scene.SubSelection(SubKeyScene::FirstClip), (Indexes{1, 2}));
+    scene.MoveTo(6);
+    QCOMPARE(scene.SubSelection(SubKeyScene::FirstClip), (Indexes{0, 1, 2}));
+}
+
 void tst_KeyGestureSubKeys::neverSelectsTheSubKeysOfOtherClips()
 {
     SubKeyScene scene;
@@ -431,6 +456,32 @@ void tst_KeyGestureSubKeys::selectsNothingMoreWhenTheClipWasTakenAway()
     QCOMPARE(scene.TakeCalls(), QStringList({"changed", "frame 36 false", "frame 36 true"}));
     QCOMPARE(scene.Selection(), Indexes{});
     QCOMPARE(scene.Range(), FrameRange(34, 36));
+}
+
+void tst_KeyGestureSubKeys::selectsNothingInAClipThatStandsInItsPlace()
+{
+    SubKeyScene scene;
+    scene.Press(34);
+    scene.Keys().RemoveAt(SubKeyScene::SecondClip);
+    scene.AddClip(30, {2, 6});
+    scene.MoveTo(45);
+    scene.Release();
+    QCOMPARE(scene.SubSelection(SubKeyScene::SecondClip), Indexes{});
+    QCOMPARE(scene.Range(), FrameRange(34, 45)); // no clip limits it
+}
+
+void tst_KeyGestureSubKeys::staysInItsClipWhenTheHostAddsKeysInFront()
+{
+    SubKeyScene scene;
+    scene.Press(34);
+    scene.AddKeys({1, 2}); // the first clip now stands where the second one stood
+    scene.MoveTo(45);
+    QCOMPARE(scene.Range(), FrameRange(34, 41));
+    scene.MoveTo(31);
+    scene.Release();
+    QCOMPARE(scene.Range(), FrameRange(34, 31));
+    QCOMPARE(scene.Key(4).subKeys->SelectedIndexes(), Indexes{0});
+    QCOMPARE(scene.Key(2).subKeys->SelectedIndexes(), Indexes{});
 }
 
 void tst_KeyGestureSubKeys::movesThePressedSubKey()

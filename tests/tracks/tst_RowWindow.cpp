@@ -225,6 +225,21 @@ QByteArray Difference(const QImage& got, const QImage& wanted, unsigned int seed
     return QStringLiteral("seed %1, see %2got.png and %2wanted.png").arg(seed).arg(stem).toUtf8();
 }
 
+/// The index of the last sub-key in the clip's drawn length that is hit; -1 without one.
+int LastSubKeyHit(const KeyHitTest& hitTest, const CTimelineKey& clip, QPoint point)
+{
+    int last = -1;
+    int index = 0;
+    for (const auto& subKey : clip.subKeys->Keys()) {
+        const long long frame = 1LL * clip.frame + subKey->frame;
+        if (subKey->frame <= clip.displayLength &&
+            hitTest.Hits(*subKey, frame, point, KeyHitTest::kMargin))
+            last = index;
+        ++index;
+    }
+    return last;
+}
+
 } // namespace
 
 class tst_RowWindow : public QObject
@@ -372,6 +387,29 @@ private slots:
                          hitTest.FindKey(row->Keys(), KeyFacts(), point));
             }
         }
+    }
+
+    void subKeysUnderThePointerAreTheLastThatAreHit_data() { AddKinds(); }
+    void subKeysUnderThePointerAreTheLastThatAreHit()
+    {
+        QFETCH(int, type);
+        int found = 0;
+        for (unsigned int seed = 1; seed <= kRows; ++seed) {
+            Random random(seed);
+            CTimelineTrackBase* const row = RandomRow(random, type);
+            const KeyHitTest hitTest(SceneAxis(), type, row->GetStyle(), row->GetRowHeight());
+            for (const auto& clip : row->Keys().Keys()) {
+                if (!clip->subKeys)
+                    continue;
+                for (int x = -20; x < kSize.width() + 20; x += 3) {
+                    const QPoint point(x, random.Below(kHeight));
+                    const int hit = hitTest.FindSubKey(*clip, point);
+                    QCOMPARE(hit, LastSubKeyHit(hitTest, *clip, point));
+                    found += hit >= 0 ? 1 : 0;
+                }
+            }
+        }
+        QVERIFY(found > 0);
     }
 
     void handlesUnderThePointerAreTheSameWhenSearched()

@@ -1,6 +1,7 @@
 #include "MessageSpy.h"
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
+#include "model/MessageCodes.h"
 #include "support/HostFixture.h"
 #include "support/PaintCounter.h"
 #include "support/Pointer.h"
@@ -137,6 +138,8 @@ private slots:
     void endsWhenTheWindowIsHidden();
     void endsWhenACallbackOpensAModalDialog();
     void endsAMarkerWhenACallbackOpensAModalDialog();
+    void endsWhenADialogOpensInTheReportOfThePress();
+    void grabsNothingWhenTheButtonGoesUpInTheReportOfThePress();
 
     void followsAHostThatSnapsTheFrame();
     void followsAHostThatMovesTheMarkers();
@@ -588,6 +591,38 @@ void tst_RulerGesture::endsAMarkerWhenACallbackOpensAModalDialog()
     QCOMPARE(Calls(), (QStringList{"mark 0 20 false", "mark 0 20 true"}));
     Release();
     QCOMPARE(Calls(), QStringList());
+    VerifyStartsClean();
+}
+
+void tst_RulerGesture::endsWhenADialogOpensInTheReportOfThePress()
+{
+    MessageSpy spy(Ruler());
+    spy.reaction = [&](int code) {
+        if (code != kTrackPressed)
+            return;
+        QDialog dialog(&m_fixture->mainWindow);
+        QTimer::singleShot(0, &dialog, &QDialog::reject);
+        dialog.exec();
+    };
+    Press(Cell(10));
+    spy.reaction = nullptr;
+    QCOMPARE(Calls(), (QStringList{"frame 10 false", "frame 10 true"}));
+    MoveTo(Cell(14));
+    Release();
+    QCOMPARE(Calls(), QStringList());
+    VerifyStartsClean();
+}
+
+void tst_RulerGesture::grabsNothingWhenTheButtonGoesUpInTheReportOfThePress()
+{
+    MessageSpy spy(Ruler());
+    spy.reaction = [&](int code) {
+        if (code == kTrackPressed)
+            Release();
+    };
+    Press(Cell(10));
+    spy.reaction = nullptr;
+    QCOMPARE(spy.TakeMessages(), QStringList({"1108 (0, 0, 0, 0)"}));
     VerifyStartsClean();
 }
 

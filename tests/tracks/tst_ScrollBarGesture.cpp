@@ -1,6 +1,7 @@
 #include "MessageSpy.h"
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
+#include "model/MessageCodes.h"
 #include "support/HostFixture.h"
 #include "support/PaintCounter.h"
 #include "support/Pointer.h"
@@ -10,6 +11,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QtTest>
 
 #include <cmath>
@@ -137,6 +139,8 @@ private slots:
     void endsWhenTheFocusGoesElsewhere();
     void endsWhenItIsHidden();
     void endsWhenAModalDialogOpens();
+    void endsWhenADialogOpensInTheReportOfThePress();
+    void grabsNothingWhenTheButtonGoesUpInTheReportOfThePress();
     void survivesTheEndOfItsWindowDuringADrag();
 };
 
@@ -555,6 +559,37 @@ void tst_ScrollBarGesture::endsWhenAModalDialogOpens()
     QVERIFY(!ShowsResizeCursor());
     m_fixture->Settle();
     Release();
+    VerifyStartsClean();
+}
+
+void tst_ScrollBarGesture::endsWhenADialogOpensInTheReportOfThePress()
+{
+    m_spy->reaction = [this](int code) {
+        if (code != kTrackPressed)
+            return;
+        QDialog dialog(&m_fixture->mainWindow);
+        QTimer::singleShot(0, &dialog, &QDialog::reject);
+        dialog.exec();
+    };
+    Press(L());
+    m_spy->reaction = nullptr;
+    QVERIFY(!ShowsResizeCursor());
+    MoveTo(L() + 50); // the button is still down
+    QCOMPARE(Messages(), QStringList(kPressed));
+    Release();
+    VerifyStartsClean();
+}
+
+void tst_ScrollBarGesture::grabsNothingWhenTheButtonGoesUpInTheReportOfThePress()
+{
+    m_spy->reaction = [this](int code) {
+        if (code == kTrackPressed)
+            Release();
+    };
+    Press(L());
+    m_spy->reaction = nullptr;
+    QVERIFY(!ShowsResizeCursor());
+    QCOMPARE(Messages(), QStringList(kPressed));
     VerifyStartsClean();
 }
 

@@ -13,7 +13,9 @@ class QWidget;
 /// may lose its pointer without a release: the focus leaves the timeline, the widget is hidden, or
 /// a modal dialog opens in front of it. The watch then has it finished: at once when no handler of
 /// the widget is running, or else as soon as the outermost one returns, so that host code is never
-/// called from inside Qt's own hiding and focusing. A member of the widget. GUI thread only.
+/// called from inside Qt's own hiding and focusing. While host code runs a dialog from one of the
+/// widget's own handlers, the gesture thus ends only when that handler returns. A member of the
+/// widget. GUI thread only.
 class OpenGesture : public QObject
 {
     Q_OBJECT
@@ -21,8 +23,10 @@ public:
     /// @p finish ends the gesture as a release at the pointer's last place would, and calls End.
     OpenGesture(QWidget& widget, std::function<void()> finish);
 
-    void Begin(); ///< a gesture is under way from now on
-    void End();   ///< it is over
+    /// A gesture is under way from now on. Does nothing while one is: one that was lost already
+    /// stays lost.
+    void Begin();
+    void End(); ///< it is over
     bool IsOn() const { return m_isOn; }
 
     /// Stands on the stack of every handler of the widget that may call the host.

@@ -127,6 +127,12 @@ public:
     /// Deselects every key, locked ones too, and clears the selections inside the sub-keys of the
     /// keys that were selected. Sub-keys of other keys are left alone.
     void ClearAllSelection();
+    /// Makes the key at @p index the only selected one. Deselects all others, locked ones too, and
+    /// clears the selections inside their sub-keys, whether they were selected or not; sub-keys
+    /// that a clip shares with the key at @p index are left alone. That key is selected unless it
+    /// is locked: then it stays as it is. With an @p index outside 0 to GetSize() - 1, none is left
+    /// selected.
+    void SelectOnly(int index);
     /// Puts @p keyIndex into the selection list, where it may stand already, and leaves the key's
     /// `selected` member as it is. @return its position.
     int SelAdd(int keyIndex);

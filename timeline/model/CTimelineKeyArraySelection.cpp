@@ -142,6 +142,26 @@ void CTimelineKeyArray::ClearAllSelection()
     }
 }
 
+void CTimelineKeyArray::SelectOnly(int index)
+{
+    const VZ::CPointer<CTimelineKey> chosen = IsKeyIndex(index) ? KeyAt(index) : nullptr;
+    // Emptied first, so that sub-keys that lead back to this array find nothing left to do.
+    m_selection.clear();
+    for (const auto& key : m_keys) {
+        if (key == chosen)
+            continue;
+        key->selected = false;
+        if (key->subKeys && !(chosen && key->subKeys == chosen->subKeys))
+            key->subKeys->ClearAllSelection();
+    }
+    if (!chosen)
+        return;
+    if (chosen->lockState != TL_KEY_LOCKED)
+        chosen->selected = true;
+    if (chosen->selected)
+        m_selection.push_back(index);
+}
+
 /// Takes the selection anew from the keys' `selected` members.
 void CTimelineKeyArray::RebuildSelection()
 {

@@ -187,12 +187,22 @@ void CTimelineTrackHScroll::Press(QPoint point)
 {
     const QPointer<CTimelineTrackHScroll> self(this);
     EndGesture();
+    // Watched from the start: what the host opens in the report takes the pointer away too.
+    Gesture().Begin();
     Send(kTrackPressed);
-    if (!self || !GetOwner())
+    if (!self)
+        return;
+    if (!GetOwner())
+        EndGesture();
+    // A release or another press may have run inside the report.
+    if (!Gesture().IsOn() || m_thumb.GetDragMode() != ScrollThumb::kNone)
         return;
     const ScrollThumb::DragMode mode = Thumb().HitTest(point.x(), point.y());
+    if (mode == ScrollThumb::kNone) {
+        EndGesture();
+        return;
+    }
     m_thumb.BeginDrag(mode, point.x());
-    Gesture().Begin();
     if (IsEdge(mode))
         setCursor(Qt::SizeHorCursor);
     if (!IsPage(mode))

@@ -117,9 +117,17 @@ void CTimelineTrackTick::Press(QPoint point)
 {
     const QPointer<CTimelineTrackTick> self(this);
     EndGesture();
-    if (self)
-        Send(kTrackPressed);
-    if (!self || !GetOwner())
+    if (!self)
+        return;
+    // Watched from the start: what the host opens in the report takes the pointer away too.
+    Gesture().Begin();
+    Send(kTrackPressed);
+    if (!self)
+        return;
+    if (!GetOwner())
+        Gesture().End();
+    // A release or another press may have run inside the report.
+    if (!Gesture().IsOn() || m_held.IsOn())
         return;
     const int marker = HitTestRangeMarker(point);
     if (marker == kNoMarker || HitTestCurrentFrame(point))
@@ -131,14 +139,12 @@ void CTimelineTrackTick::Press(QPoint point)
 void CTimelineTrackTick::GrabMarker(int marker)
 {
     m_held.HoldMarker(marker);
-    Gesture().Begin();
     SendMarker(kTrackTimeMarkMoved, marker);
 }
 
 void CTimelineTrackTick::GrabCurrentFrame(int x)
 {
     m_held.HoldCurrentFrame();
-    Gesture().Begin();
     MoveCurrentFrame(x);
 }
 
@@ -159,11 +165,11 @@ void CTimelineTrackTick::DragTo(int x)
 
 void CTimelineTrackTick::EndGesture()
 {
+    Gesture().End();
     if (!m_held.IsOn())
         return;
     const QPointer<CTimelineTrackTick> self(this);
     const RulerGesture held = std::exchange(m_held, {});
-    Gesture().End();
     clearFocus();
     if (!self)
         return;

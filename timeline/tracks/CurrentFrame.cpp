@@ -17,9 +17,15 @@ FrameAxis& Axis()
 
 bool ReportCurrentFrame(CTimelineTrackBase& track)
 {
+    TrackReport report(track);
+    return ReportCurrentFrame(report);
+}
+
+bool ReportCurrentFrame(TrackReport& report)
+{
     // The host may have taken frames away since the current one was written.
     WriteCurrentFrame(Axis().currentFrame);
-    return TrackReport(track).SendCurrentFrame();
+    return report.SendCurrentFrame();
 }
 
 int NearestFrame(long long frame)

@@ -6,7 +6,6 @@
 #include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/CurrentFrame.h"
-#include "tracks/KeyHit.h"
 #include "tracks/PressSelection.h"
 #include "tracks/RangeMarkers.h"
 #include "tracks/RangeSelection.h"
@@ -81,35 +80,34 @@ void KeyGesture::Press(QMouseEvent& event)
 
 void KeyGesture::PressRow(Pointer at)
 {
-    const unsigned int turn = ++m_turn;
+    ++m_turn;
+    TrackReport report(m_track, m_turn);
     if (IsFrameOnlyRow()) {
         WriteCurrentFrame(FrameAt(at.point));
-        ReportCurrentFrame(m_track);
+        ReportCurrentFrame(report);
         return;
     }
-    if (!TrackReport(m_track).Send(kTrackPressed) || turn != m_turn)
-        return;
-    if (PressMarker(at))
+    if (!report.Send(kTrackPressed) || PressMarker(at, report))
         return;
 
     const KeyHit hit(m_track, at.point);
     if (hit.EditsSubKeys()) {
         if (!hit.IsClipWithSubKeys()) {
-            PressBesideClips(at);
+            PressBesideClips(at, report);
             return;
         }
-        if (!SelectHitClip(m_track, hit) || turn != m_turn)
+        if (!SelectHitClip(m_track, hit, report))
             return;
     }
     if (!hit.Edited() || at.HasShift())
-        BeginRange(at, hit);
+        BeginRange(at, hit, report);
     else
-        PressKey(at, hit);
+        PressKey(at, hit, report);
 }
 
 /// Takes the marker under the pointer, if there is one: the end it stands for becomes the range's
 /// end, which the pointer drags. @return whether there was one.
-bool KeyGesture::PressMarker(Pointer at)
+bool KeyGesture::PressMarker(Pointer at, TrackReport& report)
 {
     const int marker = m_track.HitTestRangeMarker(at.point);
     if (marker != kStartMarker && marker != kEndMarker)
@@ -119,71 +117,67 @@ bool KeyGesture::PressMarker(Pointer at)
     if (marker == kStartMarker ? start < end : start > end)
         m_track.SetRange(end, start);
     m_state = State::DraggingMarker;
-    m_pressedKey = -1;
     WriteCurrentFrame(FrameAt(at.point));
-    if (ReportCurrentFrame(m_track) && m_state == State::DraggingMarker)
+    if (ReportCurrentFrame(report))
         m_feedback.ShowResizeCursor();
     return true;
 }
 
 /// A press on a row whose sub-keys are edited, but on none of its clips.
-void KeyGesture::PressBesideClips(Pointer at)
+void KeyGesture::PressBesideClips(Pointer at, TrackReport& report)
 {
     m_track.Keys().ClearAllSelection();
-    if (!TrackReport(m_track).Send(kTrackSelectionCleared))
+    if (!report.Send(kTrackSelectionCleared))
         return;
     WriteCurrentFrame(FrameAt(at.point));
-    ReportCurrentFrame(m_track);
+    ReportCurrentFrame(report);
 }
 
 /// Selects the key or sub-key that was pressed and goes to it; with Ctrl the selection stays until
 /// the release.
-void KeyGesture::PressKey(Pointer at, const KeyHit& hit)
+void KeyGesture::PressKey(Pointer at, const KeyHit& hit, TrackReport& report)
 {
-    const unsigned int turn = m_turn;
     WriteCurrentFrame(FrameAt(at.point));
     if (!at.HasCtrl()) {
-        if (!hit.Edited()->selected && !SelectHitAlone(m_track, hit))
+        if (!hit.Edited()->selected && !SelectHitAlone(hit, report))
             return;
         GoToHit(hit);
-        if (!TrackReport(m_track).Send(kTrackSelectionChanged) || turn != m_turn)
+        if (!report.Send(kTrackSelectionChanged))
             return;
     }
-    const int pressedKey = hit.KeyIndex();
-    if (pressedKey >= 0 && m_track.HasEditMode(TL_EDIT_MOVE_KEYS)) {
+    if (hit.KeyIndex() >= 0 && m_track.HasEditMode(TL_EDIT_MOVE_KEYS)) {
         m_state = State::Armed;
-        m_pressedKey = pressedKey;
         m_pressPoint = m_lastStepPoint = at.point;
         m_track.SetRange(-1, -1);
     }
-    ReportCurrentFrame(m_track);
+    ReportCurrentFrame(report);
 }
 
-void KeyGesture::BeginRange(Pointer at, const KeyHit& hit)
+void KeyGesture::BeginRange(Pointer at, const KeyHit& hit, TrackReport& report)
 {
     m_state = State::DraggingRange;
-    m_pressedKey = hit.KeyIndex();
+    m_pressed = hit;
     const int frame = NearestFrame(FrameAt(at.point));
     m_track.SetRange(frame, frame);
-    if (!SelectFirstRange(at) || !TrackReport(m_track).Send(kTrackSelectionChanged))
+    if (!SelectFirstRange(at, report) || !report.Send(kTrackSelectionChanged))
         return;
     WriteCurrentFrame(FrameAt(at.point));
-    if (ReportCurrentFrame(m_track))
+    if (ReportCurrentFrame(report))
         m_track.setFocus();
 }
 
 /// Selects the pressed frame, or with Shift all from the current frame to it; with Ctrl in addition
-/// to what is selected. @return whether the track is still there.
-bool KeyGesture::SelectFirstRange(Pointer at)
+/// to what is selected. @return whether the press may go on.
+bool KeyGesture::SelectFirstRange(Pointer at, TrackReport& report)
 {
     const int end = m_track.RangeEnd();
     const bool editsSubKeys = m_track.HasEditMode(TL_EDIT_SUB_KEYS);
     if (!at.HasCtrl()) {
-        RangeSelection(m_track, m_pressedKey).Clear();
-        if (!editsSubKeys && !at.HasShift() && !TrackReport(m_track).Send(kTrackSelectionCleared))
+        RangeSelection(m_track, m_pressed).Clear();
+        if (!editsSubKeys && !at.HasShift() && !report.Send(kTrackSelectionCleared))
             return false;
     }
-    RangeSelection range(m_track, m_pressedKey);
+    RangeSelection range(m_track, m_pressed);
     if (at.HasShift())
         m_track.SetRange(range.Limited(TimelineLibrary::Instance().axis.currentFrame), end);
     range.Select();
@@ -200,9 +194,10 @@ void KeyGesture::Move(const QMouseEvent& event)
         return;
     }
     m_feedback.ShowName(event.pos(), event.globalPos());
-    if (m_state != State::DraggingMarker)
+    const bool isLost = event.buttons() != Qt::LeftButton;
+    if (isLost || m_state != State::DraggingMarker)
         m_feedback.ShowCursor(event.pos());
-    if (event.buttons() != Qt::LeftButton) {
+    if (isLost) {
         End(); // the button went up where nobody saw it
         return;
     }
@@ -216,15 +211,16 @@ void KeyGesture::DragRange(Pointer at)
 {
     if (m_state == State::DraggingMarker)
         m_feedback.ShowResizeCursor();
+    if (!at.HasCtrl())
+        RangeSelection(m_track, m_pressed).Clear();
     SelectRangeTo(at);
     TrackReport(m_track).Send(kTrackSelectionChanged);
 }
 
+/// Makes the pointer's place the range's end and selects what the range holds now, too.
 void KeyGesture::SelectRangeTo(Pointer at)
 {
-    RangeSelection range(m_track, m_pressedKey);
-    if (!at.HasCtrl())
-        range.Clear();
+    RangeSelection range(m_track, m_pressed);
     m_track.SetRange(m_track.RangeStart(), range.Limited(FrameAt(at.point)));
     range.Select();
 }
@@ -238,8 +234,7 @@ void KeyGesture::DragKeys(Pointer at)
             return;
         m_state = State::DraggingKeys;
         m_isCopy = at.HasCtrl();
-        const unsigned int turn = m_turn;
-        if (!TrackReport(m_track).Send(CodesOf(m_isCopy).begins) || turn != m_turn)
+        if (!TrackReport(m_track, m_turn).Send(CodesOf(m_isCopy).begins))
             return;
     }
     const int frames = FramesSinceLastStep(at.point);
@@ -288,26 +283,28 @@ void KeyGesture::Finish()
         WriteCurrentFrame(FrameAt(at.point));
     if (isThere && wasRange)
         SelectRangeTo(at);
+    m_pressed = {};
     if (wasKeys || (wasRange && !m_track.HasEditMode(TL_EDIT_TIME_RANGE)))
         m_track.SetRange(-1, -1);
-    if (isThere && (!wasKeys || FinishKeys(at, ended == State::DraggingKeys)))
-        ReportCurrentFrame(m_track);
+    TrackReport report(m_track, m_turn);
+    if (isThere && (!wasKeys || FinishKeys(at, ended == State::DraggingKeys, report)))
+        ReportCurrentFrame(report);
 }
 
 /// Toggles with Ctrl what is under the pointer, goes to it, and reports the end of a drag. @return
-/// whether the track is still there.
-bool KeyGesture::FinishKeys(Pointer at, bool wasDragged)
+/// whether the release may go on.
+bool KeyGesture::FinishKeys(Pointer at, bool wasDragged, TrackReport& report)
 {
     const bool isCopy = m_isCopy;
     const int frames = FramesSinceLastStep(at.point);
     const KeyHit hit(m_track, at.point);
     if (hit.Edited() && at.HasCtrl() && !wasDragged) {
         hit.SelectEdited(!hit.Edited()->selected);
-        if (!TrackReport(m_track).Send(kTrackSelectionChanged))
+        if (!report.Send(kTrackSelectionChanged))
             return false;
     }
     GoToHit(hit);
-    return !wasDragged || TrackReport(m_track).Send(CodesOf(isCopy).ends, frames);
+    return !wasDragged || report.Send(CodesOf(isCopy).ends, frames);
 }
 
 // --- Double click
@@ -330,21 +327,23 @@ void KeyGesture::DoubleClick(QMouseEvent& event)
 void KeyGesture::DoubleClickRow(Pointer at)
 {
     ++m_turn;
-    if (!TrackReport(m_track).Send(kTrackPressed))
+    TrackReport report(m_track, m_turn);
+    if (!report.Send(kTrackPressed))
         return;
     m_track.Keys().ClearAllSelection();
-    if (!TrackReport(m_track).Send(kTrackSelectionCleared))
+    if (!report.Send(kTrackSelectionCleared))
         return;
 
     const int frame = FrameAt(at.point);
     WriteCurrentFrame(frame);
     if (frame >= TimelineLibrary::Instance().axis.frameCount) {
-        ReportCurrentFrame(m_track);
+        ReportCurrentFrame(report);
         return;
     }
     const KeyHit hit(m_track, at.point);
-    if (hit.Key() && m_track.GetEditModes().GetSize() > 0 && !SelectDoubleClicked(m_track, hit))
+    const bool selects = hit.Key() && m_track.GetEditModes().GetSize() > 0;
+    if (selects && !SelectDoubleClicked(m_track, hit, report))
         return;
-    if (ReportCurrentFrame(m_track))
-        TrackReport(m_track).Send(kTrackDoubleClicked, hit.EditedIndex());
+    if (ReportCurrentFrame(report))
+        report.Send(kTrackDoubleClicked, hit.EditedIndex());
 }

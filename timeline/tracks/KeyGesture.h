@@ -1,14 +1,15 @@
 #pragma once
 
+#include "tracks/KeyHit.h"
 #include "tracks/PointerFeedback.h"
 
 #include <QPoint>
 #include <Qt>
 
 class CTimelineTrackBase;
-class KeyHit;
 class OpenGesture;
 class QMouseEvent;
+class TrackReport;
 
 /// The mouse on one row: presses that select keys and set the current frame, rubber bands that
 /// select a time range, drags of the range's markers, and drags of the selected keys, which are
@@ -21,9 +22,20 @@ public:
     /// gesture loses its pointer.
     KeyGesture(CTimelineTrackBase& track, OpenGesture& watch);
 
+    // The track's handlers of the same names. This object may be gone when one of them returns.
+
+    /// Ends a gesture that is still on and begins another, or only selects and goes to what is
+    /// pressed. Any button on a row that only sets the current frame, the left one elsewhere; an
+    /// event of another button is ignored, for the timeline to handle.
     void Press(QMouseEvent& event);
+    /// Shows the pointer's name and cursor, and takes the gesture on to the pointer; ends it when
+    /// any but the left button alone is down. Rows that only set the current frame do nothing.
     void Move(const QMouseEvent& event);
+    /// Ends the gesture where the pointer is. For the left button; an event of another one is
+    /// ignored, except on a row that only sets the current frame, where nothing happens.
     void Release(QMouseEvent& event);
+    /// Ends a gesture that is still on, selects what is under the pointer alone and goes to it; no
+    /// gesture begins. For the left button on every row; an event of another one is ignored.
     void DoubleClick(QMouseEvent& event);
 
     /// Whether a gesture is under way that the next release ends.
@@ -58,30 +70,30 @@ private:
     // The steps take the pointer as it was at their event: host code may run the handlers of later
     // ones inside a report.
     void PressRow(Pointer at);
-    bool PressMarker(Pointer at);
-    void PressBesideClips(Pointer at);
-    void PressKey(Pointer at, const KeyHit& hit);
-    void BeginRange(Pointer at, const KeyHit& hit);
-    bool SelectFirstRange(Pointer at);
+    bool PressMarker(Pointer at, TrackReport& report);
+    void PressBesideClips(Pointer at, TrackReport& report);
+    void PressKey(Pointer at, const KeyHit& hit, TrackReport& report);
+    void BeginRange(Pointer at, const KeyHit& hit, TrackReport& report);
+    bool SelectFirstRange(Pointer at, TrackReport& report);
     void DragRange(Pointer at);
     void SelectRangeTo(Pointer at);
     void DragKeys(Pointer at);
     void DoubleClickRow(Pointer at);
     void Finish();
-    bool FinishKeys(Pointer at, bool wasDragged);
+    bool FinishKeys(Pointer at, bool wasDragged, TrackReport& report);
 
     CTimelineTrackBase& m_track;
     OpenGesture& m_watch;
     PointerFeedback m_feedback;
 
     State m_state = State::Idle;
-    int m_pressedKey = -1;  ///< index of the key or clip under the press; -1 beside keys
+    KeyHit m_pressed;       ///< what was under the press of a rubber band; nothing otherwise
     bool m_isCopy = false;  ///< Ctrl was held when the key drag began
     QPoint m_pressPoint;    ///< where the key was pressed
     QPoint m_lastStepPoint; ///< where the pointer was at the last step of a key drag
     Pointer m_pointer;      ///< when it was last seen
     /// The gesture ended while the button was down: when it goes up, that is no news.
     bool m_releaseIsDone = false;
-    /// Counts presses and ends, by which an earlier handler sees that later ones ran inside it.
+    /// Counts presses and ends: the report of an earlier one is over when a later ran inside it.
     unsigned int m_turn = 0;
 };

@@ -7,14 +7,14 @@
 class CTimelineTrackBase;
 
 /// What lies under a point of a row: a key or clip, and, where the row edits sub-keys, a sub-key of
-/// that clip. Holds on to both while host code runs, which may move them to other indexes or take
-/// them out.
+/// that clip. Holds on to both, and to the lists they are in, while host code runs, which may move
+/// them to other indexes, take them out, or delete the track.
 class KeyHit
 {
 public:
     /// Hits nothing.
     KeyHit() = default;
-    /// Of @p track, which must not go before this. @p point counts from the row's corner.
+    /// @p point counts from the corner of @p track, which is not kept.
     KeyHit(CTimelineTrackBase& track, QPoint point);
 
     /// The key or clip; null without one.

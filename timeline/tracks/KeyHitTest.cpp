@@ -53,14 +53,18 @@ bool KeyHitTest::HitsBar(const CTimelineKey& key, long long frame, QPoint point,
     return left <= point.x() && point.x() <= right && top <= point.y() && point.y() <= bottom;
 }
 
-int KeyHitTest::FindKey(const CTimelineKeyArray& keys, const KeyFacts& facts, QPoint point) const
+/// The frames whose glyphs, and into which the bars, can reach the point.
+FrameWindow KeyHitTest::FramesWithin(QPoint point) const
 {
     const int reach = kMargin + (m_glyphs ? WidestGlyph(*m_glyphs) : 0) +
                       std::max(m_axis.info.pixelsPerFrame, 0) + 1;
-    const FrameWindow around =
-        FramesAround(m_axis, 1LL * point.x() - reach, 1LL * point.x() + reach);
-    const KeyRange range =
-        point.x() < 0 ? KeyRange{0, keys.GetSize()} : KeysReaching(keys.Keys(), facts, around);
+    return FramesAround(m_axis, 1LL * point.x() - reach, 1LL * point.x() + reach);
+}
+
+int KeyHitTest::FindKey(const CTimelineKeyArray& keys, const KeyFacts& facts, QPoint point) const
+{
+    const KeyRange range = point.x() < 0 ? KeyRange{0, keys.GetSize()}
+                                         : KeysReaching(keys.Keys(), facts, FramesWithin(point));
     for (std::size_t i = range.end; i-- > range.begin;) {
         const CTimelineKey& key = *keys.Keys()[i];
         if (key.lockState != TL_KEY_LOCKED && Hits(key, key.frame, point, kMargin))
@@ -73,12 +77,17 @@ int KeyHitTest::FindSubKey(const CTimelineKey& clip, QPoint point) const
 {
     if (!clip.subKeys)
         return -1;
+    const FrameWindow around = FramesWithin(point);
+    const auto isFar = [&](const CTimelineKey& subKey, long long frame) {
+        return point.x() >= 0 &&
+               (frame > around.last || frame + std::max(subKey.displayLength, 0) < around.first);
+    };
     const auto& subKeys = clip.subKeys->Keys();
     for (std::size_t i = subKeys.size(); i-- > 0;) {
         const CTimelineKey& subKey = *subKeys[i];
         const bool drawn = subKey.frame <= clip.displayLength;
         const long long frame = 1LL * clip.frame + subKey.frame;
-        if (drawn && Hits(subKey, frame, point, kMargin))
+        if (drawn && !isFar(subKey, frame) && Hits(subKey, frame, point, kMargin))
             return static_cast<int>(i);
     }
     return -1;

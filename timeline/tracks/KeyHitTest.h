@@ -24,10 +24,11 @@ public:
     /// The index of the last key under the point that is not locked; -1 without one.
     int FindKey(const CTimelineKeyArray& keys, const KeyFacts& facts, QPoint point) const;
     /// The index of the last sub-key of @p clip under the point, of those inside the clip's drawn
-    /// length; -1 without one.
+    /// length; -1 without one. They need not be in frame order.
     int FindSubKey(const CTimelineKey& clip, QPoint point) const;
 
 private:
+    FrameWindow FramesWithin(QPoint point) const;
     bool HitsGlyph(const CTimelineKey& key, long long frame, QPoint point) const;
     bool HitsBar(const CTimelineKey& key, long long frame, QPoint point, int margin) const;
 

@@ -22,26 +22,23 @@ void GoTo(const KeyHit& hit, const CTimelineKey& key)
 
 bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit)
 {
-    if (!TrackReport(track).Send(kTrackSelectionCleared))
-        return false;
-    CTimelineKeyArray& keys = track.Keys();
-    const int last = static_cast<int>(keys.GetSize()) - 1;
-    const int clip = hit.KeyIndex();
-    keys.SetSelectionByIndex(0, clip - 1, false, TL_KEY_ANY_KIND);
-    keys.SetSelectionByIndex(clip, clip, true, TL_KEY_ANY_KIND);
-    keys.SetSelectionByIndex(clip + 1, last, false, TL_KEY_ANY_KIND);
-    for (const auto& key : keys.Keys()) {
-        // Clips may share their sub-keys; those of the pressed clip keep their selection.
-        if (key->subKeys && key->subKeys != hit.Key()->subKeys)
-            key->subKeys->ClearAllSelection();
-    }
-    return TrackReport(track).Send(kTrackSelectionChanged);
+    TrackReport report(track);
+    return SelectHitClip(track, hit, report);
 }
 
-bool SelectHitAlone(CTimelineTrackBase& track, const KeyHit& hit)
+bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit, TrackReport& report)
+{
+    if (!report.Send(kTrackSelectionCleared))
+        return false;
+    // Clips may share their sub-keys; those of the pressed clip keep their selection.
+    track.Keys().SelectOnly(hit.KeyIndex());
+    return report.Send(kTrackSelectionChanged);
+}
+
+bool SelectHitAlone(const KeyHit& hit, TrackReport& report)
 {
     hit.EditedKeys().ClearAllSelection();
-    if (!hit.EditsSubKeys() && !TrackReport(track).Send(kTrackSelectionCleared))
+    if (!hit.EditsSubKeys() && !report.Send(kTrackSelectionCleared))
         return false;
     hit.SelectEdited(true);
     return true;
@@ -49,16 +46,16 @@ bool SelectHitAlone(CTimelineTrackBase& track, const KeyHit& hit)
 
 void GoToHit(const KeyHit& hit)
 {
-    if (hit.Edited())
+    if (hit.EditedIndex() >= 0)
         GoTo(hit, *hit.Edited());
 }
 
-bool SelectDoubleClicked(CTimelineTrackBase& track, const KeyHit& hit)
+bool SelectDoubleClicked(CTimelineTrackBase& track, const KeyHit& hit, TrackReport& report)
 {
     const int index = hit.KeyIndex();
     track.Keys().SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
     if (hit.SubKey())
         hit.SelectEdited(true);
     GoTo(hit, hit.SubKey() ? *hit.SubKey() : *hit.Key());
-    return TrackReport(track).Send(kTrackSelectionChanged);
+    return report.Send(kTrackSelectionChanged);
 }

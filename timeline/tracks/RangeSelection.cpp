@@ -4,21 +4,20 @@
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
 #include "tracks/CurrentFrame.h"
+#include "tracks/KeyHit.h"
 
 #include <algorithm>
 
-RangeSelection::RangeSelection(CTimelineTrackBase& track, int pressedKey) : m_track(track)
+RangeSelection::RangeSelection(CTimelineTrackBase& track, const KeyHit& pressed) : m_track(track)
 {
     if (!track.HasEditMode(TL_EDIT_SUB_KEYS)) {
         m_keys = &track.Keys();
         return;
     }
-    // The host may have replaced the keys since the press.
-    const auto& keys = track.Keys().Keys();
-    const bool isKey = pressedKey >= 0 && static_cast<std::size_t>(pressedKey) < keys.size();
-    if (!isKey || !keys[static_cast<std::size_t>(pressedKey)]->subKeys)
+    const int index = pressed.KeyIndex();
+    if (index < 0 || !pressed.Key()->subKeys)
         return;
-    m_clip = keys[static_cast<std::size_t>(pressedKey)];
+    m_clip = track.Keys().GetAt(index);
     m_keys = m_clip->subKeys;
 }
 

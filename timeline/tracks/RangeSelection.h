@@ -3,6 +3,7 @@
 #include "CTimelineKeyArray.h"
 
 class CTimelineTrackBase;
+class KeyHit;
 
 /// Selects what stands in the time range of a row: keys, or, where sub-keys are edited, the
 /// sub-keys of the clip that was pressed, to whose span the range's dragged end is then limited. On
@@ -11,10 +12,8 @@ class CTimelineTrackBase;
 class RangeSelection
 {
 public:
-    /// @p pressedKey is the index of the key or clip under the press; any other number is none.
-    RangeSelection(CTimelineTrackBase& track, int pressedKey);
-
-    bool IsInsideClip() const { return static_cast<bool>(m_clip); }
+    /// @p pressed is what was under the press. A clip that the host has taken out since is none.
+    RangeSelection(CTimelineTrackBase& track, const KeyHit& pressed);
 
     /// Deselects all that the range could select.
     void Clear();
