@@ -90,6 +90,14 @@ private slots:
         QVERIFY(!Manager().CheckIdleClip(nullptr, 20));
     }
 
+    void aLockedKeyWithoutALengthIsIdleOnItsOwnFrameOnly()
+    {
+        m_body->Keys().GetAt(1)->lockState = TL_KEY_LOCKED;
+        QVERIFY(!Manager().CheckIdleClip(m_body, 19));
+        QVERIFY(Manager().CheckIdleClip(m_body, 20));
+        QVERIFY(!Manager().CheckIdleClip(m_body, 21));
+    }
+
     void theWaveRowSaysWhetherAFrameLiesUnderItsSound()
     {
         QVERIFY(!Manager().CheckDragFileUnderVisemeClip(10));
@@ -113,6 +121,21 @@ private slots:
         QVERIFY(!m_arm->Keys().GetAt(0)->selected);
         QVERIFY(m_arm->Keys().GetAt(1)->selected);
         QVERIFY(m_fixture->host.calls.contains("active Body Arm"));
+    }
+
+    void aFileDroppedOnARootActivatesItAndSelectsItsClip()
+    {
+        CTimelineTrackBase* const face = m_fixture->Root(TL_TRACK_CLIP, "Face");
+        m_fixture->AddKeys(face, {20});
+        Manager().SetActiveRootTrack(m_body);
+        Select(m_leg, 0);
+        Manager().SetCurrentFrame(20);
+        m_fixture->ForgetCalls();
+        Manager().SetDropTrackFocusAndPickJustLoadClip(face);
+        QCOMPARE(m_fixture->host.TakeCalls(), QStringList({"cleared", "active Face -", "cleared"}));
+        QCOMPARE(Manager().GetActiveRootTrack(), face);
+        QVERIFY(face->Keys().GetAt(0)->selected);
+        QVERIFY(!m_leg->Keys().GetAt(0)->selected);
     }
 };
 

@@ -396,8 +396,10 @@ void tst_CaptionPointer::theMouseOnRulerAndScrollBarTouchesNoCaption()
                      qPrintable(line));
         QVERIFY(!Container().Pointer().IsPressed());
         QCOMPARE(S().StatesOf(S().arm), (States{0, 0, 0}));
-        // They do arrive, at the places that they have in the container.
-        QCOMPARE(Container().Pointer().LastPosition(), fixed->mapTo(&Container(), QPoint(90, 4)));
+        // They do arrive, at the places that they have in the container: of the scroll bar, which
+        // keeps the moves that drag nothing, those of the drag.
+        const int x = fixed == Container().TickTrack() ? 90 : 60;
+        QCOMPARE(Container().Pointer().LastPosition(), fixed->mapTo(&Container(), QPoint(x, 4)));
     }
 }
 

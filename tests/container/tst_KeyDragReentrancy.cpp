@@ -63,8 +63,8 @@ struct Scene
 
 enum class Afterwards
 {
-    Nothing,     ///< the drag is over, and nothing more is sent
-    TheArm,      ///< the drag goes on with the arm alone
+    Nothing,         ///< the drag is over, and nothing more is sent
+    TheArm,          ///< the drag goes on with the arm alone
     HostsDragIsOver, ///< the host's own drag took the place of ours, and is over, too
     HostsDragGoesOn, ///< the same, and what is left of our messages goes to it
     AllAsIfNothingHappened

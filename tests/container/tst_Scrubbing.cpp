@@ -87,7 +87,8 @@ class tst_Scrubbing : public QObject
         QVERIFY(!picture.isNull());
         QCOMPARE(picture, RepaintedWhole());
     }
-    /// Steps and checks the picture; @return the region that was painted for it.
+    /// Steps and checks the picture, which is made for the first of several steps. @return the
+    /// region that was painted.
     QRegion VerifyStep(int frame)
     {
         PaintedRegion painted(Container());
@@ -103,6 +104,7 @@ class tst_Scrubbing : public QObject
                                                    "repaint does")
                                         .arg(frame)),
                          __FILE__, __LINE__);
+        Scrub();
         return region;
     }
     static int Area(const QRegion& region)
@@ -116,11 +118,13 @@ class tst_Scrubbing : public QObject
     {
         return (Container().visibleRegion() - region).isEmpty();
     }
-    /// Two steps bring the strips' pictures into being.
-    void WarmUp()
+    /// Several steps, as of somebody who goes on, and a repaint afterwards.
+    void Scrub()
     {
-        Step(Axis().currentFrame + 1);
-        Step(Axis().currentFrame - 1);
+        const int frame = Axis().currentFrame;
+        for (const int step : {frame + 1, frame})
+            Step(step);
+        Container().repaint();
     }
 
 private slots:
@@ -131,6 +135,7 @@ private slots:
     void paintsTheSameForAFarStep();
     void paintsNothingWhenTheFrameStays();
     void paintsBeforeItReturns();
+    void aHostThatRepaintsEverythingAfterEachStepPaysOnce();
     void theRulersDragPaintsOnlyColumns();
     void everyRowKindStaysWhole_data();
     void everyRowKindStaysWhole();
@@ -196,7 +201,7 @@ void tst_Scrubbing::paintsTheSameForAFarStep()
 
 void tst_Scrubbing::paintsNothingWhenTheFrameStays()
 {
-    WarmUp();
+    Scrub();
     PaintedRegion painted(Container());
     Step(20);
     Step(20);
@@ -212,6 +217,27 @@ void tst_Scrubbing::paintsBeforeItReturns()
     painted.paints = 0;
     Step(26);
     QCOMPARE(painted.paints, 1);
+}
+
+void tst_Scrubbing::aHostThatRepaintsEverythingAfterEachStepPaysOnce()
+{
+    Container().repaint();
+    for (int frame = 30; frame < 34; ++frame) {
+        PaintedRegion painted(Container());
+        Step(frame);
+        // After the first, which was worth no pictures.
+        QCOMPARE(IsWhole(painted.region), frame > 30);
+        Container().repaint();
+        QCOMPARE(painted.paints, 2);
+    }
+    // Two steps in a row bring them back.
+    PaintedRegion painted(Container());
+    Step(40);
+    QVERIFY(IsWhole(painted.region));
+    painted.region = QRegion();
+    Step(41);
+    QVERIFY(!IsWhole(painted.region));
+    VerifyPicture();
 }
 
 void tst_Scrubbing::theRulersDragPaintsOnlyColumns()
@@ -346,7 +372,7 @@ void tst_Scrubbing::aRowCutOffByTheScrollBarStaysWhole()
     Container().resize(1000, 205);
     m_fixture->Settle();
     Show(6.0, 0, 20);
-    WarmUp();
+    Scrub();
     for (const int frame : {30, 31, 90})
         Step(frame);
     VerifyPicture();
@@ -354,7 +380,7 @@ void tst_Scrubbing::aRowCutOffByTheScrollBarStaysWhole()
 
 void tst_Scrubbing::aTimelinePartlyOutOfSightStaysWhole()
 {
-    WarmUp();
+    Scrub();
     for (const QPoint place : {QPoint(0, -120), QPoint(-250, 0), QPoint(-180, -400)}) {
         Container().move(place);
         m_fixture->Settle();
@@ -421,7 +447,7 @@ void tst_Scrubbing::rowsWithoutAGroundStayWhole()
 
 void tst_Scrubbing::aPendingChangeIsPaintedWithTheStep()
 {
-    WarmUp();
+    Scrub();
     m_fixture->manager->SetTimeMarkFrame(50, 70); // repaints later
     QVERIFY(IsWhole(VerifyStep(30)));
     QVERIFY(!IsWhole(VerifyStep(31)));
@@ -429,7 +455,7 @@ void tst_Scrubbing::aPendingChangeIsPaintedWithTheStep()
 
 void tst_Scrubbing::aPendingPartIsPaintedWithTheStep()
 {
-    WarmUp();
+    Scrub();
     const QRect part(400, 100, 50, 50);
     Container().update(part);
     PaintedRegion painted(Container());
@@ -441,7 +467,7 @@ void tst_Scrubbing::aPendingPartIsPaintedWithTheStep()
 
 void tst_Scrubbing::aPendingChangeIsPaintedThoughTheFrameStays()
 {
-    WarmUp();
+    Scrub();
     PaintedRegion painted(Container());
     Container().update();
     Step(20);
@@ -487,7 +513,7 @@ void tst_Scrubbing::aSilentChangeIsPaintedWithTheStep_data()
 void tst_Scrubbing::aSilentChangeIsPaintedWithTheStep()
 {
     QFETCH(std::function<void()>, change);
-    WarmUp();
+    Scrub();
     const QColor line = TimelineLibrary::Instance().currentFrameLine;
     change();
     QVERIFY(IsWhole(VerifyStep(30)));
@@ -497,14 +523,14 @@ void tst_Scrubbing::aSilentChangeIsPaintedWithTheStep()
 
 void tst_Scrubbing::aFrameThatWasMovedSilentlyIsFound()
 {
-    WarmUp();
+    Scrub();
     Axis().currentFrame = 60; // another container's ruler, perhaps
     QVERIFY(!IsWhole(VerifyStep(61)));
 }
 
 void tst_Scrubbing::aPictureTakenInBetweenDoesNotMislead()
 {
-    WarmUp();
+    Scrub();
     Axis().currentFrame = 60;
     const QPixmap taken = Container().grab();
     QVERIFY(!taken.isNull());
@@ -513,7 +539,7 @@ void tst_Scrubbing::aPictureTakenInBetweenDoesNotMislead()
 
 void tst_Scrubbing::anExposedPartInBetweenDoesNotMislead()
 {
-    WarmUp();
+    Scrub();
     Axis().currentFrame = 60;
     Container().repaint(100, 0, 200, 80); // shows part of the old line, and none of the new one
     VerifyStep(80);
@@ -521,7 +547,7 @@ void tst_Scrubbing::anExposedPartInBetweenDoesNotMislead()
 
 void tst_Scrubbing::stepsWhileHiddenAreMadeUpFor()
 {
-    WarmUp();
+    Scrub();
     Container().hide();
     Step(60);
     Step(61);
@@ -533,7 +559,7 @@ void tst_Scrubbing::stepsWhileHiddenAreMadeUpFor()
 
 void tst_Scrubbing::stepsWhileUpdatesAreOffAreMadeUpFor()
 {
-    WarmUp();
+    Scrub();
     Container().setUpdatesEnabled(false);
     Step(60);
     Step(61);
@@ -543,7 +569,7 @@ void tst_Scrubbing::stepsWhileUpdatesAreOffAreMadeUpFor()
 
 void tst_Scrubbing::leavesTheTransitionRowsAtRest()
 {
-    WarmUp();
+    Scrub();
     PaintedRegion painted(*m_scene->blend);
     for (const int frame : {12, 13, 40, 80})
         Step(frame);

@@ -72,12 +72,6 @@ void Pointer::Release(Qt::MouseButton button)
     Send(QEvent::MouseButtonRelease, button);
 }
 
-void Pointer::ReleaseAt(QWidget* widget, QPoint point, Qt::MouseButton button)
-{
-    m_point = widget->mapTo(m_window, point);
-    Release(button);
-}
-
 void Pointer::Click(QWidget* widget, QPoint point, Qt::MouseButton button)
 {
     Press(widget, point, button);

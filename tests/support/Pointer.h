@@ -26,8 +26,6 @@ public:
     void MoveTo(QWidget* widget, QPoint point);
     /// Releases where the pointer is.
     void Release(Qt::MouseButton button = Qt::LeftButton);
-    /// Releases away from where the last move was.
-    void ReleaseAt(QWidget* widget, QPoint point, Qt::MouseButton button = Qt::LeftButton);
     void Click(QWidget* widget, QPoint point, Qt::MouseButton button = Qt::LeftButton);
     /// The second press of a double click, where the last click was.
     void PressAgain(Qt::MouseButton button = Qt::LeftButton);

@@ -1,4 +1,5 @@
 #include "KindGestures.h"
+#include "MessageSpy.h"
 #include "tracks/CTimelineTrackClip.h"
 
 #include <QDialog>
@@ -61,6 +62,25 @@ public:
     {
         return row->GetEdgeDrag().Edge().clip == -1 && !row->GetEdgeDrag().IsOn();
     }
+};
+
+/// Counts the events of one type that reach a widget.
+class EventCount : public QObject
+{
+public:
+    EventCount(QWidget* widget, QEvent::Type type) : m_type(type)
+    {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == m_type ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+
+private:
+    QEvent::Type m_type;
 };
 
 const QStringList kPressed = {"same body row", "cleared", "changed"};
@@ -136,11 +156,24 @@ private slots:
     {
         ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
         scene.Add(10, 10);
+        scene.Press(105, Qt::MiddleButton);
+        scene.MoveTo(120);
+        QVERIFY(scene.IsIdle());
+        scene.Release(Qt::MiddleButton);
+        QCOMPARE(scene.TakeCalls(), QStringList());
+        QVERIFY(scene.row->Keys().SelectedIndexes().empty());
+    }
+
+    void theRightButtonOverAnEdgeOpensTheMenuAndDragsNothing()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
         scene.Press(105, Qt::RightButton);
         QVERIFY(scene.IsIdle());
+        scene.MoveTo(120);
         scene.Release(Qt::RightButton);
-        QVERIFY(scene.row->Keys().SelectedIndexes().empty());
-        QVERIFY(!scene.TakeCalls().contains("changed"));
+        QCOMPARE(scene.TakeCalls(),
+                 (kPressed + QStringList{"frame 10 false", "frame 10 true", "menu row"}));
     }
 
     void anotherButtonLeavesADragAsItIs()
@@ -156,6 +189,62 @@ private slots:
         QCOMPARE(scene.TakeCalls(), QStringList{"edit 3 [row] 0 2"});
         scene.Release();
         QCOMPARE(scene.TakeCalls(), kLoopEnds);
+    }
+
+    void anotherButtonOnARowOfOneEditModeLeavesTheDragAsItIs_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char* how : {"release", "focus", "hide", "press"})
+            QTest::newRow(how) << QString(how);
+    }
+    void anotherButtonOnARowOfOneEditModeLeavesTheDragAsItIs()
+    {
+        QFETCH(QString, how);
+        ClipRow scene({TL_EDIT_CLIP_LOOP});
+        scene.Add(10, 10);
+        scene.Press(105);
+        scene.MoveTo(120);
+        scene.TakeCalls();
+        scene.Press(120, Qt::MiddleButton);
+        scene.Release(Qt::MiddleButton);
+        QCOMPARE(scene.TakeCalls(), QStringList({"frame 24 false", "frame 24 true"}));
+        QVERIFY(!scene.IsIdle());
+
+        if (how == "release") {
+            scene.Release();
+        } else if (how == "focus") {
+            scene.outside->setFocus();
+        } else if (how == "hide") {
+            scene.fixture.dock->hide();
+        } else {
+            QMouseEvent press(QEvent::MouseButtonPress, scene.At(300), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(scene.row, &press);
+        }
+        scene.fixture.Settle();
+        QCOMPARE(scene.TakeCalls().mid(0, 2), kLoopEnds);
+        QVERIFY(scene.IsIdle());
+    }
+
+    void anEdgePressedWhileTheRowIsToldOfAnotherPressIsDraggedAndWatched()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        scene.When("same body row", [&] {
+            QMouseEvent press(QEvent::MouseButtonPress, scene.At(105), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(scene.row, &press);
+        });
+        scene.Press(300);
+        QCOMPARE(scene.TakeCalls(), QStringList{"same body row"} + kPressed);
+        QVERIFY(!scene.IsIdle());
+        QCOMPARE(scene.row->RangeStart(), -1); // the outer press began no range
+        scene.MoveTo(120);
+        QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 3 [row] 0 1"});
+        scene.outside->setFocus();
+        scene.fixture.Settle();
+        QCOMPARE(scene.TakeCalls(), kLoopEnds);
+        QVERIFY(scene.IsIdle());
     }
 
     // --- without edit modes ---------------------------------------------------------------------
@@ -452,6 +541,92 @@ private slots:
         QCOMPARE(scene.TakeCalls(), kTrimEnds);
     }
 
+    // --- what the owner is told -----------------------------------------------------------------
+
+    void theOwnerIsToldTheClipAndTheAmount_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("press");
+        QTest::addColumn<int>("x");
+        QTest::addColumn<QStringList>("messages");
+        QTest::newRow("loop") << int(TL_EDIT_CLIP_LOOP) << 255 << 270
+                              << QStringList({"1203 (0, 0, 1, 1)", "1204 (0, 0, 1, 1)",
+                                              "1205 (0, 0, 1, 0)"});
+        QTest::newRow("speed") << int(TL_EDIT_CLIP_SPEED) << 255 << 270
+                               << QStringList({"1206 (0, 0, 1, 3)", "1207 (0, 0, 1, 3)",
+                                               "1208 (0, 0, 1, 0)"});
+        QTest::newRow("trim") << int(TL_EDIT_CLIP_TRIM) << 180 << 165
+                              << QStringList({"1209 (0, 0, 1, 3)", "1210 (0, 0, 1, 3)",
+                                              "1211 (0, 0, 1, 0)"});
+    }
+    void theOwnerIsToldTheClipAndTheAmount()
+    {
+        QFETCH(int, mode);
+        QFETCH(int, press);
+        QFETCH(int, x);
+        ClipRow scene({static_cast<TLEditType>(mode)});
+        scene.Add(10, 10);
+        scene.Add(40, 10).transitionFrames = 4;
+        scene.row->Keys().SetSelectionByIndex(1, 1, true, ~0u);
+        MessageSpy spy(scene.row);
+        scene.Press(press);
+        QCOMPARE(spy.TakeMessages(),
+                 QStringList({"1108 (0, 0, 0, 0)", "1103 (0, 0, 0, 0)", "1102 (0, 0, 0, 0)"}));
+        scene.MoveTo(x);
+        scene.Release();
+        QTEST(spy.TakeMessages(), "messages");
+    }
+
+    void theClipIsSelectedBetweenTheTwoReports()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP});
+        scene.Add(10, 10);
+        scene.Add(40, 10);
+        scene.row->Keys().SetSelectionByIndex(1, 1, true, ~0u);
+        std::vector<std::vector<int>> selections;
+        scene.fixture.host.reaction = [&](const QString&) {
+            selections.push_back(scene.row->Keys().SelectedIndexes());
+        };
+        scene.Press(105);
+        QCOMPARE(scene.TakeCalls(), kPressed);
+        QCOMPARE(selections, (std::vector<std::vector<int>>{{1}, {}, {0}}));
+        scene.fixture.host.reaction = nullptr;
+        scene.Release();
+    }
+
+    void theEdgesOfAWaveRowAreDragged()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP});
+        scene.row->MakeWave();
+        scene.row->LoadStyle(0);
+        scene.Add(10, 10);
+        scene.Press(105);
+        scene.MoveTo(120);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(),
+                 kPressed + kBegins + QStringList{"edit 3 [row] 0 1"} + kLoopEnds);
+    }
+
+    void theMenuOpensAfterTheDragHasEnded()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        scene.Press(105);
+        scene.MoveTo(120);
+        scene.TakeCalls();
+        scene.Press(300, Qt::RightButton);
+        const QStringList calls = scene.TakeCalls();
+        // The pointer moves on to where the other button goes down.
+        QCOMPARE(calls,
+                 (QStringList{"edit 3 [row] 0 4"} + kLoopEnds +
+                  QStringList{"same body row", "frame 60 false", "frame 60 true", "menu row"}));
+        QVERIFY(scene.IsIdle());
+        scene.MoveTo(350);
+        scene.Release(Qt::RightButton);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList());
+    }
+
     // --- loop or speed --------------------------------------------------------------------------
 
     void theHostsChoiceDecidesBetweenLoopAndSpeed_data()
@@ -514,6 +689,30 @@ private slots:
         scene.Add(40, 10);
         scene.MoveTo(255);
         QVERIFY(!scene.HasOwnCursor());
+    }
+
+    void theCursorGoesWithTheEditModes()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP});
+        scene.Add(40, 10);
+        scene.MoveTo(255);
+        QVERIFY(scene.ShowsCursor(scene.row->LoopCursor()));
+        scene.row->SetEditModes({});
+        scene.MoveTo(254);
+        QVERIFY(!scene.HasOwnCursor());
+    }
+
+    void aPointerAlongAnEdgeSetsItsCursorOnce()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP});
+        scene.Add(40, 10);
+        EventCount cursors(scene.row, QEvent::CursorChange);
+        for (const int x : {253, 254, 255, 256})
+            scene.MoveTo(x);
+        QCOMPARE(cursors.count, 1);
+        scene.MoveTo(300);
+        scene.MoveTo(310);
+        QCOMPARE(cursors.count, 2);
     }
 
     void thePressShowsTheCursorAndTheDragTakesItAway_data()
@@ -601,9 +800,10 @@ private slots:
         const QStringList calls = scene.TakeCalls();
         QCOMPARE(calls.mid(0, 2), kLoopEnds);
         QCOMPARE(calls.last(), QString("double click row -1"));
+        // The release is the double click's, and goes to where the pointer is.
         scene.MoveTo(400);
         scene.Release();
-        QVERIFY(scene.TakeCalls().filter("edit").isEmpty());
+        QCOMPARE(scene.TakeCalls(), QStringList({"frame 80 false", "frame 80 true"}));
     }
 
     void theReleaseThatFollowsALostDragIsNotAnotherGestures()

@@ -229,16 +229,31 @@ private slots:
         }
     }
 
-    void aSelectionLeftOverFromRemovedKeysHasNoLeadIn()
+    void theLeadInOfASelectedClipIsFoundAfterAKeyBeforeItWasRemoved()
     {
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
         keys.SetSelectionByIndex(1, 1, true, ~0u);
         keys.RemoveAt(0); // unselected: the entry of the other one now lies past the end
+        QVERIFY(keys.GetAt(0)->selected);
         const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
-        for (const int x : {50, 200})
-            QCOMPARE(edges.HitTrimEdge(QPoint(x, kMiddle)), -1);
+        const int start = ClipTrimPixel(axis, *keys.GetAt(0));
+        QCOMPARE(edges.HitTrimEdge(QPoint(start, kMiddle)), 0);
+        QCOMPARE(edges.HitTrimEdge(QPoint(start + 10, kMiddle)), -1);
+    }
+
+    void anUnselectedClipInAnEntrysPlaceHasNoLeadIn()
+    {
+        const FrameAxis axis = MakeAxis(100, 5);
+        CTimelineKeyArray keys;
+        for (const int frame : {10, 30, 60})
+            keys.Add(MakeClip(frame, 5), false);
+        keys.SetSelectionByIndex(1, 1, true, ~0u);
+        keys.RemoveAt(0); // the entry of the second clip is now the third one's index
+        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        QCOMPARE(edges.HitTrimEdge(QPoint(axis.FrameToPixel(30), kMiddle)), 0);
+        QCOMPARE(edges.HitTrimEdge(QPoint(axis.FrameToPixel(60), kMiddle)), -1);
     }
 
     void lookingForALeadInCostsOnlyWhatIsSelected()

@@ -240,11 +240,11 @@ void tst_KeyGestureMarker::leavesNoResizeCursorWhereTheButtonWasLost()
     scene.pointer.Press(scene.row, scene.OnEndMarker(20));
     scene.MoveTo(30);
     scene.pointer.LoseButtons();
-    QPoint below = scene.At(40);
-    below.setY(scene.row->GetRowHeight() - 1);
-    scene.pointer.MoveTo(scene.row, below);
-    QCOMPARE(scene.Range(), FrameRange(10, 40));
-    QCOMPARE(scene.row->HitTestRangeMarker(below), -1);
+    // Behind the last frame, where the marker cannot follow.
+    const QPoint beside = scene.At(MouseScene::kFrames + 10);
+    scene.pointer.MoveTo(scene.row, beside);
+    QCOMPARE(scene.Range(), FrameRange(10, MouseScene::kFrames - 1));
+    QCOMPARE(scene.row->HitTestRangeMarker(beside), -1);
     QVERIFY(!scene.HasResizeCursor());
 }
 

@@ -1,4 +1,5 @@
 #include "KindGestures.h"
+#include "MessageSpy.h"
 #include "support/PaintCounter.h"
 #include "tracks/CTimelineTrackSwitch.h"
 
@@ -56,6 +57,8 @@ public:
     static constexpr int kArrow = 20; ///< pixels at least as wide as an arrow
 };
 
+const QString kPress = "1108 (0, 0, 0, 0)";
+const QString kRepaint = "1101 (0, 0, 0, 0)";
 const QStringList kPressed = {"same body row"};
 
 } // namespace
@@ -190,6 +193,35 @@ private slots:
         QVERIFY(scene.row->hasFocus());
         scene.Release();
         QVERIFY(!scene.row->hasFocus());
+    }
+
+    void theOwnerIsToldOfEachStepOfAClick()
+    {
+        SwitchRow scene({0, 0});
+        const int x = scene.On(1);
+        scene.MoveTo(x);
+        MessageSpy spy(scene.row);
+        scene.Press(x);
+        QCOMPARE(spy.TakeMessages(), QStringList{kPress});
+        scene.MoveTo(x + 1); // the arrows, then the hover
+        QCOMPARE(spy.TakeMessages(), QStringList({kRepaint, kRepaint}));
+        scene.Release();
+        QCOMPARE(spy.TakeMessages(), QStringList({"1213 (0, 0, 1, 0)", kRepaint, kRepaint}));
+        scene.pointer.PressAgain(); // a double click
+        QCOMPARE(spy.TakeMessages(), QStringList());
+    }
+
+    void theOwnerIsToldOfEachStepOnAnArrow()
+    {
+        SwitchRow scene(SwitchRow::Many());
+        scene.MoveTo(scene.OnRightArrow());
+        MessageSpy spy(scene.row);
+        scene.Press(scene.OnRightArrow());
+        QCOMPARE(spy.TakeMessages(), QStringList({kPress, "1214 (0, 0, 0, 0)", kRepaint}));
+        scene.Release();
+        QCOMPARE(spy.TakeMessages(), QStringList({kRepaint, kRepaint}));
+        scene.pointer.MoveTo(scene.outside, QPoint(5, 5)); // leaves the row
+        QCOMPARE(spy.TakeMessages(), QStringList({kRepaint, kRepaint}));
     }
 
     // --- hover ----------------------------------------------------------------------------------

@@ -83,6 +83,10 @@ private slots:
     void aClipHitBesideItsSubKeysIsSelectedAlone();
     void aClickBesideAllClipsKeepsTheSelectionOfSubKeys();
     void aClipWithoutSubKeysIsSelectedOnARowOfSubKeysToo();
+    void subKeysThatClipsShareKeepTheirSelection();
+    void theFrameIsBroughtBackIntoATimelineThatTheHostHasShortened();
+    void aKeyDragEndsBeforeTheMenu();
+    void aRowOfSwitchesOpensItsMenuToo();
     void aGestureUnderWayEndsBeforeTheMenu();
     void theTracksMessagesInTheirOrder();
 
@@ -314,6 +318,70 @@ void tst_TrackMenuPress::aClipWithoutSubKeysIsSelectedOnARowOfSubKeysToo()
     QCOMPARE(scene.Calls(), (QStringList{"same Body Mouth", "cleared", "changed", "frame 35 false",
                                          "frame 35 true", "menu Mouth"}));
     QVERIFY(scene.first->selected);
+}
+
+void tst_TrackMenuPress::subKeysThatClipsShareKeepTheirSelection()
+{
+    SubKeyScene scene;
+    scene.second->subKeys = scene.first->subKeys;
+    scene.mouth->InvalidateCaches();
+    scene.first->subKeys->SetSelectionByIndex(0, 1, true, 0);
+    QVERIFY(RightClick(scene.mouth, scene.PointOfSubKey(0, 1)));
+    QCOMPARE(scene.mouth->Keys().SelectedIndexes(), std::vector<int>{0});
+    QCOMPARE(scene.first->subKeys->SelectedIndexes(), (std::vector<int>{0, 1}));
+}
+
+void tst_TrackMenuPress::theFrameIsBroughtBackIntoATimelineThatTheHostHasShortened()
+{
+    for (const int frameCount : {30, 0}) {
+        MenuScene scene;
+        scene.Activate(scene.arm);
+        scene.alsoReact = [&](const QString& line) {
+            if (line == "cleared")
+                TimelineLibrary::Instance().axis.frameCount = frameCount;
+        };
+        QVERIFY(RightClickAt(scene.arm, 40));
+        QCOMPARE(CurrentFrame(), std::max(frameCount - 1, 0));
+        QVERIFY(scene.Calls().filter("frame 40").isEmpty());
+    }
+}
+
+void tst_TrackMenuPress::aKeyDragEndsBeforeTheMenu()
+{
+    MenuScene scene;
+    scene.Activate(scene.arm);
+    Pointer pointer(scene.arm);
+    pointer.Press(scene.arm, PointAt(scene.arm, 20));
+    pointer.MoveTo(scene.arm, PointAt(scene.arm, 24));
+    scene.Calls();
+    pointer.Press(scene.arm, PointAt(scene.arm, 60), Qt::RightButton);
+    // The frame of the menu's press is the one that the drag has ended at: no news.
+    QCOMPARE(scene.Calls(),
+             QStringList({"edit 2 [Arm] 36 0", "edit 6 [Arm] 40 0", "edit 1 [Arm] 0 0",
+                          "frame 60 false", "frame 60 true", "same Body Arm", "menu Arm"}));
+    pointer.Release(Qt::RightButton);
+    pointer.Release();
+    QCOMPARE(scene.Calls(), QStringList());
+}
+
+void tst_TrackMenuPress::aRowOfSwitchesOpensItsMenuToo()
+{
+    MenuScene scene;
+    CTimelineTrackBase* const row = scene.fixture.Child(scene.body, TL_TRACK_SWITCH, "Switch");
+    std::vector<_tmpTLSwitchBtnData> buttons{{"One", 0}, {"Two", 2}};
+    scene.fixture.manager->SetTrackSwitchBtnList(row, buttons);
+    scene.fixture.SetEditModes(row, {TL_EDIT_MOVE_KEYS, TL_EDIT_COPY});
+    scene.fixture.manager->InvalidateTimeline();
+    scene.fixture.Settle();
+    scene.Activate(row);
+    int x = 0;
+    while (x < row->width() && row->HitTestKey(QPoint(x, row->height() / 2)) != 1)
+        ++x;
+    QCOMPARE(row->HitTestKey(QPoint(x, row->height() / 2)), 1); // a button, and no key
+    QVERIFY(RightClick(row, QPoint(x, row->height() / 2)));
+    const int frame = row->PixelToFrame(x);
+    QCOMPARE(scene.Calls(), (QStringList{"same Body Switch", QString("frame %1 false").arg(frame),
+                                         QString("frame %1 true").arg(frame), "menu Switch"}));
 }
 
 void tst_TrackMenuPress::aGestureUnderWayEndsBeforeTheMenu()

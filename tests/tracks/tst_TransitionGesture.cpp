@@ -1,4 +1,5 @@
 #include "KindGestures.h"
+#include "MessageSpy.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackTransKey.h"
 #include "tracks/TransitionHandles.h"
@@ -116,6 +117,116 @@ private slots:
         scene.Release(Qt::MiddleButton);
         QCOMPARE(scene.TakeCalls(), QStringList());
         QVERIFY(scene.row->Keys().SelectedIndexes().empty());
+    }
+
+    void anotherButtonOnARowWithoutEditModesLeavesTheDragAsItIs_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char* how : {"release", "focus", "hide", "press"})
+            QTest::newRow(how) << QString(how);
+    }
+    void anotherButtonOnARowWithoutEditModesLeavesTheDragAsItIs()
+    {
+        QFETCH(QString, how);
+        TransitionRow scene({});
+        DragOneStep(scene);
+        scene.Press(65, Qt::MiddleButton);
+        scene.Release(Qt::MiddleButton);
+        QCOMPARE(scene.TakeCalls(), QStringList({"frame 13 false", "frame 13 true"}));
+
+        if (how == "release") {
+            scene.Release();
+        } else if (how == "focus") {
+            scene.outside->setFocus();
+        } else if (how == "hide") {
+            scene.fixture.dock->hide();
+        } else {
+            QMouseEvent press(QEvent::MouseButtonPress, scene.At(300), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(scene.row, &press);
+        }
+        scene.fixture.Settle();
+        QCOMPARE(scene.TakeCalls().mid(0, 2), kEnds);
+    }
+
+    void aHandlePressedWhileTheRowIsToldOfAnotherPressIsDraggedAndWatched()
+    {
+        TransitionRow scene;
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        scene.When("same body row", [&] {
+            QMouseEvent press(QEvent::MouseButtonPress, scene.At(75), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(scene.row, &press);
+        });
+        scene.Press(300);
+        QCOMPARE(scene.TakeCalls(), QStringList{"same body row"} + kPressed);
+        QCOMPARE(scene.row->RangeStart(), -1); // the outer press began no range
+        scene.MoveTo(65);
+        QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 5 [row] 0 2"});
+        scene.outside->setFocus();
+        scene.fixture.Settle();
+        QCOMPARE(scene.TakeCalls(), kEnds);
+    }
+
+    void theOwnerIsToldTheKeyAndTheAmount()
+    {
+        TransitionRow scene;
+        scene.Add(5, 0, 0);
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        MessageSpy spy(scene.row);
+        scene.Press(75);
+        QCOMPARE(spy.TakeMessages(), QStringList({"1108 (0, 0, 0, 0)", "1102 (0, 0, 0, 0)"}));
+        scene.MoveTo(65);
+        scene.Release();
+        QCOMPARE(spy.TakeMessages(),
+                 QStringList({"1209 (0, 0, 1, 2)", "1210 (0, 0, 1, 2)", "1211 (0, 0, 1, 0)"}));
+    }
+
+    void theKeyIsSelectedAfterTheRowIsActivated()
+    {
+        TransitionRow scene;
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        std::vector<std::vector<int>> selections;
+        scene.fixture.host.reaction = [&](const QString&) {
+            selections.push_back(scene.row->Keys().SelectedIndexes());
+        };
+        scene.Press(75);
+        QCOMPARE(scene.TakeCalls(), kPressed);
+        QCOMPARE(selections, (std::vector<std::vector<int>>{{}, {0}}));
+        scene.fixture.host.reaction = nullptr;
+        scene.Release();
+    }
+
+    void theMenuOpensAfterTheDragHasEnded()
+    {
+        TransitionRow scene;
+        DragOneStep(scene);
+        scene.Press(300, Qt::RightButton);
+        const QStringList calls = scene.TakeCalls();
+        // The pointer moves on to where the other button goes down.
+        QCOMPARE(calls,
+                 (QStringList{"edit 5 [row] 0 -5"} + kEnds +
+                  QStringList{"same body row", "frame 60 false", "frame 60 true", "menu row"}));
+        scene.MoveTo(350);
+        scene.Release(Qt::RightButton);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList());
+    }
+
+    void aDoubleClickEndsTheDragThatLostItsButton()
+    {
+        TransitionRow scene;
+        DragOneStep(scene);
+        QMouseEvent press(QEvent::MouseButtonDblClick, scene.At(300), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(scene.row, &press);
+        const QStringList calls = scene.TakeCalls();
+        QCOMPARE(calls.mid(0, 2), kEnds);
+        QCOMPARE(calls.last(), QString("double click row -1"));
+        // The release is the double click's, and goes to where the pointer is.
+        scene.MoveTo(400);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList({"frame 80 false", "frame 80 true"}));
     }
 
     void aLockedKeyIsDraggedWithoutBeingSelected()

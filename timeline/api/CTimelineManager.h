@@ -195,8 +195,10 @@ public:
     /// Whether a clip of the wave row covers @p frame, both its ends included; false without such a
     /// row.
     bool CheckDragFileUnderVisemeClip(int frame);
-    /// After a dropped file was loaded: activates the track and selects the clip at the current
-    /// frame.
+    /// After a dropped file was loaded: activates the track, clears the key selection of all other
+    /// tracks, tells the host of both, and selects the clip that starts at the current frame in
+    /// addition to what the track has selected already. Nothing for null and for a track that is
+    /// gone.
     void SetDropTrackFocusAndPickJustLoadClip(CTimelineTrackBase* track);
 
     // ---- Frames and view ----

@@ -251,6 +251,7 @@ private:
     void PaintPending();
     void RepaintStep();
     bool MakeScrubPictures();
+    void DropScrubPictures();
     FrameStrips Strips() const;
     QRect RulerRect() const;
     QRect RowRect(const CTimelineTrackBase& track, int y) const;
@@ -281,8 +282,9 @@ private:
     DropFileRules m_dropRules;
     MultiTrackKeyDrag m_keyDrag;
     OnScreen m_onScreen;
-    bool m_isScrubbing = false; ///< a step repainted everything, and nothing was painted since
-    FrameStrips m_strips;       ///< of the pictures
+    int m_steps = 0;                ///< of the current frame since anything else was painted
+    bool m_areStepsRepeated = true; ///< the last time there were steps, there were several
+    FrameStrips m_strips;           ///< of the pictures
     ScrubPictures m_scrubPictures;
     QRegion m_step; ///< while a step of the current frame is being painted
     std::unique_ptr<QPixmap> m_backBuffer;

@@ -172,7 +172,7 @@ void CTimelineContainer::showEvent(QShowEvent* event)
 
 void CTimelineContainer::hideEvent(QHideEvent* event)
 {
-    m_scrubPictures.Drop(); // two whole pictures that nobody sees
+    DropScrubPictures(); // two whole pictures that nobody sees
     QWidget::hideEvent(event);
 }
 

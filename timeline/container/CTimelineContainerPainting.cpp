@@ -58,13 +58,16 @@ void CTimelineContainer::ShowCurrentFrame()
         return;
     // The pictures take longer than a repaint: they are worth while when one step follows another,
     // and not for a host that has everything painted in between.
-    const bool isSecondStep = isKnown && m_isScrubbing;
-    if (!isKnown || (!m_scrubPictures.AreReady() && !(isSecondStep && MakeScrubPictures()))) {
+    const int steps = m_steps + 1;
+    const bool isWorthPictures = isKnown && (m_areStepsRepeated || steps > 1);
+    const bool isReady = isKnown && m_scrubPictures.AreReady();
+    if (!isReady && !(isWorthPictures && MakeScrubPictures())) {
         repaint();
         if (self)
-            m_isScrubbing = !isSecondStep;
+            m_steps = isKnown && !isWorthPictures ? steps : 0;
         return;
     }
+    m_steps = steps;
     FrameAxis before = Axis();
     before.currentFrame = m_onScreen.frame;
     m_step = m_strips.Region(before) + m_strips.Region(Axis());
@@ -105,6 +108,14 @@ bool CTimelineContainer::MakeScrubPictures()
                const HiddenFrame hidden;
                Paint(painter, frame);
            });
+}
+
+void CTimelineContainer::DropScrubPictures()
+{
+    m_scrubPictures.Drop();
+    if (m_steps > 0)
+        m_areStepsRepeated = m_steps > 1;
+    m_steps = 0;
 }
 
 /// Where Paint puts the ruler and the rows.
@@ -176,8 +187,7 @@ void CTimelineContainer::PaintStep(QPainter& painter)
 /// that all of it is known only when it was the same then.
 void CTimelineContainer::RememberPainted(const QRegion& region)
 {
-    m_scrubPictures.Drop();
-    m_isScrubbing = false;
+    DropScrubPictures();
     const OnScreen now{PaintedState(*this), Axis().currentFrame};
     const bool isWhole = (visibleRegion() - region).isEmpty();
     const bool isConsistent = m_onScreen.state == now.state && m_onScreen.frame == now.frame;

@@ -13,6 +13,6 @@ bool CanSelectNeighbourKey(const CTimelineContainer& container, const CTimelineT
 /// Selects the first key after the current frame, or the first of all; the frame moves before the
 /// selection.
 void SelectNextKey(CTimelineContainer& container, CTimelineTrackBase* track);
-/// Selects the key before the first selected one (before the current frame when none is selected), or the
-/// last of all, passing over locked keys; the frame moves after the selection.
+/// Selects the key before the first selected one (before the current frame when none is selected),
+/// or the last of all, passing over locked keys; the frame moves after the selection.
 void SelectPreviousKey(CTimelineContainer& container, CTimelineTrackBase* track);

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int kFewestEditModes = 2; ///< of a row whose keys can be selected
+
 /// Every track that exists. Qt deletes a track with its parent widget without asking the manager,
 /// so whoever holds a plain pointer asks here first.
 std::unordered_set<const CTimelineTrackBase*>& LiveTracks()
@@ -117,6 +119,11 @@ void CTimelineTrackBase::ClearRangeOrSubSelection()
         if (key->subKeys)
             key->subKeys->SetSelection(0, lastFrame, false, TL_KEY_ANY_KIND);
     }
+}
+
+bool CTimelineTrackBase::IsFrameOnlyRow() const
+{
+    return m_editModes.GetSize() < kFewestEditModes;
 }
 
 bool CTimelineTrackBase::CopySelectionToClipboard()

@@ -149,6 +149,9 @@ public:
     /// What the user may do in the row; replaces what was allowed before.
     void SetEditModes(const EditModes& modes) { m_editModes = modes; }
     bool HasEditMode(TLEditType mode) const { return m_editModes.Contains(mode); }
+    /// With fewer than two edit modes a row's keys cannot be selected, nor is there a menu: a press
+    /// only sets the current frame.
+    bool IsFrameOnlyRow() const;
 
     CTimelineTrackBaseInterface* GetOwner() const { return m_owner; }
     /// Who gets the track's messages; not owned, null for nobody.
@@ -173,6 +176,8 @@ protected:
 
     /// Watches the gesture that is under way; every handler has an OpenGesture::Handling of it.
     OpenGesture& Gesture() { return m_gesture; }
+    /// The gesture that is common to all rows; the drags of a kind's own make it give way.
+    KeyGesture& CommonGesture() { return m_keyGesture; }
 
     /// What Init does for every kind: parent, type, size (width, current height) and size policy.
     bool InitAs(QWidget* parent, int trackType, int width);

@@ -10,7 +10,9 @@ class CTimelineTrackBaseInterface
 {
 public:
     /// Reports a gesture: one of the codes 1101 to 1214. An empty value is QVariant(0).
-    /// @return the owner's answer; -1 for an unknown code.
+    /// @return the owner's answer; -1 for an unknown code. Two answers count: which edit the drag
+    /// of a clip's end does (1212), TL_EDIT_CLIP_LOOP (3) or TL_EDIT_CLIP_SPEED (4), negative for
+    /// none; and whether the row may open a menu (1116), negative for no.
     virtual int OnTrackMessage(int code, CTimelineTrackBase* track, int number, QVariant value1,
                                QVariant value2, QVariant value3) = 0;
     /// A file was dropped on the track; true when it was taken.

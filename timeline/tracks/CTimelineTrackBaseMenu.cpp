@@ -3,8 +3,10 @@
 #include "tracks/CTimelineTrackBase.h"
 
 #include "library/TimelineLibrary.h"
-#include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBaseInterface.h"
+#include "tracks/CurrentFrame.h"
+#include "tracks/KeyHit.h"
+#include "tracks/PressSelection.h"
 #include "tracks/TrackMenu.h"
 #include "tracks/TrackReport.h"
 
@@ -13,45 +15,6 @@
 #include <algorithm>
 
 namespace {
-
-using KeyPointer = VZ::CPointer<CTimelineKey>;
-
-/// A row with fewer edit modes only shows the current frame.
-constexpr int kFewestEditModes = 2;
-
-/// The key at @p index, held so that it outlives the host's changes; null without one.
-KeyPointer KeyAt(const CTimelineKeyArray& keys, int index)
-{
-    const bool isKey = index >= 0 && static_cast<std::size_t>(index) < keys.GetSize();
-    return isKey ? keys.Keys()[static_cast<std::size_t>(index)] : KeyPointer();
-}
-
-/// Where @p key stands now; -1 when the host took it away.
-int IndexOf(const CTimelineKeyArray& keys, const KeyPointer& key)
-{
-    const auto& all = keys.Keys();
-    const auto found = std::find(all.begin(), all.end(), key);
-    return found == all.end() ? -1 : static_cast<int>(found - all.begin());
-}
-
-void Select(CTimelineKeyArray& keys, int index)
-{
-    keys.SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
-}
-
-/// Selects the key at @p index and no other; no other clip keeps selected sub-keys.
-void SelectAlone(CTimelineKeyArray& keys, int index)
-{
-    const int last = static_cast<int>(keys.GetSize()) - 1;
-    keys.SetSelectionByIndex(0, index - 1, false, TL_KEY_ANY_KIND);
-    keys.SetSelectionByIndex(index + 1, last, false, TL_KEY_ANY_KIND);
-    for (int other = 0; other <= last; ++other) {
-        const KeyPointer clip = KeyAt(keys, other);
-        if (other != index && clip->subKeys)
-            clip->subKeys->ClearAllSelection();
-    }
-    Select(keys, index);
-}
 
 /// What a press of the right button does to the selection and the current frame, much as one of
 /// the left button would, though it never clears a selection without making another.
@@ -66,13 +29,11 @@ public:
     /// @p point is in pixels from the row's corner. @return whether the track is still there.
     bool At(QPoint point)
     {
-        if (!MoveFrameTo(m_track.PixelToFrame(point.x())))
+        if (!MoveFrameTo(m_track.PixelToFrame(point.x())) || !Select(KeyHit(m_track, point)))
             return false;
-        const int index = m_track.HitTestKey(point);
-        const bool isThere = m_track.HasEditMode(TL_EDIT_SUB_KEYS)
-                                 ? PressClip(index, m_track.HitTestSubKey(point, index))
-                                 : PressKey(index);
-        return isThere && m_report.SendCurrentFrame();
+        // The host may have taken frames away since the current one was written.
+        SetFrame(m_axis.currentFrame);
+        return m_report.SendCurrentFrame();
     }
 
 private:
@@ -83,59 +44,19 @@ private:
         return frame < m_axis.frameCount || m_report.SendCurrentFrame();
     }
 
-    void SetFrame(long long frame)
-    {
-        const int last = std::max(m_axis.frameCount - 1, 0);
-        m_axis.currentFrame = static_cast<int>(std::clamp<long long>(frame, 0, last));
-    }
+    /// The valid frame nearest to @p frame; 0 while there are no frames.
+    void SetFrame(int frame) { m_axis.currentFrame = std::max(NearestFrame(frame), 0); }
 
-    bool PressKey(int index)
+    bool Select(const KeyHit& hit)
     {
-        CTimelineKeyArray& keys = m_track.Keys();
-        const KeyPointer key = KeyAt(keys, index);
-        if (!key)
-            return true;
-        if (!key->selected) {
-            keys.ClearAllSelection();
-            if (!m_report.Send(kTrackSelectionCleared))
-                return false;
-            Select(keys, IndexOf(keys, key));
-            if (!m_report.Send(kTrackSelectionChanged))
-                return false;
-        }
-        if (!key->subKeys && IndexOf(keys, key) >= 0)
-            SetFrame(key->frame);
-        return true;
-    }
-
-    bool PressClip(int index, int subIndex)
-    {
-        CTimelineKeyArray& keys = m_track.Keys();
-        const KeyPointer clip = KeyAt(keys, index);
-        if (!clip)
-            return true;
-        const KeyPointer subKey = clip->subKeys ? KeyAt(*clip->subKeys, subIndex) : KeyPointer();
-        if (!m_report.Send(kTrackSelectionCleared))
+        if (hit.EditsSubKeys() && hit.Key() && !SelectHitClip(m_track, hit, m_report))
             return false;
-        if (const int now = IndexOf(keys, clip); now >= 0)
-            SelectAlone(keys, now);
-        if (!m_report.Send(kTrackSelectionChanged))
-            return false;
-        if (!subKey || !clip->subKeys || IndexOf(keys, clip) < 0)
+        if (!hit.Edited())
             return true;
-        return PressSubKey(*clip, *clip->subKeys, subKey);
-    }
-
-    bool PressSubKey(const CTimelineKey& clip, CTimelineKeyArray& subKeys, const KeyPointer& subKey)
-    {
-        if (!subKey->selected) {
-            subKeys.ClearAllSelection();
-            Select(subKeys, IndexOf(subKeys, subKey));
-            if (!m_report.Send(kTrackSelectionChanged))
-                return false;
-        }
-        if (!subKey->subKeys)
-            SetFrame(static_cast<long long>(subKey->frame) + clip.frame);
+        if (!hit.Edited()->selected &&
+            (!SelectHitAlone(hit, m_report) || !m_report.Send(kTrackSelectionChanged)))
+            return false;
+        GoToHit(hit);
         return true;
     }
 
@@ -148,7 +69,7 @@ private:
 
 void CTimelineTrackBase::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (m_trackType == TL_TRACK_WAVE || m_editModes.GetSize() < kFewestEditModes) {
+    if (m_trackType == TL_TRACK_WAVE || IsFrameOnlyRow()) {
         event->ignore();
         return;
     }

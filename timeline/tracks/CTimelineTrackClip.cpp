@@ -11,7 +11,6 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -93,12 +92,11 @@ void CTimelineTrackClip::mousePressEvent(QMouseEvent* event)
     const QPointer<CTimelineTrackClip> self(this);
     const OpenGesture::Handling handling(Gesture());
     const bool isLeft = event->button() == Qt::LeftButton;
-    if (self && isLeft && Gesture().IsOn())
+    if (self && isLeft)
         EndGesture();
     if (!self)
         return;
 
-    m_releaseIsDone = m_releaseIsDone && !isLeft;
     if (GetEditModes().GetSize() == 0) {
         GoToFrameAt(event->x());
         return;
@@ -108,7 +106,7 @@ void CTimelineTrackClip::mousePressEvent(QMouseEvent* event)
         CTimelineTrackBase::mousePressEvent(event);
         return;
     }
-    Gesture().Begin();
+    CommonGesture().GiveWay();
     m_edgeDrag.Press(edge);
     event->accept();
     if (self && m_edgeDrag.IsOn())
@@ -122,18 +120,19 @@ void CTimelineTrackClip::mouseMoveEvent(QMouseEvent* event)
     if (!self)
         return;
     if (!m_edgeDrag.IsOn()) {
-        if (GetEditModes().GetSize() > 0)
-            ShowCursorFor(HitTestEdge(event->pos()).kind);
+        const bool canEdit = GetEditModes().GetSize() > 0;
+        ShowCursorFor(canEdit ? HitTestEdge(event->pos()).kind : -1);
         CTimelineTrackBase::mouseMoveEvent(event);
         return;
     }
     event->accept();
     if (!(event->buttons() & Qt::LeftButton)) {
         EndGesture(); // the button went up where nobody saw it
-    } else if (GetEditModes().GetSize() > 0) {
-        ShowCursorFor(-1);
-        m_edgeDrag.DragTo(event->x());
+        return;
     }
+    ShowCursorFor(-1);
+    if (GetEditModes().GetSize() > 0)
+        m_edgeDrag.DragTo(event->x());
 }
 
 void CTimelineTrackClip::mouseReleaseEvent(QMouseEvent* event)
@@ -142,14 +141,9 @@ void CTimelineTrackClip::mouseReleaseEvent(QMouseEvent* event)
     const OpenGesture::Handling handling(Gesture());
     if (!self)
         return;
-    const bool isLeft = event->button() == Qt::LeftButton;
-    if (isLeft && m_edgeDrag.IsOn())
+    if (event->button() == Qt::LeftButton && m_edgeDrag.IsOn())
         EndGesture();
-    if (!self)
-        return;
-    if (isLeft && std::exchange(m_releaseIsDone, false))
-        event->accept();
-    else
+    if (self)
         CTimelineTrackBase::mouseReleaseEvent(event);
 }
 
@@ -160,8 +154,7 @@ void CTimelineTrackClip::EndGesture()
         return;
     }
     const CallOut callOut;
-    Gesture().End();
-    m_releaseIsDone = true;
+    CommonGesture().ComeBack();
     clearFocus();
     m_edgeDrag.Release();
 }
@@ -176,8 +169,11 @@ void CTimelineTrackClip::GoToFrameAt(int x)
 
 void CTimelineTrackClip::ShowCursorFor(int kind)
 {
-    if (const QCursor* const edgeCursor = CursorFor(kind))
+    // Setting a cursor is an event each time; a pointer that moves on along an edge has it already.
+    const bool hasCursor = testAttribute(Qt::WA_SetCursor);
+    const QCursor* const edgeCursor = CursorFor(kind);
+    if (edgeCursor && !(hasCursor && cursor() == *edgeCursor))
         setCursor(*edgeCursor);
-    else if (testAttribute(Qt::WA_SetCursor))
+    else if (!edgeCursor && hasCursor)
         unsetCursor();
 }

@@ -25,9 +25,11 @@ public:
     /// modes. Asks the owner (message 1212) when both loop and speed editing are allowed.
     ClipEdgeHit HitTestEdge(QPoint point);
 
+    /// The drag of a clip's edge, which is idle while none is dragged.
     const ClipEdgeGesture& GetEdgeDrag() const { return m_edgeDrag; }
+    /// The cursors over an edge: a picture each, with the hot spot at its centre.
     const QCursor& LoopCursor() const { return m_loopCursor; }
-    const QCursor& SpeedCursor() const { return m_speedCursor; }
+    const QCursor& SpeedCursor() const { return m_speedCursor; } ///< of trim edges too
     /// The cursor that announces a drag of @p kind: loop for loop edges, speed for speed and trim
     /// edges, null where there is no edge.
     const QCursor* CursorFor(int kind) const;
@@ -46,7 +48,6 @@ private:
     void ShowCursorFor(int kind);
 
     ClipEdgeGesture m_edgeDrag{*this};
-    bool m_releaseIsDone = false; ///< the button is still to go up after a drag that has ended
     QCursor m_loopCursor;
     QCursor m_speedCursor;
 };

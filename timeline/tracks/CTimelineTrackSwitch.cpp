@@ -92,7 +92,7 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
     }
     ScrollBy(arrow);
     if (report.Send(kTrackButtonsScrolled))
-        RefreshArrows(arrow, true);
+        RefreshArrows(arrow, m_press.isDown); // the host may have ended the press
 }
 
 void CTimelineTrackSwitch::mouseMoveEvent(QMouseEvent* event)

@@ -8,8 +8,6 @@
 #include <QPainter>
 #include <QPointer>
 
-#include <utility>
-
 namespace {
 
 constexpr int kMostParts = 4; // that are worth a look at the keys each
@@ -86,17 +84,16 @@ void CTimelineTrackTransKey::mousePressEvent(QMouseEvent* event)
     const QPointer<CTimelineTrackTransKey> self(this);
     const OpenGesture::Handling handling(Gesture());
     const bool isLeft = event->button() == Qt::LeftButton;
-    if (self && isLeft && Gesture().IsOn())
+    if (self && isLeft)
         EndGesture();
     if (!self)
         return;
-    m_releaseIsDone = m_releaseIsDone && !isLeft;
     const int key = isLeft ? HitTestHandle(event->pos()) : -1;
     if (key < 0) {
         CTimelineTrackBase::mousePressEvent(event);
         return;
     }
-    Gesture().Begin();
+    CommonGesture().GiveWay();
     m_handleDrag.Press(key);
 }
 
@@ -120,12 +117,10 @@ void CTimelineTrackTransKey::mouseReleaseEvent(QMouseEvent* event)
     const OpenGesture::Handling handling(Gesture());
     if (!self)
         return;
-    const bool isLeft = event->button() == Qt::LeftButton;
-    if (isLeft && m_handleDrag.IsOn())
+    if (event->button() == Qt::LeftButton && m_handleDrag.IsOn())
         EndGesture();
-    if (!self || (isLeft && std::exchange(m_releaseIsDone, false)))
-        return;
-    CTimelineTrackBase::mouseReleaseEvent(event);
+    if (self)
+        CTimelineTrackBase::mouseReleaseEvent(event);
 }
 
 void CTimelineTrackTransKey::EndGesture()
@@ -135,7 +130,6 @@ void CTimelineTrackTransKey::EndGesture()
         return;
     }
     const CallOut callOut;
-    Gesture().End();
-    m_releaseIsDone = true;
+    CommonGesture().ComeBack();
     m_handleDrag.Release();
 }

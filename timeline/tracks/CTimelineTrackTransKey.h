@@ -33,5 +33,4 @@ private:
     bool CoversRow(const QPainter& painter, const QRect& rect) const;
 
     TransitionGesture m_handleDrag{*this};
-    bool m_releaseIsDone = false; ///< the button is still to go up after a drag that has ended
 };

@@ -1,11 +1,12 @@
 #include "tracks/ClipEdges.h"
 
 #include "TimelineEnums.h"
+#include "axis/ClampedInt.h"
 #include "axis/FrameAxis.h"
+#include "tracks/SelectionOrder.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <limits>
 
 namespace {
 
@@ -34,19 +35,15 @@ long long LoopCount(const CTimelineKey& clip)
 
 std::optional<int> Amount(long long value)
 {
-    if (value == 0)
-        return std::nullopt;
-    constexpr long long lowest = std::numeric_limits<int>::min();
-    constexpr long long highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, lowest, highest));
+    return value == 0 ? std::nullopt : std::optional<int>(ClampedInt(value));
 }
 
 } // namespace
 
 ClipEdges::ClipEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, bool searchable,
                      int rowHeight, int clipHeight)
-    : m_axis(axis), m_keys(keys.Keys()), m_selection(keys.SelectedIndexes()),
-      m_searchable(searchable), m_rowHeight(rowHeight), m_clipHeight(clipHeight)
+    : m_axis(axis), m_array(keys), m_keys(keys.Keys()), m_searchable(searchable),
+      m_rowHeight(rowHeight), m_clipHeight(clipHeight)
 {
 }
 
@@ -74,18 +71,28 @@ int ClipEdges::HitTrimEdge(QPoint point) const
 {
     if (!IsInBar(point.y()))
         return -1;
-    for (auto entry = m_selection.rbegin(); entry != m_selection.rend(); ++entry) {
-        // An entry may be left over from a key that was taken out.
-        if (*entry < 0 || static_cast<std::size_t>(*entry) >= m_keys.size())
-            continue;
-        const CTimelineKey& key = *m_keys[static_cast<std::size_t>(*entry)];
-        if (!key.selected || !IsClip(key))
-            continue;
-        const int x = ClipTrimPixel(m_axis, key);
-        if (x >= 0 && IsGrabbed(x, point.x()))
-            return *entry;
+    const auto isHit = [&](int index) { return IsTrimEdge(index, point.x()); };
+    if (IsSelectionInStep(m_array)) {
+        const auto& selection = m_array.SelectedIndexes();
+        const auto hit = std::find_if(selection.rbegin(), selection.rend(), isHit);
+        return hit == selection.rend() ? -1 : *hit;
     }
-    return -1;
+    int index = static_cast<int>(m_keys.size()) - 1;
+    while (index >= 0 && !isHit(index))
+        --index;
+    return index;
+}
+
+/// Whether the lead-in of the clip at @p index is drawn, and starts at @p x.
+bool ClipEdges::IsTrimEdge(int index, int x) const
+{
+    if (index < 0) // a host may have put it into the selection list
+        return false;
+    const CTimelineKey& key = *m_keys[static_cast<std::size_t>(index)];
+    if (!key.selected || !IsClip(key))
+        return false;
+    const int start = ClipTrimPixel(m_axis, key);
+    return start >= 0 && IsGrabbed(start, x);
 }
 
 int ClipEdges::HitEndEdge(QPoint point) const
@@ -119,8 +126,8 @@ int ClipEdges::HitEndEdge(QPoint point) const
 bool ClipEdges::IsInBar(int y) const
 {
     // Unsigned halving: a clip higher than its row puts the bar out of every pointer's reach.
-    const auto twice = static_cast<quint32>(m_rowHeight) - static_cast<quint32>(m_clipHeight);
-    const qint64 top = twice / 2;
+    const auto space = static_cast<quint32>(m_rowHeight) - static_cast<quint32>(m_clipHeight);
+    const qint64 top = space / 2;
     return y >= top && y <= top + m_clipHeight - 1;
 }
 

@@ -43,17 +43,18 @@ public:
     ClipEdgeHit HitTest(QPoint point, const ClipEdgeModes& modes,
                         const std::function<int()>& askWhich) const;
     /// The last selected clip whose lead-in starts at @p point; -1 for none. Costs what is
-    /// selected, however many keys there are.
+    /// selected, however many keys there are, unless the selection list is out of step.
     int HitTrimEdge(QPoint point) const;
     /// The last clip that ends at @p point; -1 for none.
     int HitEndEdge(QPoint point) const;
 
 private:
     bool IsInBar(int y) const;
+    bool IsTrimEdge(int index, int x) const;
 
     const FrameAxis& m_axis;
+    const CTimelineKeyArray& m_array;
     const CTimelineKeyArray::KeyVector& m_keys;
-    const std::vector<int>& m_selection;
     bool m_searchable;
     int m_rowHeight;
     int m_clipHeight;

@@ -15,12 +15,6 @@ FrameAxis& Axis()
 
 } // namespace
 
-bool ReportCurrentFrame(CTimelineTrackBase& track)
-{
-    TrackReport report(track);
-    return ReportCurrentFrame(report);
-}
-
 bool ReportCurrentFrame(TrackReport& report)
 {
     // The host may have taken frames away since the current one was written.

@@ -1,11 +1,9 @@
 #pragma once
 
-class CTimelineTrackBase;
 class TrackReport;
 
 /// Sends both notices of the current frame, which is brought into the timeline first. @return
 /// whether the track is still there to go on, see TrackReport.
-bool ReportCurrentFrame(CTimelineTrackBase& track);
 bool ReportCurrentFrame(TrackReport& report);
 
 /// The valid frame nearest to @p frame; -1 while there are no frames.

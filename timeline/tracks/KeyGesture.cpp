@@ -18,9 +18,6 @@
 
 namespace {
 
-/// With fewer edit modes a row only sets the current frame.
-constexpr int kFewestEditModes = 2;
-
 struct KeyDragCodes
 {
     int begins, step, ends;
@@ -40,11 +37,6 @@ KeyGesture::KeyGesture(CTimelineTrackBase& track, OpenGesture& watch)
 {
 }
 
-bool KeyGesture::IsFrameOnlyRow() const
-{
-    return m_track.GetEditModes().GetSize() < kFewestEditModes;
-}
-
 int KeyGesture::FrameAt(QPoint point) const
 {
     return m_track.PixelToFrame(point.x());
@@ -61,20 +53,20 @@ void KeyGesture::Press(QMouseEvent& event)
 {
     const QPointer<CTimelineTrackBase> track(&m_track);
     const bool isLeft = event.button() == Qt::LeftButton;
-    if (isLeft || IsFrameOnlyRow())
+    if (isLeft || m_track.IsFrameOnlyRow())
         End();
     if (!track)
         return;
-    if (!isLeft && !IsFrameOnlyRow()) {
+    if (!isLeft && !m_track.IsFrameOnlyRow()) {
         event.ignore();
         return;
     }
     m_pointer = {event.pos(), event.modifiers()};
-    m_releaseIsDone = false;
+    m_releaseIsDone = m_releaseIsDone && !isLeft;
     // Watched from the start: what the host opens in the first report takes the pointer away too.
     m_watch.Begin();
     PressRow(m_pointer);
-    if (track && !IsOn())
+    if (track && !IsOn() && !m_hasGivenWay)
         m_watch.End();
 }
 
@@ -82,7 +74,7 @@ void KeyGesture::PressRow(Pointer at)
 {
     ++m_turn;
     TrackReport report(m_track, m_turn);
-    if (IsFrameOnlyRow()) {
+    if (m_track.IsFrameOnlyRow()) {
         WriteCurrentFrame(FrameAt(at.point));
         ReportCurrentFrame(report);
         return;
@@ -189,7 +181,7 @@ bool KeyGesture::SelectFirstRange(Pointer at, TrackReport& report)
 void KeyGesture::Move(const QMouseEvent& event)
 {
     m_pointer = {event.pos(), event.modifiers()};
-    if (IsFrameOnlyRow()) {
+    if (m_track.IsFrameOnlyRow()) {
         End(); // the host took the edit modes away under the pointer
         return;
     }
@@ -247,7 +239,7 @@ void KeyGesture::DragKeys(Pointer at)
 void KeyGesture::Release(QMouseEvent& event)
 {
     m_pointer = {event.pos(), event.modifiers()};
-    if (IsFrameOnlyRow()) {
+    if (m_track.IsFrameOnlyRow()) {
         End();
         return;
     }
@@ -265,6 +257,21 @@ void KeyGesture::End()
         return;
     m_releaseIsDone = true;
     Finish();
+}
+
+void KeyGesture::GiveWay()
+{
+    ++m_turn;
+    m_releaseIsDone = false;
+    m_hasGivenWay = true;
+    m_watch.Begin();
+}
+
+void KeyGesture::ComeBack()
+{
+    m_releaseIsDone = true;
+    m_hasGivenWay = false;
+    m_watch.End();
 }
 
 /// What a release at the pointer's last place does. Nothing is under way any more when the first

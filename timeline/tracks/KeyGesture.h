@@ -43,6 +43,12 @@ public:
     /// Ends the gesture as a release at the pointer's last place would; nothing without one.
     void End();
 
+    /// A drag of the row's own kind takes the pointer: it is watched from now on, and a press that
+    /// is still being reported goes no further.
+    void GiveWay();
+    /// That drag is over. The button may still be down: when it goes up, that is no news.
+    void ComeBack();
+
 private:
     enum class State
     {
@@ -63,7 +69,6 @@ private:
         bool HasCtrl() const { return modifiers.testFlag(Qt::ControlModifier); }
     };
 
-    bool IsFrameOnlyRow() const;
     int FrameAt(QPoint point) const;
     int FramesSinceLastStep(QPoint point) const;
 
@@ -94,6 +99,7 @@ private:
     Pointer m_pointer;      ///< when it was last seen
     /// The gesture ended while the button was down: when it goes up, that is no news.
     bool m_releaseIsDone = false;
+    bool m_hasGivenWay = false; ///< the watch is over a drag of the row's own kind
     /// Counts presses and ends: the report of an earlier one is over when a later ran inside it.
     unsigned int m_turn = 0;
 };

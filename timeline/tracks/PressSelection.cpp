@@ -20,12 +20,6 @@ void GoTo(const KeyHit& hit, const CTimelineKey& key)
 
 } // namespace
 
-bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit)
-{
-    TrackReport report(track);
-    return SelectHitClip(track, hit, report);
-}
-
 bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit, TrackReport& report)
 {
     if (!report.Send(kTrackSelectionCleared))

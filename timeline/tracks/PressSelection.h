@@ -11,7 +11,6 @@ class TrackReport;
 /// Where sub-keys are edited: reports the clearing of the other rows, makes the clip that is hit
 /// the only selected one, clears the sub-key selections of all others, and reports the change. The
 /// selection inside the clip itself stays.
-bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit);
 bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit, TrackReport& report);
 
 /// Makes the key or sub-key that is hit the only selected one of its row or clip. For a key, the

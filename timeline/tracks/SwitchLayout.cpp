@@ -1,7 +1,8 @@
 #include "tracks/SwitchLayout.h"
 
+#include "axis/ClampedInt.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -15,13 +16,6 @@ int HalfRounded(int space)
 int HalfCut(int space)
 {
     return static_cast<int>(space / 2 + 0.5);
-}
-
-int ToInt(long long value)
-{
-    constexpr long long lowest = std::numeric_limits<int>::min();
-    constexpr long long highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, lowest, highest));
 }
 
 } // namespace
@@ -39,7 +33,7 @@ long long SwitchLayout::TotalWidth() const
 
 int SwitchLayout::MaximumScroll() const
 {
-    return ToInt(std::max(TotalWidth() - m_row.width(), 0LL));
+    return ClampedInt(std::max(TotalWidth() - m_row.width(), 0LL));
 }
 
 int SwitchLayout::ClampedOffset(int offset) const
@@ -103,7 +97,7 @@ SwitchArrowImages SwitchLayout::Refresh(int arrowUnderPointer, bool pressed, int
 QRect SwitchLayout::ButtonRect(int index, int offset) const
 {
     const int top = HalfCut(m_row.height() - m_button.height());
-    return QRect(QPoint(ToInt(ButtonLeft(index, offset)), top), m_button);
+    return QRect(QPoint(ClampedInt(ButtonLeft(index, offset)), top), m_button);
 }
 
 bool SwitchLayout::IsButtonVisible(int index, int offset) const

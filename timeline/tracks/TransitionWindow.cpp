@@ -2,6 +2,7 @@
 
 #include "model/TimelineKeyValues.h"
 #include "tracks/GlyphPainter.h"
+#include "tracks/SelectionOrder.h"
 #include "tracks/TransitionPainter.h"
 
 #include <algorithm>
@@ -65,21 +66,12 @@ private:
         if (last < 0)
             return;
         const auto& selection = m_array.SelectedIndexes();
-        if (!IsSelectionInStep())
+        if (!IsSelectionInStep(m_array))
             WalkBack(m_keys, last);
         else if (m_selected)
             WalkBackSelected();
         else if (selection.size() < m_keys.size())
             WalkBack(m_keys, last);
-    }
-
-    /// Taking an unselected key out of the array leaves the selection's indexes one too high: its
-    /// last entry then misses the last selected key.
-    bool IsSelectionInStep() const
-    {
-        const auto& selection = m_array.SelectedIndexes();
-        return selection.empty() || (static_cast<std::size_t>(selection.back()) < m_keys.size() &&
-                                     m_keys[static_cast<std::size_t>(selection.back())]->selected);
     }
 
     void WalkBackSelected()
