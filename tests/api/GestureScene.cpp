@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <utility>
+
 namespace KestovaTest {
 
 namespace {
@@ -122,9 +124,8 @@ void GestureScene::MakeRows()
 {
     CTimelineManager& manager = *fixture.manager;
     const auto isThere = [&](CTimelineTrackBase* track) { return manager.IsTrackExist(track); };
-    for (CTimelineTrackBase* const track : m_names.keys()) {
-        const bool isRow = track == m_body || m_tracks.values().contains(track);
-        if (!isRow)
+    for (const QPointer<CTimelineTrackBase>& track : std::exchange(m_added, {})) {
+        if (track)
             manager.DeleteTrack(track);
     }
     m_names.clear();
@@ -154,8 +155,10 @@ void GestureScene::MakeRows()
 CTimelineTrackBase* GestureScene::AddTrack(const QString& name)
 {
     CTimelineTrackBase* const track = fixture.Root(TL_TRACK_KEY, name);
-    if (track)
+    if (track) {
         m_names[track] = name;
+        m_added.push_back(track);
+    }
     return track;
 }
 

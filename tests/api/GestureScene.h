@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QMap>
 
+#include <vector>
+
 namespace KestovaTest {
 
 /// The rows that gestures are made on. A scene holds only those that it is asked for, since making
@@ -71,6 +73,8 @@ private:
     QPointer<CTimelineTrackBase> m_body;
     QPointer<CTimelineTrackBase> m_fresh;
     QMap<SceneRow, QPointer<CTimelineTrackBase>> m_tracks;
+    std::vector<QPointer<CTimelineTrackBase>> m_added; ///< besides the rows
+    /// Those that are gone keep theirs until the next reset: compared only, never looked into.
     QMap<CTimelineTrackBase*, QString> m_names;
 };
 
