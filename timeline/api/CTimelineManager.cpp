@@ -310,14 +310,16 @@ void CTimelineManager::ReceiveCurrentFrame(int frame, bool isFinal)
     // is owed for the first, though the frame is the stored one by then.
     if (!changes && !(isFinal && ManagerSideState::IsFinalNoticeOwed(this)))
         return;
-    ManagerSideState::SetFinalNoticeOwed(this, !isFinal);
     if (changes) {
         m_currentFrame = frame;
         if (m_window)
             m_window->OnCurrentFrameChanged(frame);
     }
-    if (*alive)
-        host->OnCurrentFrameChanged(frame, isFinal);
+    if (!*alive)
+        return;
+    // Noted only now: the window may have moved the frame, and settled that frame's notice.
+    ManagerSideState::SetFinalNoticeOwed(this, !isFinal);
+    host->OnCurrentFrameChanged(frame, isFinal);
 }
 
 int CTimelineManager::ReceiveTrackEdit(TLEditType type,

@@ -206,9 +206,9 @@ public:
     /// Stored as given; the current frame and the time mark are not adjusted.
     void SetFrameCount(int count);
     int GetFrameCount(); ///< as the manager remembers it
-    /// Clamped to at least 0, then to at most the frame count less 1. Shown at once, with all that
-    /// was changed before; the window is told, the host's callbacks are not. Only keys that were
-    /// written in place are not looked at; see InvalidateTimeline.
+    /// Clamped to at least 0, then to at most the frame count less 1. Shown at once, and with it
+    /// what was changed before; the window is told, the host's callbacks are not. Changes of keys
+    /// are sure to be shown only after InvalidateTimeline.
     void SetCurrentFrame(int frame);
     int GetCurrentFrame(); ///< as the timeline shows it; 0 without one
     /// Clamped like the current frame.

@@ -13,11 +13,13 @@
 
 #include <QPointer>
 
+#include <optional>
+
 namespace {
 
 constexpr int kFixedTrackStyle = 1;
 
-/// Whether hosts are known to edit keys in place when they get this message.
+/// Messages that ask the host to do something: it may edit keys in place.
 bool IsCommand(unsigned int code)
 {
     return code == kHostDoubleClicked || code == kHostSwitchToggled || code == kHostCaptionButton ||
@@ -103,36 +105,42 @@ bool CTimelineContainer::UpdateAndNotify()
     return NotifyTimelineRefreshed();
 }
 
+CTimelineContainer::InHostsHands::InHostsHands(CTimelineContainer& container)
+    : m_container(&container)
+{
+    ++container.m_inHostsHands;
+}
+
+CTimelineContainer::InHostsHands::~InHostsHands()
+{
+    if (!m_container)
+        return;
+    --m_container->m_inHostsHands;
+    m_container->m_onScreen = OnScreen();
+}
+
 int CTimelineContainer::SendToHost(unsigned int code, CTimelineTrackBase* track, HANDLE handle,
                                    const QVariant& value1, const QVariant& value2,
                                    const QVariant& value3)
 {
-    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
-    // The host may show a frame from within the message as well as after it.
+    std::optional<InHostsHands> inHostsHands;
     if (IsCommand(code))
-        ForgetOnScreen();
-    const int answer =
-        m_owner ? m_owner->OnContainerMessage(code, track, handle, value1, value2, value3) : -1;
-    if (self && IsCommand(code))
-        ForgetOnScreen();
-    return answer;
+        inHostsHands.emplace(*this);
+    return m_owner ? m_owner->OnContainerMessage(code, track, handle, value1, value2, value3) : -1;
 }
 
 int CTimelineContainer::SendEdit(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
                                  const QVariant& value1, const QVariant& value2)
 {
-    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
-    ForgetOnScreen();
+    const InHostsHands inHostsHands(*this);
     const int answer = m_owner ? m_owner->OnContainerTrackEdit(type, tracks, value1, value2) : -1;
     // A host that changed keys in place may leave the refresh to the end of the gesture.
     for (CTimelineTrackBase* const track : tracks) {
         if (CTimelineTrackBase::IsAlive(track))
             track->InvalidateCaches();
     }
-    if (self)
-        ForgetOnScreen();
     return answer;
 }
 

@@ -17,6 +17,7 @@
 
 #include <QMutex>
 #include <QPixmap>
+#include <QPointer>
 #include <QVariant>
 #include <QWidget>
 
@@ -261,13 +262,25 @@ private:
     void RememberPainted(const QRegion& region);
     /// The host may have changed keys in place, which cannot be seen: the next step of the current
     /// frame repaints everything.
-    void ForgetOnScreen() { m_onScreen = OnScreen(); }
-
     /// What all of the picture on screen shows; a state of no timeline when that is not known.
     struct OnScreen
     {
         PaintedState state;
         int frame = -1;
+    };
+
+    /// Stands on the stack while the host may edit keys in place: what is on screen is not known
+    /// meanwhile, and neither is what it stood for before.
+    class InHostsHands
+    {
+    public:
+        explicit InHostsHands(CTimelineContainer& container);
+        ~InHostsHands();
+        InHostsHands(const InHostsHands&) = delete;
+        InHostsHands& operator=(const InHostsHands&) = delete;
+
+    private:
+        const QPointer<CTimelineContainer> m_container;
     };
 
     CTimelineWndBase* m_window;
@@ -282,9 +295,11 @@ private:
     DropFileRules m_dropRules;
     MultiTrackKeyDrag m_keyDrag;
     OnScreen m_onScreen;
-    int m_steps = 0;                ///< of the current frame since anything else was painted
-    bool m_areStepsRepeated = true; ///< the last time there were steps, there were several
-    FrameStrips m_strips;           ///< of the pictures
+    int m_inHostsHands = 0;            ///< how many of those stand on the stack
+    int m_steps = 0;                   ///< of the current frame since anything else was painted
+    bool m_areStepsRepeated = true;    ///< the last time there were steps, there were several
+    bool m_arePicturesPossible = true; ///< as far as is known of the timeline as it is
+    FrameStrips m_strips;              ///< of the pictures
     ScrubPictures m_scrubPictures;
     QRegion m_step; ///< while a step of the current frame is being painted
     std::unique_ptr<QPixmap> m_backBuffer;

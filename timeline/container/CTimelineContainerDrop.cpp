@@ -31,13 +31,9 @@ bool CTimelineContainer::OnTrackDrop(QDropEvent* event, CTimelineTrackBase*)
     const TLDropFileType type = m_dropRules.Classify(path);
     if (type == TL_DROP_NONE)
         return false;
-    const QPointer<CTimelineContainer> self(this);
     const CallOut callOut;
-    ForgetOnScreen();
-    const bool isTaken = m_owner->OnContainerDrop(type, path);
-    if (self)
-        ForgetOnScreen();
-    return isTaken;
+    const InHostsHands inHostsHands(*this);
+    return m_owner->OnContainerDrop(type, path);
 }
 
 bool CTimelineContainer::OnTrackDragCheck(QDropEvent* event, CTimelineTrackBase* track, int frame)

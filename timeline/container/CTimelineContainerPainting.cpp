@@ -53,18 +53,19 @@ void CTimelineContainer::ShowCurrentFrame()
     PaintPending();
     if (!self)
         return;
-    const bool isKnown = m_onScreen.state == PaintedState(*this);
+    const bool isKnown = m_inHostsHands == 0 && m_onScreen.state == PaintedState(*this);
     if (isKnown && m_onScreen.frame == Axis().currentFrame)
         return;
     // The pictures take longer than a repaint: they are worth while when one step follows another,
     // and not for a host that has everything painted in between.
     const int steps = m_steps + 1;
-    const bool isWorthPictures = isKnown && (m_areStepsRepeated || steps > 1);
-    const bool isReady = isKnown && m_scrubPictures.AreReady();
-    if (!isReady && !(isWorthPictures && MakeScrubPictures())) {
+    const bool areWorthWhile = isKnown && (m_areStepsRepeated || steps > 1);
+    if (areWorthWhile && m_arePicturesPossible && !m_scrubPictures.AreReady())
+        m_arePicturesPossible = MakeScrubPictures();
+    if (!isKnown || !m_scrubPictures.AreReady()) {
         repaint();
         if (self)
-            m_steps = isKnown && !isWorthPictures ? steps : 0;
+            m_steps = isKnown ? steps : 0;
         return;
     }
     m_steps = steps;
@@ -191,6 +192,8 @@ void CTimelineContainer::RememberPainted(const QRegion& region)
     const OnScreen now{PaintedState(*this), Axis().currentFrame};
     const bool isWhole = (visibleRegion() - region).isEmpty();
     const bool isConsistent = m_onScreen.state == now.state && m_onScreen.frame == now.frame;
+    if (!(m_onScreen.state == now.state))
+        m_arePicturesPossible = true;
     m_onScreen = isWhole || isConsistent ? now : OnScreen();
 }
 

@@ -151,7 +151,8 @@ void SelectAllKeys(CTimelineContainer& container, CTimelineTrackBase& track)
         return;
     CTimelineKeyArray& keys = track.Keys();
     if (track.HasEditMode(TL_EDIT_SUB_KEYS)) {
-        for (const int index : keys.SelectedIndexes())
+        // A copy: sub-keys may lead back to these keys.
+        for (const int index : std::vector<int>(keys.SelectedIndexes()))
             SelectAllSubKeys(keys, index);
     } else {
         keys.SetSelection(0, FrameCount(), true, TL_KEY_ANY_KIND);

@@ -72,7 +72,11 @@ int SelectionChanged(CTimelineContainer& container, const TrackMessage& message)
 
 int CurrentFrameSet(CTimelineContainer& container, TrackMessage message, unsigned int code)
 {
-    container.ShowCurrentFrame();
+    const Sender sender(container, message);
+    container
+        .ShowCurrentFrame(); // paints what else the window has to paint, widgets of the host too
+    if (!sender.IsThere())
+        return 0;
     message.value1 = QVariant(container.GetCurrentFrame());
     return ForwardToHost(container, message, code);
 }

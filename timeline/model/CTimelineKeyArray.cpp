@@ -155,7 +155,8 @@ void CTimelineKeyArray::RemoveAt(CTimelineKey* key)
 
 void CTimelineKeyArray::RemoveAll()
 {
-    CountKeyArrayChange();
+    if (!m_keys.empty() || !m_selection.empty() || !m_relatedKeys.empty())
+        CountKeyArrayChange();
     m_keys.clear();
     m_selection.clear();
     m_moveSet.clear();

@@ -153,8 +153,8 @@ public:
     /// @}
 
     /// @name Move set
-    /// Copies of the selected keys as they were when a drag began; drawn as its preview and never
-    /// written back.
+    /// Copies of the selected keys as they were when a drag began. Never written back and not
+    /// drawn: the end of a drag of copies selects what lies in their frames.
     /// @{
 
     /// Replaces the move set by fresh copies of the selected keys, in their order.

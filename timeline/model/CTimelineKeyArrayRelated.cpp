@@ -64,7 +64,8 @@ void CTimelineKeyArray::RelatedRemoveAt(int index)
 
 void CTimelineKeyArray::RelatedRemoveAll()
 {
-    CountKeyArrayChange();
+    if (!m_relatedKeys.empty())
+        CountKeyArrayChange();
     m_relatedKeys.clear();
 }
 

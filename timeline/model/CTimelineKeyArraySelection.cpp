@@ -145,6 +145,7 @@ void CTimelineKeyArray::ClearAllSelection()
 void CTimelineKeyArray::SelectOnly(int index)
 {
     const VZ::CPointer<CTimelineKey> chosen = IsKeyIndex(index) ? KeyAt(index) : nullptr;
+    CountKeyArrayChange();
     // Emptied first, so that sub-keys that lead back to this array find nothing left to do.
     m_selection.clear();
     for (const auto& key : m_keys) {
@@ -234,7 +235,6 @@ CTimelineKeyArray::KeyVector CTimelineKeyArray::CopySelected() const
 
 void CTimelineKeyArray::SetSelToMove()
 {
-    CountKeyArrayChange();
     m_moveSet = CopySelected();
 }
 
@@ -250,7 +250,6 @@ std::size_t CTimelineKeyArray::MoveGetSize() const
 
 void CTimelineKeyArray::ClearAllMove()
 {
-    CountKeyArrayChange();
     m_moveSet.clear();
 }
 

@@ -1,6 +1,7 @@
 #include "tracks/CTimelineTrackBase.h"
 
 #include "library/TimelineLibrary.h"
+#include "model/KeyArrayRevision.h"
 #include "model/MessageCodes.h"
 #include "model/TimelineKeyValues.h"
 #include "skin/TrackStyleReader.h"
@@ -35,6 +36,7 @@ CTimelineTrackBase::CTimelineTrackBase()
 CTimelineTrackBase::~CTimelineTrackBase()
 {
     LiveTracks().erase(this);
+    CountKeyArrayChange(); // other rows may have shown its keys, though it was hidden itself
     LeaveDrag();
 }
 
@@ -111,7 +113,8 @@ void CTimelineTrackBase::ClearRangeOrSubSelection()
         Send(kTrackSelectionChanged);
         return;
     }
-    for (const int index : m_keys->SelectedIndexes()) {
+    // A copy: sub-keys may lead back to these keys.
+    for (const int index : std::vector<int>(m_keys->SelectedIndexes())) {
         // A removal of an unselected key may leave an entry that points past the end.
         if (index < 0 || static_cast<std::size_t>(index) >= m_keys->GetSize())
             continue;

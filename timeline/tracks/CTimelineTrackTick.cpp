@@ -76,13 +76,14 @@ bool CTimelineTrackTick::HitTestCurrentFrame(QPoint point) const
     return point.x() >= first && point.x() <= last && point.y() >= 0 && point.y() < GetRowHeight();
 }
 
-// The host may delete the window in any answer to a message. What goes on after one asks first.
+// The host may delete the window in any answer to a message, also in those of a lost gesture, which
+// a handler finishes first of all. What goes on after one asks first.
 
 void CTimelineTrackTick::mousePressEvent(QMouseEvent* event)
 {
     const QPointer<CTimelineTrackTick> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (event->button() == Qt::LeftButton)
+    if (self && event->button() == Qt::LeftButton)
         Press(event->pos());
     if (self)
         QWidget::mousePressEvent(event);
@@ -95,6 +96,8 @@ void CTimelineTrackTick::mouseMoveEvent(QMouseEvent* event)
     // The button may have gone up outside of every window of ours, without a release.
     const bool released =
         event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton);
+    if (!self)
+        return;
     if (released)
         EndGesture();
     else
@@ -107,7 +110,7 @@ void CTimelineTrackTick::mouseReleaseEvent(QMouseEvent* event)
 {
     const QPointer<CTimelineTrackTick> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (event->button() == Qt::LeftButton)
+    if (self && event->button() == Qt::LeftButton)
         EndGesture();
     if (self)
         QWidget::mouseReleaseEvent(event);
