@@ -6,6 +6,8 @@ void EditSession::Restart(const Scene& scene)
 {
     m_before.reset();
     m_current = scene;
+    emit Restarted();
+    emit Changed();
 }
 
 void EditSession::Begin()
@@ -21,6 +23,7 @@ void EditSession::Step(const QString& name, const Scene& scene)
         Begin();
     m_name = name;
     m_current = scene;
+    emit Changed();
 }
 
 void EditSession::Commit()
@@ -29,8 +32,8 @@ void EditSession::Commit()
         return;
     const Scene before = *m_before;
     m_before.reset();
-    if (before != m_current && committed)
-        committed(m_name, before);
+    if (before != m_current)
+        emit Committed(m_name, before);
 }
 
 void EditSession::Apply(const QString& name, const Scene& scene)

@@ -2,7 +2,8 @@
 
 #include "Scene.h"
 
-#include <functional>
+#include <QObject>
+
 #include <optional>
 
 namespace host {
@@ -10,12 +11,10 @@ namespace host {
 /// The scene that is being edited, and the one edit that may be under way. An edit begins, takes
 /// any number of steps, each of which gives the whole scene as it is then, and is committed; until
 /// then the scene as it was before is kept, so that each step can start from it.
-class EditSession
+class EditSession : public QObject
 {
+    Q_OBJECT
 public:
-    /// Called when an edit that changed something was committed, with the scene as it was before.
-    std::function<void(const QString& name, const Scene& before)> committed;
-
     /// The scene with all steps taken so far.
     const Scene& Current() const { return m_current; }
     /// The scene as it was before the edit under way; the current one when there is none.
@@ -34,6 +33,14 @@ public:
     void Commit();
     /// An edit of one step.
     void Apply(const QString& name, const Scene& scene);
+
+signals:
+    /// Another scene took the place of the one before.
+    void Restarted();
+    /// The current scene is another than before: after a restart and after every step.
+    void Changed();
+    /// An edit that changed something was committed; @p before is the scene as it was before.
+    void Committed(const QString& name, const host::Scene& before);
 
 private:
     Scene m_current;

@@ -26,7 +26,7 @@ MainWindow::MainWindow()
     m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     addDockWidget(Qt::BottomDockWidgetArea, m_dock);
     statusBar()->setSizeGripEnabled(false);
-    m_session.committed = [this](const QString& name, const Scene&) { Tell(name); };
+    connect(&m_session, &EditSession::Committed, this, &MainWindow::Tell);
     m_drops.told = [this](const QString& text) { Tell(text); };
     ConnectTimeline();
 }
@@ -63,8 +63,11 @@ void MainWindow::ConnectTimeline()
 bool MainWindow::CreateTimeline(const QString& skinPath)
 {
     m_manager.SetTimelineWndFactoryBase(&m_factory);
-    return m_manager.CreateTimelineManager(&m_callbacks, skinPath.toStdWString()) &&
-           m_manager.CreateTimelineMainWidget(m_dock);
+    if (!m_manager.CreateTimelineManager(&m_callbacks, skinPath.toStdWString()) ||
+        !m_manager.CreateTimelineMainWidget(m_dock))
+        return false;
+    connect(Window(), &TimelineWindow::CurrentFrameChanged, this, &MainWindow::CurrentFrameChanged);
+    return true;
 }
 
 bool MainWindow::SetScene(const Scene& scene)

@@ -35,9 +35,15 @@ public:
 
     /// The scene with all edits so far.
     const Scene& CurrentScene() const { return m_session.Current(); }
+    /// The scene and the edit under way; its signals tell of every change.
+    EditSession& Session() { return m_session; }
     /// The timeline, and which of its tracks stands for which of the scene.
     CTimelineManager& Timeline() { return m_manager; }
     const SceneTracks& Tracks() const { return m_tracks; }
+
+signals:
+    /// Another frame is current, whoever made it so.
+    void CurrentFrameChanged(int frame);
 
 private:
     void ConnectTimeline();

@@ -76,6 +76,7 @@ bool TimelineWindow::IsWndVisible()
 void TimelineWindow::OnCurrentFrameChanged(int frame)
 {
     m_pane->SetFrameText(FrameText(frame, m_frameCount, m_frameRate));
+    emit CurrentFrameChanged(frame);
 }
 
 void TimelineWindow::RepaintWnd()

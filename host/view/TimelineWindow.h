@@ -41,6 +41,10 @@ public:
     void OnHostCommand15() override {}
     void OnHostCommand16() override {}
 
+signals:
+    /// Another frame is current, whoever made it so: the user, the host or the timeline itself.
+    void CurrentFrameChanged(int frame);
+
 private:
     void FitHeight();
 

@@ -22,12 +22,13 @@ struct Recorded
     Recorded()
     {
         session.Restart(SceneOf(10));
-        session.committed = [this](const QString& name, const Scene& before) {
-            commits.append(QStringLiteral("%1: %2 to %3")
-                               .arg(name)
-                               .arg(before.frameCount)
-                               .arg(session.Current().frameCount));
-        };
+        QObject::connect(&session, &EditSession::Committed,
+                         [this](const QString& name, const Scene& before) {
+                             commits.append(QStringLiteral("%1: %2 to %3")
+                                                .arg(name)
+                                                .arg(before.frameCount)
+                                                .arg(session.Current().frameCount));
+                         });
     }
 };
 
