@@ -19,7 +19,8 @@ auto Members(const ClipSpan& clip)
 auto Members(const SceneKey& key)
 {
     return std::tie(key.id, key.frame, key.name, key.priority, key.locked, key.alternate, key.group,
-                    key.mouthShape, key.startsLink, key.transition, key.clip, key.subKeys);
+                    key.mouthShape, key.startsLink, key.transition, key.clip, key.sound,
+                    key.subKeys);
 }
 
 } // namespace

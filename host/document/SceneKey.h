@@ -58,6 +58,7 @@ struct SceneKey
     bool startsLink = false; ///< on a link row: joined to the next key by a bar
     std::optional<Transition> transition;
     std::optional<ClipSpan> clip;
+    QString sound; ///< path of the sound file that a clip plays; empty when it plays none
     QVector<SceneKey> subKeys; ///< keys inside a clip, in frame order
 };
 

@@ -9,7 +9,8 @@ namespace {
 auto Members(const SceneTrack& track)
 {
     return std::tie(track.id, track.kind, track.name, track.caption, track.styleNumber,
-                    track.parent, track.editModes, track.keys, track.buttons);
+                    track.parent, track.editModes, track.keys, track.buttons, track.muted,
+                    track.soloed, track.locked);
 }
 
 } // namespace

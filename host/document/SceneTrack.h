@@ -60,6 +60,9 @@ struct SceneTrack
     QVector<EditMode> editModes;
     QVector<SceneKey> keys; ///< in frame order; keys of one frame in the order of their making
     QVector<SwitchButton> buttons; ///< of a switch track
+    bool muted = false;            ///< takes no part in the preview and is not heard
+    bool soloed = false;           ///< as long as some rows are, all others count as muted
+    bool locked = false;           ///< refuses every edit
 };
 
 bool operator==(const SwitchButton& a, const SwitchButton& b);
