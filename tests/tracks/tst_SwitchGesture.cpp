@@ -502,17 +502,6 @@ private slots:
         QVERIFY(!scene.row);
     }
 
-private:
-    static void ClicksCleanly(SwitchRow& scene)
-    {
-        scene.SetStates({0, 0});
-        scene.TakeCalls();
-        scene.pointer.LoseButtons();
-        scene.pointer.Click(scene.row, scene.At(scene.On(1)));
-        QCOMPARE(scene.TakeCalls(), kPressed + QStringList{"switch row 1"});
-        QCOMPARE(scene.HostsStates(), States({0, 3}));
-    }
-
     void aPressInsideTheReportOfAPressTakesItsPlace_data()
     {
         QTest::addColumn<bool>("onArrow");
@@ -545,6 +534,17 @@ private:
         QCOMPARE(scene.TakeCalls(), QStringList{"switch row 0"} + kPressed);
         scene.Release();
         QCOMPARE(scene.TakeCalls(), QStringList{"switch row 1"});
+    }
+
+private:
+    static void ClicksCleanly(SwitchRow& scene)
+    {
+        scene.SetStates({0, 0});
+        scene.TakeCalls();
+        scene.pointer.LoseButtons();
+        scene.pointer.Click(scene.row, scene.At(scene.On(1)));
+        QCOMPARE(scene.TakeCalls(), kPressed + QStringList{"switch row 1"});
+        QCOMPARE(scene.HostsStates(), States({0, 3}));
     }
 };
 

@@ -552,24 +552,6 @@ private slots:
         QVERIFY(!scene.row);
     }
 
-private:
-    static void DragOneStep(TransitionRow& scene)
-    {
-        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
-        scene.Press(75);
-        scene.MoveTo(65);
-        scene.TakeCalls();
-    }
-    /// A press that follows a lost drag begins a whole new one.
-    static void DragsFromANewPress(TransitionRow& scene)
-    {
-        scene.TakeCalls();
-        scene.Press(75);
-        scene.MoveTo(65);
-        scene.Release();
-        QCOMPARE(scene.TakeCalls(), kPressed + kBegins + QStringList{"edit 5 [row] 0 2"} + kEnds);
-    }
-
     // --- presses that run inside a report -------------------------------------------------------
 
     void aPressInsideTheReportOfAPressTakesItsPlace_data()
@@ -641,6 +623,24 @@ private:
         QCOMPARE(scene.TakeCalls(), QStringList{"changed"});
         scene.Release();
         QCOMPARE(scene.TakeCalls(), QStringList({"frame 83 false", "frame 83 true"}));
+    }
+
+private:
+    static void DragOneStep(TransitionRow& scene)
+    {
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        scene.Press(75);
+        scene.MoveTo(65);
+        scene.TakeCalls();
+    }
+    /// A press that follows a lost drag begins a whole new one.
+    static void DragsFromANewPress(TransitionRow& scene)
+    {
+        scene.TakeCalls();
+        scene.Press(75);
+        scene.MoveTo(65);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), kPressed + kBegins + QStringList{"edit 5 [row] 0 2"} + kEnds);
     }
 };
 
