@@ -48,6 +48,7 @@ private slots:
     void goesOnAfterTheHostReplacedTheKeys();
     void aStepInsideACallbackTakesNothingAway();
     void aPressInsideTheReleaseBeginsAnewWhileTheOldDragIsTold();
+    void aPressThatEndsADragStopsWhenALaterOneRanInItsEnd();
     void aDragThatLostItsEditModesEndsBeforeItsRelease();
     void aReleaseInsideTheFirstCallbackEndsTheDrag();
 };
@@ -485,6 +486,31 @@ void tst_KeyGestureDrag::aPressInsideTheReleaseBeginsAnewWhileTheOldDragIsTold()
         }
     };
     scene.Release();
+    QCOMPARE(spy.TakeMessages(),
+             QStringList({"1111 (0, 0, 0, 0)", "1108 (0, 0, 0, 0)", "1103 (0, 0, 0, 0)",
+                          "1102 (0, 0, 0, 0)", "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
+    scene.MoveTo(32);
+    QCOMPARE(spy.TakeMessages(), QStringList({"1109 (0, 0, 0, 0)", "1110 (0, 0, 2, 0)"}));
+}
+
+void tst_KeyGestureDrag::aPressThatEndsADragStopsWhenALaterOneRanInItsEnd()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({10, 30});
+    scene.Press(10);
+    scene.MoveTo(15);
+    scene.TakeCalls();
+    scene.pointer.LoseButtons();
+    MessageSpy spy(scene.row);
+    spy.reaction = [&](int code) {
+        if (code == 1111) {
+            spy.reaction = nullptr;
+            scene.Press(30);
+        }
+    };
+    QMouseEvent press(QEvent::MouseButtonPress, scene.At(40), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(scene.row, &press);
     QCOMPARE(spy.TakeMessages(),
              QStringList({"1111 (0, 0, 0, 0)", "1108 (0, 0, 0, 0)", "1103 (0, 0, 0, 0)",
                           "1102 (0, 0, 0, 0)", "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
