@@ -29,6 +29,7 @@ private slots:
     void aFinalNoticeOfANewFrameOwesNothing();
 
     void aFinalNoticeOfANewFrameTellsTheWindow();
+    void theFinalNoticeIsOwedThoughTheWindowMovedTheFrame();
     void theMenuQueryHandsOverTheHostsList();
     void aDropOfTheContainerReachesTheHost();
     void theMenuQueryOfAHostIsPassedOn();
@@ -204,6 +205,19 @@ void tst_CTimelineManagerMessages::aFinalNoticeOfANewFrameTellsTheWindow()
     fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 21, 0, 0);
     QCOMPARE(fixture.Window().calls, QStringList{"frame 21"});
     QCOMPARE(fixture.host.calls, QStringList{"frame 21 true"});
+}
+
+void tst_CTimelineManagerMessages::theFinalNoticeIsOwedThoughTheWindowMovedTheFrame()
+{
+    HostFixture fixture;
+    fixture.Window().reaction = [&](const QString& line) {
+        if (line == "frame 12")
+            fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 20, 0, 0);
+    };
+    fixture.manager->ReceiveMessage(1301, nullptr, nullptr, 12, 0, 0);
+    QCOMPARE(fixture.host.TakeCalls(), (QStringList{"frame 20 true", "frame 12 false"}));
+    fixture.manager->ReceiveMessage(1302, nullptr, nullptr, 20, 0, 0);
+    QCOMPARE(fixture.host.TakeCalls(), QStringList{"frame 20 true"});
 }
 
 void tst_CTimelineManagerMessages::theMenuQueryHandsOverTheHostsList()

@@ -51,6 +51,7 @@ class tst_Scrubbing : public QObject
 
     std::unique_ptr<HostFixture> m_fixture;
     std::unique_ptr<FullScene> m_scene;
+    CTimelineTrackBase* m_hiddenSource = nullptr;
 
     CTimelineContainer& Container() const { return *m_fixture->Container(); }
     static FrameAxis& Axis() { return TimelineLibrary::Instance().axis; }
@@ -483,6 +484,59 @@ void tst_Scrubbing::aSilentChangeIsPaintedWithTheStep_data()
     row("a key", [this] { m_fixture->AddKeys(m_scene->joints[1], {33}); });
     row("a selection",
         [this] { m_scene->joints[1]->Keys().SetSelectionByIndex(0, 0, true, TL_KEY_ANY_KIND); });
+    row("another selection of as many", [this] {
+        CTimelineKeyArray& keys = m_scene->joints[1]->Keys();
+        const int index = keys.SelectedIndexes().front();
+        keys.SelectOnly(index + 1);
+    });
+    row("another key of as many", [this] {
+        CTimelineKeyArray& keys = m_scene->joints[1]->Keys();
+        keys.RemoveAt(0);
+        m_fixture->AddKeys(m_scene->joints[1], {33});
+    });
+    row("a related key", [this] {
+        CTimelineKey key;
+        key.frame = 33;
+        m_scene->path->Keys().RelatedAdd(&key, false);
+    });
+    row("a sub-key", [this] { AddSubKeys(*m_scene->motion, 0, {3, 9}); });
+    row("a caption button", [this] {
+        int state = 1;
+        m_fixture->manager->SetTrackCaptionBtnState(m_scene->joints[1], 3, state);
+        m_fixture->manager->GetTrackCaptionBtnState(m_scene->joints[1], 3, state);
+        QCOMPARE(state, 1);
+    });
+    row("the relations", [this] {
+        m_fixture->manager->SetTrackRelMapTable({{3, {m_scene->motion, m_scene->joints[1]}}});
+    });
+    row("a key of a hidden source of bars", [this] { m_fixture->AddKeys(m_hiddenSource, {64}); });
+    row("the end of a hidden source of bars",
+        [this] { m_fixture->manager->DeleteTrack(m_hiddenSource); });
+    row("an edit that the host shows from within", [this] {
+        m_fixture->host.reaction = [this](const QString&) {
+            m_scene->joints[1]->Keys().GetAt(0)->frame += 3;
+            Step(24);
+            m_scene->joints[1]->Keys().GetAt(0)->frame += 3;
+            Step(25);
+            VerifyPicture();
+        };
+        VZ::CArrayList<CTimelineTrackBase*> tracks;
+        tracks.Add(m_scene->joints[1]);
+        Container().SendEdit(TL_EDIT_MOVE_KEYS, tracks, QVariant(1), QVariant(0));
+        m_fixture->host.reaction = nullptr;
+    });
+    for (const auto& [name, code] :
+         {std::pair("a double click", 1307u), std::pair("a switch", 1308u),
+          std::pair("a caption button's click", 1309u), std::pair("a menu command", 1311u)}) {
+        row(name, [this, code = code] {
+            m_fixture->host.reaction = [this](const QString&) {
+                m_scene->joints[1]->Keys().GetAt(0)->frame += 3;
+            };
+            Container().SendToHost(code, m_scene->joints[1], nullptr, QVariant(0), QVariant(0),
+                                   QVariant(0));
+            m_fixture->host.reaction = nullptr;
+        });
+    }
     row("a range", [this] { m_scene->joints[1]->SetRange(10, 30); });
     row("a caption", [this] { m_scene->joints[1]->SetCaption("Another"); });
     row("an active row", [this] { m_scene->joints[1]->SetActive(true); });
@@ -513,6 +567,12 @@ void tst_Scrubbing::aSilentChangeIsPaintedWithTheStep_data()
 void tst_Scrubbing::aSilentChangeIsPaintedWithTheStep()
 {
     QFETCH(std::function<void()>, change);
+    m_hiddenSource = m_fixture->Root(TL_TRACK_CLIP, "Hidden");
+    m_fixture->AddKeys(m_hiddenSource, {60});
+    m_hiddenSource->Keys().GetAt(0)->clipLength = 20;
+    m_fixture->manager->HideRootTrack(m_hiddenSource, true);
+    m_fixture->manager->SetTrackRelMapTable({{3, {m_hiddenSource, m_scene->joints[2]}}});
+    m_fixture->Settle();
     Scrub();
     const QColor line = TimelineLibrary::Instance().currentFrameLine;
     change();

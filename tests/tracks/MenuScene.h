@@ -144,6 +144,18 @@ public:
         return PointAt(mouth, frame + subFrame);
     }
 
+    /// A point that hits the sub-key, too, but lies in the cell of another frame.
+    QPoint PointBeside(int clip, int subKey) const
+    {
+        QPoint point = PointOfSubKey(clip, subKey);
+        const int frame = mouth->PixelToFrame(point.x());
+        while (mouth->PixelToFrame(point.x()) == frame)
+            point.rx() -= 1;
+        if (mouth->HitTestSubKey(point, clip) != subKey)
+            qFatal("no sub-key reaches beyond its frame");
+        return point;
+    }
+
 private:
     static VZ::CPointer<CTimelineKey> ClipWith(int frame, std::initializer_list<int> subFrames)
     {

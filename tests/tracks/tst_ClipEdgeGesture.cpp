@@ -3,6 +3,9 @@
 #include "tracks/CTimelineTrackClip.h"
 
 #include <QDialog>
+#include <QMouseEvent>
+
+#include <utility>
 
 using namespace KestovaTest;
 
@@ -1011,6 +1014,130 @@ private slots:
         scene.MoveTo(120);
         scene.Release();
         QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 3 [row] 0 1"});
+    }
+
+    // --- presses that run inside a report -------------------------------------------------------
+
+    void aPressInsideTheReportOfAPressTakesItsPlace_data()
+    {
+        QTest::addColumn<int>("callback");
+        for (int i = 0; i < kPressed.size(); ++i)
+            QTest::newRow(qPrintable(kPressed[i])) << i;
+    }
+    void aPressInsideTheReportOfAPressTakesItsPlace()
+    {
+        QFETCH(const int, callback);
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        scene.Add(40, 10);
+        scene.When(kPressed[callback], [&] {
+            scene.Release();
+            scene.Press(255);
+        });
+        scene.Press(105);
+        QCOMPARE(scene.TakeCalls(), kPressed.mid(0, callback + 1) + kPressed);
+        QCOMPARE(scene.row->Keys().SelectedIndexes(), std::vector<int>{1});
+        QCOMPARE(scene.row->GetEdgeDrag().Edge().clip, 1);
+        scene.MoveTo(270);
+        QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 3 [row] 1 1"});
+    }
+
+    void aReleaseAndAPressInsideTheFirstReportOfADragLeaveItsClipAlone()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        scene.Add(40, 10);
+        scene.Press(105);
+        scene.TakeCalls();
+        scene.When(kBegins[0], [&] {
+            scene.Release();
+            scene.Press(255);
+        });
+        scene.MoveTo(320);
+        QCOMPARE(scene.TakeCalls(), kBegins + kLoopEnds + kPressed);
+        scene.MoveTo(270);
+        QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 3 [row] 1 1"});
+    }
+
+    void aReleaseInsideTheFirstReportOfADragLeavesItWithoutAStep()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        scene.Press(105);
+        scene.TakeCalls();
+        scene.When(kBegins[0], [&] { scene.Release(); });
+        scene.MoveTo(140);
+        QCOMPARE(scene.TakeCalls(), kBegins + kLoopEnds);
+        QVERIFY(scene.IsIdle());
+    }
+
+    void aPressInsideTheReportOfTheEndStaysOn_data()
+    {
+        QTest::addColumn<int>("x");
+        QTest::newRow("on an edge") << 255;
+        QTest::newRow("on nothing") << 400;
+    }
+    void aPressInsideTheReportOfTheEndStaysOn()
+    {
+        QFETCH(const int, x);
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        scene.Add(40, 10);
+        scene.Press(105);
+        scene.MoveTo(140);
+        scene.TakeCalls();
+        scene.When(kLoopEnds.last(), [&] { scene.Press(x); });
+        scene.Release();
+        const bool isEdge = x == 255;
+        const QStringList band = {"same body row", "cleared", "changed", "frame 80 false",
+                                  "frame 80 true"};
+        QCOMPARE(scene.TakeCalls(), kLoopEnds + (isEdge ? kPressed : band));
+        scene.MoveTo(x + 15);
+        QCOMPARE(scene.TakeCalls(),
+                 isEdge ? kBegins + QStringList{"edit 3 [row] 1 1"} : QStringList{"changed"});
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), isEdge ? QStringList({"edit 7 [row] 1 0", "edit 1 [row] 0 0"})
+                                           : QStringList({"frame 83 false", "frame 83 true"}));
+    }
+
+    void aPressThatEndsADragStopsWhenALaterOneRanInItsEnd()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        scene.Add(40, 10);
+        scene.Press(105);
+        scene.MoveTo(140);
+        scene.TakeCalls();
+        scene.pointer.LoseButtons();
+        scene.When(kLoopEnds.last(), [&] {
+            scene.Release();
+            scene.Press(255);
+        });
+        QMouseEvent press(QEvent::MouseButtonPress, scene.At(400), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(scene.row, &press);
+        QCOMPARE(scene.TakeCalls(), kLoopEnds + kPressed);
+        scene.MoveTo(270);
+        QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 3 [row] 1 1"});
+    }
+
+    void theSecondNoticeOfAFrameFollowsTheFirstInWhichAnEdgeWasPressed()
+    {
+        ClipRow scene({TL_EDIT_CLIP_LOOP, TL_EDIT_MOVE_KEYS});
+        scene.Add(10, 10);
+        MessageSpy spy(scene.row);
+        bool isFirst = true;
+        spy.reaction = [&](int code) {
+            if (code == 1104 && std::exchange(isFirst, false))
+                scene.Press(105);
+        };
+        scene.Press(400);
+        QCOMPARE(spy.TakeMessages(),
+                 QStringList({"1108 (0, 0, 0, 0)", "1103 (0, 0, 0, 0)", "1102 (0, 0, 0, 0)",
+                              "1104 (0, 0, 0, 0)", "1102 (0, 0, 0, 0)", "1104 (0, 0, 0, 0)",
+                              "1105 (0, 0, 0, 0)", "1108 (0, 0, 0, 0)", "1103 (0, 0, 0, 0)",
+                              "1102 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
+        QCOMPARE(scene.row->GetEdgeDrag().Edge().clip, 0);
     }
 
 private:

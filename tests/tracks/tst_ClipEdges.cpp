@@ -3,6 +3,7 @@
 #include "ClipBuilder.h"
 #include "TimelineEnums.h"
 #include "axis/FrameAxis.h"
+#include "tracks/KeyFacts.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -27,6 +28,22 @@ FrameAxis MakeAxis(int frameCount, double scale, int scrollX = 0)
     axis.info = CFrameInfo(scale);
     return axis;
 }
+
+struct GatheredFacts
+{
+    KeyFacts facts;
+};
+
+/// The edges of a row that has just looked at its keys.
+class RowEdges : private GatheredFacts, public ClipEdges
+{
+public:
+    RowEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, int clipHeight = kClipHeight)
+        : GatheredFacts{GatherFacts(keys, TL_TRACK_CLIP, axis.frameCount)},
+          ClipEdges(axis, keys, facts, kRowHeight, clipHeight)
+    {
+    }
+};
 
 int NobodyToAsk()
 {
@@ -93,7 +110,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QTEST(edges.HitEndEdge(QPoint(x, kMiddle)), "clip");
     }
 
@@ -113,7 +130,7 @@ private slots:
         CTimelineKeyArray keys;
         FillTwoClips(keys);
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QTEST(edges.HitEndEdge(QPoint(105, y)) == 0, "hit");
         QTEST(edges.HitTrimEdge(QPoint(200, y)) == 1, "hit");
     }
@@ -123,7 +140,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kRowHeight + 1);
+        const RowEdges edges(axis, keys, kRowHeight + 1);
         for (int y = -2; y < 2 * kRowHeight; ++y)
             QCOMPARE(edges.HitEndEdge(QPoint(105, y)), -1);
     }
@@ -133,7 +150,7 @@ private slots:
         const FrameAxis axis = MakeAxis(50, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QCOMPARE(edges.HitEndEdge(QPoint(250, kMiddle)), 1);
         QCOMPARE(edges.HitEndEdge(QPoint(305, kMiddle)), -1);
     }
@@ -144,7 +161,7 @@ private slots:
         const FrameAxis axis = MakeAxis(5, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QCOMPARE(edges.HitEndEdge(QPoint(25, kMiddle)), 1);
     }
 
@@ -154,7 +171,7 @@ private slots:
         CTimelineKeyArray keys;
         keys.Add(MakeClip(10, 0), false);
         keys.SetSelectionByIndex(0, 0, true, ~0u);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QCOMPARE(edges.HitEndEdge(QPoint(55, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(50, kMiddle)), -1);
     }
@@ -175,7 +192,7 @@ private slots:
             const bool disordered = below(3) == 0;
             for (int i = 0; disordered && i < count / 3; ++i)
                 keys.GetAt(below(static_cast<int>(keys.GetSize())))->frame = below(500);
-            const ClipEdges edges(axis, keys, !disordered, kRowHeight, kClipHeight);
+            const RowEdges edges(axis, keys);
             for (int x = -20; x < 400; ++x)
                 QCOMPARE(edges.HitEndEdge(QPoint(x, kMiddle)), HitEndEdgePlainly(axis, keys, x));
         }
@@ -189,7 +206,7 @@ private slots:
         for (int i : {0, 1})
             keys.GetAt(i)->transitionFrames = 4; // start at pixels 30 and 180
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QCOMPARE(edges.HitTrimEdge(QPoint(30, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(177, kMiddle)), -1);
         QCOMPARE(edges.HitTrimEdge(QPoint(178, kMiddle)), 1);
@@ -204,7 +221,7 @@ private slots:
         FillTwoClips(keys);
         keys.GetAt(1)->transitionFrames = 30; // starts where the first clip does
         keys.SetSelectionByIndex(0, 1, true, ~0u);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QCOMPARE(edges.HitTrimEdge(QPoint(50, kMiddle)), 1);
     }
 
@@ -220,13 +237,52 @@ private slots:
             for (int i = below(30); i > 0; --i) {
                 const auto clip = MakeClip(below(500), below(20));
                 clip->transitionFrames = below(10);
-                clip->selected = below(2) == 0;
                 keys.Add(clip, false);
             }
-            const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+            for (int i = below(20); i > 0 && keys.GetSize() > 0; --i) {
+                const int index = below(static_cast<int>(keys.GetSize()));
+                const int deed = below(8);
+                if (deed == 0)
+                    keys.ClearAllSelection();
+                else if (deed < 3)
+                    keys.RemoveAt(index);
+                else
+                    keys.SetSelectionByIndex(index, index, deed > 3, ~0u);
+            }
+            const RowEdges edges(axis, keys);
             for (int x = -20; x < 400; ++x)
                 QCOMPARE(edges.HitTrimEdge(QPoint(x, kMiddle)), HitTrimEdgePlainly(axis, keys, x));
         }
+    }
+
+    void everySelectedClipHasItsLeadInAfterAKeyInFrontWasRemoved()
+    {
+        const FrameAxis axis = MakeAxis(100, 5);
+        CTimelineKeyArray keys;
+        for (const int frame : {10, 30, 60, 80})
+            keys.Add(MakeClip(frame, 5), false);
+        keys.SetSelectionByIndex(1, 1, true, ~0u);
+        keys.RemoveAt(0);
+        keys.SetSelectionByIndex(2, 2, true, ~0u);
+        QCOMPARE(keys.SelectedIndexes(), (std::vector<int>{1, 2})); // the last entry is right
+        const RowEdges edges(axis, keys);
+        QCOMPARE(edges.HitTrimEdge(QPoint(150, kMiddle)), 0);
+        QCOMPARE(edges.HitTrimEdge(QPoint(300, kMiddle)), -1);
+        QCOMPARE(edges.HitTrimEdge(QPoint(400, kMiddle)), 2);
+    }
+
+    void aClipThatAClearingMissedStillHasItsLeadIn()
+    {
+        const FrameAxis axis = MakeAxis(100, 5);
+        CTimelineKeyArray keys;
+        for (const int frame : {10, 30, 60})
+            keys.Add(MakeClip(frame, 5), false);
+        keys.SetSelectionByIndex(1, 1, true, ~0u);
+        keys.RemoveAt(0);
+        keys.ClearAllSelection();
+        QCOMPARE(keys.SelectedIndexes(), std::vector<int>());
+        QVERIFY(keys.GetAt(0)->selected);
+        QCOMPARE(RowEdges(axis, keys).HitTrimEdge(QPoint(150, kMiddle)), 0);
     }
 
     void theLeadInOfASelectedClipIsFoundAfterAKeyBeforeItWasRemoved()
@@ -237,7 +293,7 @@ private slots:
         keys.SetSelectionByIndex(1, 1, true, ~0u);
         keys.RemoveAt(0); // unselected: the entry of the other one now lies past the end
         QVERIFY(keys.GetAt(0)->selected);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         const int start = ClipTrimPixel(axis, *keys.GetAt(0));
         QCOMPARE(edges.HitTrimEdge(QPoint(start, kMiddle)), 0);
         QCOMPARE(edges.HitTrimEdge(QPoint(start + 10, kMiddle)), -1);
@@ -251,12 +307,12 @@ private slots:
             keys.Add(MakeClip(frame, 5), false);
         keys.SetSelectionByIndex(1, 1, true, ~0u);
         keys.RemoveAt(0); // the entry of the second clip is now the third one's index
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         QCOMPARE(edges.HitTrimEdge(QPoint(axis.FrameToPixel(30), kMiddle)), 0);
         QCOMPARE(edges.HitTrimEdge(QPoint(axis.FrameToPixel(60), kMiddle)), -1);
     }
 
-    void lookingForALeadInCostsOnlyWhatIsSelected()
+    void lookingForALeadInAsksOnlyTheClipsAround()
     {
         const FrameAxis axis = MakeAxis(1 << 20, 5);
         CTimelineKeyArray::KeyVector clips;
@@ -264,14 +320,15 @@ private slots:
             clips.push_back(MakeClip(i * 3, 1));
         CTimelineKeyArray keys;
         keys.AddKeys(clips, false);
-        keys.SetSelectionByIndex(7, 7, true, ~0u);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        keys.SetSelection(0, 1 << 20, true, ~0u);
+        const RowEdges edges(axis, keys);
         QElapsedTimer timer;
         timer.start();
         for (int i = 0; i < 5000; ++i)
-            QCOMPARE(edges.HitTrimEdge(QPoint(-10, kMiddle)), -1);
-        // Asking every clip 5000 times takes several seconds, asking one of them a few
-        // milliseconds.
+            QCOMPARE(edges.HitTrimEdge(QPoint(22, kMiddle)), -1);
+        QCOMPARE(edges.HitTrimEdge(QPoint(30, kMiddle)), 2);
+        // Asking every clip 5000 times takes several seconds, asking those around the pointer a
+        // few milliseconds.
         QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
     }
 
@@ -281,13 +338,9 @@ private slots:
         FillTwoClips(keys);
         keys.SetSelectionByIndex(0, 0, true, ~0u);
         const FrameAxis scrolled = MakeAxis(100, 5, 51); // the clip starts at pixel -1
-        QCOMPARE(ClipEdges(scrolled, keys, true, kRowHeight, kClipHeight)
-                     .HitTrimEdge(QPoint(0, kMiddle)),
-                 -1);
+        QCOMPARE(RowEdges(scrolled, keys).HitTrimEdge(QPoint(0, kMiddle)), -1);
         const FrameAxis atEdge = MakeAxis(100, 5, 50);
-        QCOMPARE(
-            ClipEdges(atEdge, keys, true, kRowHeight, kClipHeight).HitTrimEdge(QPoint(0, kMiddle)),
-            0);
+        QCOMPARE(RowEdges(atEdge, keys).HitTrimEdge(QPoint(0, kMiddle)), 0);
     }
 
     void editModesDecideTheKindOfEdge_data()
@@ -315,7 +368,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         int asked = 0;
         const ClipEdgeHit hit =
             edges.HitTest(QPoint(105, kMiddle), {loop, speed, trim}, [&asked, answer] {
@@ -335,7 +388,7 @@ private slots:
         FillTwoClips(keys);
         keys.GetAt(1)->transitionFrames = 19; // starts at pixel 105, where the first clip ends
         keys.SetSelectionByIndex(1, 1, true, ~0u);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         const QPoint point(105, kMiddle);
         const ClipEdgeHit withTrim = edges.HitTest(point, {true, true, true}, NobodyToAsk);
         QCOMPARE(withTrim.clip, 1);
@@ -350,7 +403,7 @@ private slots:
         const FrameAxis axis = MakeAxis(100, 5);
         CTimelineKeyArray keys;
         FillTwoClips(keys);
-        const ClipEdges edges(axis, keys, true, kRowHeight, kClipHeight);
+        const RowEdges edges(axis, keys);
         const ClipEdgeHit hit =
             edges.HitTest(QPoint(70, kMiddle), {true, false, true}, NobodyToAsk);
         QCOMPARE(hit.clip, -1);

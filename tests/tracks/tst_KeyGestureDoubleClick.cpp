@@ -36,6 +36,8 @@ private slots:
     void startsNoGesture();
     void reportsNoKeyThatTheHostTookAway();
     void reportsTheKeyAtItsNewIndex();
+    void endsWhereALaterEventRunsInsideItsReport_data();
+    void endsWhereALaterEventRunsInsideItsReport();
 };
 
 void tst_KeyGestureDoubleClick::selectsTheKeyAndReportsItsIndex()
@@ -194,6 +196,36 @@ void tst_KeyGestureDoubleClick::reportsTheKeyAtItsNewIndex()
     scene.pointer.PressAgain();
     QCOMPARE(scene.TakeCalls(),
              QStringList({"same body row", "cleared", "changed", "double click row 1"}));
+}
+
+void tst_KeyGestureDoubleClick::endsWhereALaterEventRunsInsideItsReport_data()
+{
+    QTest::addColumn<bool>("isPress");
+    QTest::addColumn<QStringList>("later");
+    QTest::newRow("its release") << false << QStringList({"frame 20 false", "frame 20 true"});
+    QTest::newRow("a press") << true
+                             << QStringList({"same body row", "cleared", "changed",
+                                             "frame 30 false", "frame 30 true"});
+}
+
+void tst_KeyGestureDoubleClick::endsWhereALaterEventRunsInsideItsReport()
+{
+    QFETCH(const bool, isPress);
+    QFETCH(const QStringList, later);
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({20, 30});
+    scene.Click(20);
+    scene.SetCurrentFrame(0);
+    scene.TakeCalls();
+    scene.When("cleared", [&] {
+        if (isPress)
+            scene.Press(30);
+        else
+            scene.Release();
+    });
+    scene.pointer.PressAgain();
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "cleared"}) + later);
+    QCOMPARE(scene.Selection(), isPress ? Indexes{1} : Indexes{});
 }
 
 QTEST_MAIN(tst_KeyGestureDoubleClick)

@@ -47,6 +47,9 @@ private slots:
     void measuresStepsOnTheAxisAsItIsNow();
     void goesOnAfterTheHostReplacedTheKeys();
     void aStepInsideACallbackTakesNothingAway();
+    void aPressInsideTheReleaseBeginsAnewWhileTheOldDragIsTold();
+    void aPressThatEndsADragStopsWhenALaterOneRanInItsEnd();
+    void aDragThatLostItsEditModesEndsBeforeItsRelease();
     void aReleaseInsideTheFirstCallbackEndsTheDrag();
 };
 
@@ -466,6 +469,72 @@ void tst_KeyGestureDrag::aReleaseInsideTheFirstCallbackEndsTheDrag()
     QCOMPARE(scene.Key(0).frame, 23);
     scene.MoveTo(30);
     QCOMPARE(scene.TakeCalls(), QStringList());
+}
+
+void tst_KeyGestureDrag::aPressInsideTheReleaseBeginsAnewWhileTheOldDragIsTold()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({10, 30});
+    scene.Press(10);
+    scene.MoveTo(15);
+    scene.TakeCalls();
+    MessageSpy spy(scene.row);
+    spy.reaction = [&](int code) {
+        if (code == 1111) {
+            spy.reaction = nullptr;
+            scene.Press(30);
+        }
+    };
+    scene.Release();
+    QCOMPARE(spy.TakeMessages(),
+             QStringList({"1111 (0, 0, 0, 0)", "1108 (0, 0, 0, 0)", "1103 (0, 0, 0, 0)",
+                          "1102 (0, 0, 0, 0)", "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
+    scene.MoveTo(32);
+    QCOMPARE(spy.TakeMessages(), QStringList({"1109 (0, 0, 0, 0)", "1110 (0, 0, 2, 0)"}));
+}
+
+void tst_KeyGestureDrag::aPressThatEndsADragStopsWhenALaterOneRanInItsEnd()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({10, 30});
+    scene.Press(10);
+    scene.MoveTo(15);
+    scene.TakeCalls();
+    scene.pointer.LoseButtons();
+    MessageSpy spy(scene.row);
+    spy.reaction = [&](int code) {
+        if (code == 1111) {
+            spy.reaction = nullptr;
+            scene.Press(30);
+        }
+    };
+    QMouseEvent press(QEvent::MouseButtonPress, scene.At(40), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(scene.row, &press);
+    QCOMPARE(spy.TakeMessages(),
+             QStringList({"1111 (0, 0, 0, 0)", "1108 (0, 0, 0, 0)", "1103 (0, 0, 0, 0)",
+                          "1102 (0, 0, 0, 0)", "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
+    scene.MoveTo(32);
+    QCOMPARE(spy.TakeMessages(), QStringList({"1109 (0, 0, 0, 0)", "1110 (0, 0, 2, 0)"}));
+}
+
+/// The release that comes when the modes are back is that of a drag that has ended.
+void tst_KeyGestureDrag::aDragThatLostItsEditModesEndsBeforeItsRelease()
+{
+    MouseScene scene(kDragKeys);
+    scene.AddKeys({10});
+    scene.Press(10);
+    scene.MoveTo(15);
+    scene.fixture.SetEditModes(scene.row, {});
+    scene.TakeCalls();
+    MessageSpy spy(scene.row);
+    scene.pointer.Press(scene.row, scene.At(18), Qt::MiddleButton);
+    QCOMPARE(spy.TakeMessages(),
+             QStringList({"1111 (0, 0, 3, 0)", "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)",
+                          "1104 (0, 0, 0, 0)", "1105 (0, 0, 0, 0)"}));
+    scene.fixture.SetEditModes(scene.row, kDragKeys);
+    scene.Release();
+    QCOMPARE(spy.TakeMessages(), QStringList());
 }
 
 QTEST_MAIN(tst_KeyGestureDrag)

@@ -34,6 +34,21 @@ public:
     {
         SubKeys(clip).SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
     }
+    /// What a host does that makes its keys anew: the clips with their sub-keys, or only these.
+    void ReplaceKeys(bool clips)
+    {
+        if (clips) {
+            Keys().RemoveAll();
+            AddClip(5, {2, 4, 8});
+            return;
+        }
+        Key(FirstClip).subKeys = new CTimelineKeyArray;
+        for (const int frame : {2, 4, 8}) {
+            VZ::CPointer<CTimelineKey> key(new CTimelineKey);
+            key->frame = frame;
+            SubKeys(FirstClip).Add(key, false);
+        }
+    }
     void AddClip(int frame, std::initializer_list<int> subFrames)
     {
         VZ::CPointer<CTimelineKey> clip(new CTimelineKey);
@@ -97,6 +112,14 @@ private slots:
     void doubleClickSelectsClipAndSubKeyAndReportsTheSubKey();
     void doubleClickOnAClipBesideItsSubKeysReportsMinusOne();
     void doubleClickOnAKeyWithoutSubKeysGoesToIt();
+
+    void goesToNoSubKeyThatTheHostReplaced_data();
+    void goesToNoSubKeyThatTheHostReplaced();
+    void doubleClickReportsNoSubKeyThatTheHostReplaced_data();
+    void doubleClickReportsNoSubKeyThatTheHostReplaced();
+    void keepsTheSelectionThatTheHostBringsWithNewClips();
+    void aPressInsideTheReportOfAPressTakesItsPlace_data();
+    void aPressInsideTheReportOfAPressTakesItsPlace();
 };
 
 void tst_KeyGestureSubKeys::hitsWhereTheTestsBelowPress()
@@ -573,6 +596,91 @@ void tst_KeyGestureSubKeys::doubleClickOnAKeyWithoutSubKeysGoesToIt()
              QStringList({"same body row", "cleared", "changed", "frame 22 false", "frame 22 true",
                           "double click row -1"}));
     QCOMPARE(scene.Selection(), Indexes{SubKeyScene::PlainKey});
+}
+
+void tst_KeyGestureSubKeys::goesToNoSubKeyThatTheHostReplaced_data()
+{
+    QTest::addColumn<QString>("callback");
+    QTest::addColumn<bool>("clips");
+    for (const char* const callback : {"cleared", "changed"}) {
+        QTest::addRow("clips in \"%s\"", callback) << QString(callback) << true;
+        QTest::addRow("sub-keys in \"%s\"", callback) << QString(callback) << false;
+    }
+}
+
+void tst_KeyGestureSubKeys::goesToNoSubKeyThatTheHostReplaced()
+{
+    QFETCH(const QString, callback);
+    QFETCH(const bool, clips);
+    SubKeyScene scene;
+    ResetAxis(MouseScene::kFrames, 4, 0, 0);
+    scene.When(callback, [&] { scene.ReplaceKeys(clips); });
+    scene.pointer.Press(scene.row, scene.Spot(9 * 4 - 1)); // on its glyph, a frame before it
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "cleared", "changed", "changed",
+                                             "frame 8 false", "frame 8 true"}));
+    QCOMPARE(scene.SubSelection(SubKeyScene::FirstClip), Indexes{});
+    scene.pointer.MoveTo(scene.row, scene.Spot(14 * 4));
+    QCOMPARE(scene.TakeCalls(), QStringList());
+}
+
+void tst_KeyGestureSubKeys::doubleClickReportsNoSubKeyThatTheHostReplaced_data()
+{
+    QTest::addColumn<bool>("clips");
+    QTest::newRow("clips") << true;
+    QTest::newRow("sub-keys") << false;
+}
+
+void tst_KeyGestureSubKeys::doubleClickReportsNoSubKeyThatTheHostReplaced()
+{
+    QFETCH(const bool, clips);
+    SubKeyScene scene;
+    scene.Click(9);
+    scene.TakeCalls();
+    scene.When("changed", [&] { scene.ReplaceKeys(clips); });
+    scene.pointer.PressAgain();
+    QCOMPARE(scene.TakeCalls(),
+             QStringList({"same body row", "cleared", "changed", "double click row -1"}));
+}
+
+void tst_KeyGestureSubKeys::keepsTheSelectionThatTheHostBringsWithNewClips()
+{
+    SubKeyScene scene;
+    scene.When("cleared", [&] {
+        scene.ReplaceKeys(true);
+        scene.Select(scene.row, SubKeyScene::FirstClip);
+        scene.SelectSubKey(SubKeyScene::FirstClip, 2);
+    });
+    scene.Press(9);
+    QCOMPARE(scene.TakeCalls(), QStringList({"same body row", "cleared", "changed", "changed",
+                                             "frame 9 false", "frame 9 true"}));
+    QCOMPARE(scene.Selection(), Indexes{SubKeyScene::FirstClip});
+    QCOMPARE(scene.SubSelection(SubKeyScene::FirstClip), Indexes{2});
+}
+
+void tst_KeyGestureSubKeys::aPressInsideTheReportOfAPressTakesItsPlace_data()
+{
+    QTest::addColumn<QString>("callback");
+    QTest::addColumn<QStringList>("before");
+    QTest::newRow("activation") << "same body row" << QStringList({"same body row"});
+    QTest::newRow("clearing") << "cleared" << QStringList({"same body row", "cleared"});
+    QTest::newRow("selection") << "changed" << QStringList({"same body row", "cleared", "changed"});
+}
+
+void tst_KeyGestureSubKeys::aPressInsideTheReportOfAPressTakesItsPlace()
+{
+    QFETCH(const QString, callback);
+    QFETCH(const QStringList, before);
+    SubKeyScene scene;
+    scene.When(callback, [&] { scene.Press(36); });
+    scene.Press(9);
+    QCOMPARE(scene.TakeCalls(),
+             before + QStringList({"same body row", "cleared", "changed", "changed",
+                                   "frame 36 false", "frame 36 true"}));
+    QCOMPARE(scene.Selection(), Indexes{SubKeyScene::SecondClip});
+    QCOMPARE(scene.SubSelection(SubKeyScene::FirstClip), Indexes{});
+    QCOMPARE(scene.SubSelection(SubKeyScene::SecondClip), Indexes{1});
+    scene.MoveTo(38);
+    QCOMPARE(scene.TakeCalls(), QStringList({"edit 0 [row] 0 0", "edit 2 [row] 2 0"}));
 }
 
 QTEST_MAIN(tst_KeyGestureSubKeys)

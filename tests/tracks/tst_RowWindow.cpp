@@ -541,6 +541,36 @@ private slots:
         QVERIFY(picture != KeysPicture(*row, PaintAllKeys));
     }
 
+    void handlesAtTheLeftEdgeFollowASelectionThatTheListMisses_data()
+    {
+        QTest::addColumn<bool>("clears");
+        QTest::newRow("another key is selected afterwards") << false;
+        QTest::newRow("all selection is cleared afterwards") << true;
+    }
+    void handlesAtTheLeftEdgeFollowASelectionThatTheListMisses()
+    {
+        QFETCH(const bool, clears);
+        const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);
+        ResetAxis(1000, 10.0);
+        row->resize(kSize);
+        for (const int frame : {20, 400, 500})
+            AddKey(*row, frame);
+        AddKey(*row, 900, [](CTimelineKey& key) { key.kindMask = TL_KEY_TRANSITION_IN; });
+        row->Keys().SetSelectionByIndex(1, 1, true, TL_KEY_ANY_KIND);
+        const QImage before = KeysPicture(*row, PaintKeysInView);
+        row->Keys().RemoveAt(0);
+        if (clears)
+            row->Keys().ClearAllSelection();
+        else
+            row->Keys().SetSelectionByIndex(2, 2, true, TL_KEY_ANY_KIND);
+        QVERIFY(row->Keys().GetAt(0)->selected);
+        QCOMPARE(KeysPicture(*row, PaintKeysInView), KeysPicture(*row, PaintAllKeys));
+        // Without a change of their number the keys are looked at again, too.
+        row->Keys().SetSelection(0, 1000, false, TL_KEY_ANY_KIND);
+        QVERIFY(before != KeysPicture(*row, PaintKeysInView));
+        QCOMPARE(KeysPicture(*row, PaintKeysInView), KeysPicture(*row, PaintAllKeys));
+    }
+
     void handlesAtTheLeftEdgeAreThoseOfRelatedKeysThatAreDrawn()
     {
         const auto row = MakeTrack(TL_TRACK_TRANSITION_KEY);

@@ -145,6 +145,8 @@ private slots:
     void followsAHostThatMovesTheMarkers();
     void survivesTheHostsDeedInACallback_data();
     void survivesTheHostsDeedInACallback();
+    void survivesTheHostsDeedAtALostEnd_data();
+    void survivesTheHostsDeedAtALostEnd();
     void keepsQuietAfterItWasReleasedDuringADrag();
 };
 
@@ -672,6 +674,42 @@ void tst_RulerGesture::survivesTheHostsDeedInACallback_data()
             QTest::addRow("%s in %s", each.name, callback)
                 << each.deed << QString::fromLatin1(callback);
     }
+}
+
+void tst_RulerGesture::survivesTheHostsDeedAtALostEnd_data()
+{
+    QTest::addColumn<Deed>("deed");
+    QTest::addColumn<int>("type");
+    const std::pair<const char*, QEvent::Type> events[] = {{"press", QEvent::MouseButtonPress},
+                                                           {"move", QEvent::MouseMove},
+                                                           {"release", QEvent::MouseButtonRelease}};
+    for (const auto& [name, type] : events) {
+        QTest::addRow("deletes the dock at a %s", name) << Deed(DeleteDock) << int(type);
+        QTest::addRow("deletes the container at a %s", name) << Deed(DeleteContainer) << int(type);
+    }
+}
+
+/// The focus went, and before the event loop ends the gesture, another event comes.
+void tst_RulerGesture::survivesTheHostsDeedAtALostEnd()
+{
+    QFETCH(Deed, deed);
+    QFETCH(int, type);
+    m_pointer->Press(Ruler(), Cell(10));
+    Calls();
+    const QPointer<CTimelineTrackTick> ruler = Ruler();
+    const QPoint cell = Cell(12);
+    m_fixture->host.reaction = [&](const QString& line) {
+        if (line == "frame 10 true")
+            deed(*m_fixture);
+    };
+    m_elsewhere->setFocus();
+    QMouseEvent event(
+        QEvent::Type(type), cell, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(ruler, &event);
+    QCOMPARE(Calls(), QStringList{"frame 10 true"});
+    m_fixture->Settle();
+    QVERIFY(!ruler);
 }
 
 void tst_RulerGesture::survivesTheHostsDeedInACallback()

@@ -502,6 +502,40 @@ private slots:
         QVERIFY(!scene.row);
     }
 
+    void aPressInsideTheReportOfAPressTakesItsPlace_data()
+    {
+        QTest::addColumn<bool>("onArrow");
+        QTest::newRow("of a button") << false;
+        QTest::newRow("of an arrow") << true;
+    }
+    void aPressInsideTheReportOfAPressTakesItsPlace()
+    {
+        QFETCH(const bool, onArrow);
+        SwitchRow scene(SwitchRow::Many());
+        const int offset = scene.row->ScrollOffset();
+        scene.When(kPressed[0], [&] {
+            scene.Release();
+            scene.Press(scene.On(1));
+        });
+        scene.Press(onArrow ? scene.OnRightArrow() : scene.On(0));
+        QCOMPARE(scene.TakeCalls(), kPressed + kPressed);
+        QCOMPARE(scene.row->ScrollOffset(), offset);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList{"switch row 1"});
+    }
+
+    void aPressInsideTheReportOfAToggleStaysOn()
+    {
+        SwitchRow scene({0, 0, 0});
+        scene.Press(scene.On(0));
+        scene.TakeCalls();
+        scene.When("switch row 0", [&] { scene.Press(scene.On(1)); });
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList{"switch row 0"} + kPressed);
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList{"switch row 1"});
+    }
+
 private:
     static void ClicksCleanly(SwitchRow& scene)
     {

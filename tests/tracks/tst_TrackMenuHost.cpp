@@ -1,3 +1,4 @@
+#include "support/Pointer.h"
 #include "tracks/HostDeeds.h"
 #include "tracks/MenuScene.h"
 
@@ -21,6 +22,10 @@ private slots:
     void theHostMayReplaceClipsAndSubKeysInAnyCallback();
     void nothingFollowsFromAHostThat_data();
     void nothingFollowsFromAHostThat();
+    void goesToNoSubKeyThatTheHostReplaced_data();
+    void goesToNoSubKeyThatTheHostReplaced();
+    void aMenuInsideTheReportOfAPressLeavesNothingPressed();
+    void aPressInsideTheReportOfAMenuKeepsItShut();
     void aTrackHiddenWhileTheMenuIsOpenReportsNothing();
 };
 
@@ -197,6 +202,84 @@ void tst_TrackMenuHost::aTrackHiddenWhileTheMenuIsOpenReportsNothing()
     RightClickAt(scene.arm, 60);
     QCOMPARE(scene.fixture.host.calls.last(), QString("menu Arm"));
     QVERIFY(scene.fixture.manager->IsTrackExist(scene.arm));
+}
+
+void tst_TrackMenuHost::goesToNoSubKeyThatTheHostReplaced_data()
+{
+    QTest::addColumn<bool>("clips");
+    QTest::newRow("clips") << true;
+    QTest::newRow("sub-keys") << false;
+}
+
+void tst_TrackMenuHost::goesToNoSubKeyThatTheHostReplaced()
+{
+    QFETCH(const bool, clips);
+    SubKeyScene scene;
+    const QPoint point = scene.PointBeside(0, 1);
+    const int frame = scene.mouth->PixelToFrame(point.x());
+    int changes = 0;
+    scene.alsoReact = [&](const QString& line) {
+        if (line != "changed" || changes++ > 0)
+            return;
+        const VZ::CPointer<CTimelineKeyArray> anew(new CTimelineKeyArray);
+        anew->Add(NewKey(15), false);
+        if (clips) {
+            scene.mouth->Keys().RemoveAll();
+            scene.mouth->Keys().Add(MakeClip(10, 30), false);
+            scene.mouth->Keys().GetAt(0)->subKeys = anew.Get();
+        } else {
+            scene.first->subKeys = anew.Get();
+        }
+    };
+    RightClick(scene.mouth, point);
+    QCOMPARE(scene.Calls(), QStringList({"same Body Mouth", "cleared", "changed",
+                                         QString("frame %1 false").arg(frame),
+                                         QString("frame %1 true").arg(frame), "menu Mouth"}));
+    QVERIFY(!scene.mouth->Keys().GetAt(0)->subKeys->GetAt(0)->selected);
+}
+
+void tst_TrackMenuHost::aMenuInsideTheReportOfAPressLeavesNothingPressed()
+{
+    MenuScene scene;
+    scene.menu.top = {scene.menu.Make(7, "Insert")};
+    scene.Activate(scene.arm);
+    bool isFirst = true;
+    scene.alsoReact = [&](const QString& line) {
+        if (line == "same Body Arm" && std::exchange(isFirst, false))
+            RightClickAt(scene.arm, 40);
+    };
+    MenuHand hand;
+    Pointer pointer(&scene.fixture.mainWindow);
+    pointer.Press(scene.arm, PointAt(scene.arm, 20));
+    const QStringList menu = {"same Body Arm",  "cleared",       "changed",
+                              "frame 40 false", "frame 40 true", "menu Arm"};
+    QCOMPARE(scene.Calls(), QStringList{"same Body Arm"} + menu);
+    QCOMPARE(hand.opened, 1);
+    QCOMPARE(scene.arm->Keys().SelectedIndexes(), std::vector<int>{1});
+    pointer.MoveTo(scene.arm, PointAt(scene.arm, 30)); // the button seems to be down still
+    QCOMPARE(scene.Calls(), QStringList());
+}
+
+void tst_TrackMenuHost::aPressInsideTheReportOfAMenuKeepsItShut()
+{
+    MenuScene scene;
+    scene.menu.top = {scene.menu.Make(7, "Insert")};
+    scene.Activate(scene.arm);
+    Pointer pointer(&scene.fixture.mainWindow);
+    scene.alsoReact = [&](const QString& line) {
+        if (line != "changed")
+            return;
+        scene.alsoReact = nullptr;
+        pointer.Press(scene.arm, PointAt(scene.arm, 20));
+    };
+    MenuHand hand;
+    RightClickAt(scene.arm, 40);
+    const QStringList press = {"same Body Arm", "cleared", "changed", "frame 20 false",
+                               "frame 20 true"};
+    QCOMPARE(scene.Calls(), QStringList({"same Body Arm", "cleared", "changed"}) + press);
+    QCOMPARE(hand.opened, 0);
+    pointer.MoveTo(scene.arm, PointAt(scene.arm, 22));
+    QCOMPARE(scene.Calls(), QStringList({"edit 0 [Arm] 0 0", "edit 2 [Arm] 2 0"}));
 }
 
 QTEST_MAIN(tst_TrackMenuHost)

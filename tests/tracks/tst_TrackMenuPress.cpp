@@ -79,6 +79,7 @@ private slots:
     void withoutFramesTheCurrentFrameIsZero();
     void aSubKeyThatIsHitIsSelectedInItsClipAlone();
     void aSelectedSubKeyKeepsTheOthersSelected();
+    void aSelectedSubKeyIsGoneToFromBesideItsFrame();
     void aSubKeyWithSubKeysOfItsOwnKeepsTheFrameUnderThePointer();
     void aClipHitBesideItsSubKeysIsSelectedAlone();
     void aClickBesideAllClipsKeepsTheSelectionOfSubKeys();
@@ -267,6 +268,15 @@ void tst_TrackMenuPress::aSelectedSubKeyKeepsTheOthersSelected()
     QCOMPARE(scene.Calls(), (QStringList{"same Body Mouth", "cleared", "changed", "frame 25 false",
                                          "frame 25 true", "menu Mouth"}));
     QCOMPARE(scene.first->subKeys->SelectedIndexes(), (std::vector<int>{0, 1}));
+}
+
+void tst_TrackMenuPress::aSelectedSubKeyIsGoneToFromBesideItsFrame()
+{
+    SubKeyScene scene;
+    scene.first->subKeys->SetSelectionByIndex(1, 1, true, TL_KEY_ANY_KIND);
+    RightClick(scene.mouth, scene.PointBeside(0, 1));
+    QCOMPARE(scene.Calls(), QStringList({"same Body Mouth", "cleared", "changed", "frame 25 false",
+                                         "frame 25 true", "menu Mouth"}));
 }
 
 void tst_TrackMenuPress::aSubKeyWithSubKeysOfItsOwnKeepsTheFrameUnderThePointer()

@@ -552,6 +552,79 @@ private slots:
         QVERIFY(!scene.row);
     }
 
+    // --- presses that run inside a report -------------------------------------------------------
+
+    void aPressInsideTheReportOfAPressTakesItsPlace_data()
+    {
+        QTest::addColumn<int>("callback");
+        for (int i = 0; i < kPressed.size(); ++i)
+            QTest::newRow(qPrintable(kPressed[i])) << i;
+    }
+    void aPressInsideTheReportOfAPressTakesItsPlace()
+    {
+        QFETCH(const int, callback);
+        TransitionRow scene;
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        scene.Add(60, TL_KEY_TRANSITION_IN, 5);
+        scene.When(kPressed[callback], [&] {
+            scene.Release();
+            scene.Press(275);
+        });
+        scene.Press(75);
+        QCOMPARE(scene.TakeCalls(), kPressed.mid(0, callback + 1) + kPressed);
+        // Only the press that went on selected its key, unless the first one had done so by then.
+        const std::vector<int> both{0, 1};
+        QCOMPARE(scene.row->Keys().SelectedIndexes(), callback == 0 ? std::vector<int>{1} : both);
+        scene.MoveTo(260);
+        QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 5 [row] 1 3"});
+    }
+
+    void aReleaseAndAPressInsideTheFirstReportOfADragLeaveItsKeyAlone()
+    {
+        TransitionRow scene;
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        scene.Add(60, TL_KEY_TRANSITION_IN, 5);
+        scene.Press(75);
+        scene.TakeCalls();
+        scene.When(kBegins[0], [&] {
+            scene.Release();
+            scene.Press(275);
+        });
+        scene.MoveTo(50);
+        QCOMPARE(scene.TakeCalls(), kBegins + kEnds + kPressed);
+        scene.MoveTo(260);
+        QCOMPARE(scene.TakeCalls(), kBegins + QStringList{"edit 5 [row] 1 3"});
+    }
+
+    void aPressInsideTheReportOfTheEndStaysOn_data()
+    {
+        QTest::addColumn<bool>("isReleased");
+        QTest::newRow("after the release") << true;
+        QTest::newRow("after a move without the button") << false;
+    }
+    void aPressInsideTheReportOfTheEndStaysOn()
+    {
+        QFETCH(const bool, isReleased);
+        TransitionRow scene;
+        scene.Add(20, TL_KEY_TRANSITION_IN, 5);
+        scene.Press(75);
+        scene.MoveTo(50);
+        scene.TakeCalls();
+        scene.When(kEnds.last(), [&] { scene.Press(400); });
+        if (isReleased) {
+            scene.Release();
+        } else {
+            scene.pointer.LoseButtons();
+            scene.MoveTo(45);
+        }
+        QCOMPARE(scene.TakeCalls(), kEnds + QStringList({"same body row", "cleared", "changed",
+                                                         "frame 80 false", "frame 80 true"}));
+        scene.MoveTo(415);
+        QCOMPARE(scene.TakeCalls(), QStringList{"changed"});
+        scene.Release();
+        QCOMPARE(scene.TakeCalls(), QStringList({"frame 83 false", "frame 83 true"}));
+    }
+
 private:
     static void DragOneStep(TransitionRow& scene)
     {

@@ -35,6 +35,7 @@ void OpenGesture::Begin()
 
 void OpenGesture::End()
 {
+    ++m_ends;
     if (!std::exchange(m_isOn, false))
         return;
     m_isLost = false;
@@ -93,7 +94,30 @@ void OpenGesture::LeaveHandler()
     FinishIfLost();
 }
 
-OpenGesture::Handling::Handling(OpenGesture& gesture) : m_gesture(&gesture)
+OpenGesture& OpenGesture::CountPress()
+{
+    ++m_presses;
+    return *this;
+}
+
+OpenGesture::Turn OpenGesture::TakeTurn(Until until)
+{
+    return Turn(CountPress(), until);
+}
+
+OpenGesture::Turn::Turn(OpenGesture& gesture, Until until)
+    : m_gesture(&gesture), m_until(until), m_presses(gesture.m_presses), m_ends(gesture.m_ends)
+{
+}
+
+bool OpenGesture::Turn::IsOn() const
+{
+    return m_gesture && m_gesture->m_presses == m_presses &&
+           (m_until == Until::NextPress || m_gesture->m_ends == m_ends);
+}
+
+OpenGesture::Handling::Handling(OpenGesture& gesture)
+    : m_turn(gesture, Until::NextPress), m_gesture(&gesture)
 {
     gesture.FinishIfLost();
     if (m_gesture)
@@ -104,4 +128,10 @@ OpenGesture::Handling::~Handling()
 {
     if (m_gesture)
         m_gesture->LeaveHandler();
+}
+
+OpenGesture::PressHandling::PressHandling(OpenGesture& gesture) : Handling(gesture.CountPress())
+{
+    if (MayGoOn() && gesture.m_isOn)
+        gesture.m_finish();
 }

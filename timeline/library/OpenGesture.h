@@ -26,8 +26,31 @@ public:
     /// A gesture is under way from now on. Does nothing while one is: one that was lost already
     /// stays lost.
     void Begin();
-    void End(); ///< it is over
+    void End(); ///< it is over; also called for a release that ends none
     bool IsOn() const { return m_isOn; }
+
+    /// What takes a turn from its handler. Host code that is called from one handler may run later
+    /// events of the same widget, whose handlers are through when the first one goes on.
+    enum class Until
+    {
+        NextPress,      ///< a press, double click or menu that arrives later
+        NextPressOrEnd, ///< or the end of a gesture, even of none: a release of the button
+    };
+    /// Tells a handler whether the widget is still there and still its own to act on.
+    class Turn
+    {
+    public:
+        Turn(OpenGesture& gesture, Until until);
+        bool IsOn() const;
+
+    private:
+        QPointer<OpenGesture> m_gesture;
+        Until m_until;
+        unsigned int m_presses;
+        unsigned int m_ends;
+    };
+    /// Begins the turn of a press: those of all presses before it are over.
+    Turn TakeTurn(Until until);
 
     /// Stands on the stack of every handler of the widget that may call the host.
     class Handling
@@ -39,9 +62,23 @@ public:
         Handling(const Handling&) = delete;
         Handling& operator=(const Handling&) = delete;
 
+        /// False when the widget is gone or a later press has arrived since the handler began,
+        /// whose gesture is none of this handler's business.
+        bool MayGoOn() const { return m_turn.IsOn(); }
+        const Turn& GetTurn() const { return m_turn; }
+
     private:
         const CallOut m_callOut;
+        const Turn m_turn;
         QPointer<OpenGesture> m_gesture;
+    };
+
+    /// The same for a press, double click or menu: takes the turn, and finishes any gesture that is
+    /// still on.
+    class PressHandling : public Handling
+    {
+    public:
+        explicit PressHandling(OpenGesture& gesture);
     };
 
 protected:
@@ -53,6 +90,7 @@ private:
     void FinishIfLost();
     void EnterHandler();
     void LeaveHandler();
+    OpenGesture& CountPress();
 
     QWidget& m_widget;
     std::function<void()> m_finish;
@@ -61,4 +99,6 @@ private:
     bool m_isLost = false;
     bool m_isPointerTaken = false; ///< since the outermost handler that is running started
     int m_handlers = 0;
+    unsigned int m_presses = 0; ///< that arrived
+    unsigned int m_ends = 0;    ///< of gestures, and of none
 };

@@ -26,7 +26,7 @@ public:
     {
     }
 
-    /// @p point is in pixels from the row's corner. @return whether the track is still there.
+    /// @p point is in pixels from the row's corner. @return whether the menu may open.
     bool At(QPoint point)
     {
         if (!MoveFrameTo(m_track.PixelToFrame(point.x())) || !Select(KeyHit(m_track, point)))
@@ -51,7 +51,7 @@ private:
     {
         if (hit.EditsSubKeys() && hit.Key() && !SelectHitClip(m_track, hit, m_report))
             return false;
-        if (!hit.Edited())
+        if (hit.EditedIndex() < 0)
             return true;
         if (!hit.Edited()->selected &&
             (!SelectHitAlone(hit, m_report) || !m_report.Send(kTrackSelectionChanged)))
@@ -79,11 +79,13 @@ void CTimelineTrackBase::contextMenuEvent(QContextMenuEvent* event)
 
 void CTimelineTrackBase::BuildContextMenu(QPoint globalPoint)
 {
-    TrackReport report(*this);
-    const OpenGesture::Handling handling(Gesture());
-    // The menu takes the pointer: a drag of the left button would never see its release.
-    if (report.IsThere() && Gesture().IsOn())
-        EndGesture();
+    const TrackReport choice(*this);
+    // The menu takes the pointer: a drag of the left button would never see its release, nor would
+    // a press that is still being reported.
+    const OpenGesture::PressHandling handling(Gesture());
+    if (!choice.IsThere())
+        return;
+    TrackReport report(*this, handling.GetTurn());
     if (!report.Send(kTrackPressed))
         return;
     if (!MenuPress(*this, report).At(mapFromGlobal(globalPoint)))
@@ -96,6 +98,6 @@ void CTimelineTrackBase::BuildContextMenu(QPoint globalPoint)
     if (answer < 0 || !report.IsThere())
         return;
     const std::optional<int> command = TrackMenu(entries).Choose(globalPoint);
-    if (command && report.IsThere())
+    if (command && choice.IsThere())
         Send(kTrackMenuChosen, *command);
 }

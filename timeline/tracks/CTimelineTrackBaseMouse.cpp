@@ -1,44 +1,32 @@
 // The mouse on a row. What it does is in KeyGesture. Finishing a gesture that was lost, which comes
-// first in each handler, calls the host, which may delete the track.
+// first in each handler, calls the host, which may delete the track or run later events of it.
 
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QMouseEvent>
-#include <QPointer>
 
 void CTimelineTrackBase::mousePressEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackBase> self(this);
-    const OpenGesture::Handling handling(Gesture());
-    if (self)
-        m_keyGesture.Press(*event);
+    m_keyGesture.Press(*event);
 }
 
 void CTimelineTrackBase::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackBase> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (self)
+    if (handling.MayGoOn())
         m_keyGesture.Move(*event);
 }
 
 void CTimelineTrackBase::mouseReleaseEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackBase> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (self)
+    if (handling.MayGoOn())
         m_keyGesture.Release(*event);
 }
 
 void CTimelineTrackBase::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackBase> self(this);
-    const OpenGesture::Handling handling(Gesture());
-    // It is a press as well, and may find the drag of a kind's own still under way.
-    if (self && event->button() == Qt::LeftButton)
-        EndGesture();
-    if (self)
-        m_keyGesture.DoubleClick(*event);
+    m_keyGesture.DoubleClick(*event);
 }
 
 void CTimelineTrackBase::EndGesture()

@@ -145,6 +145,7 @@ const KeyFacts& CTimelineTrackBase::Facts()
     const int frameCount = Axis().frameCount;
     if (!m_facts.IsCurrent(*m_keys, frameCount))
         m_facts = GatherFacts(*m_keys, m_trackType, frameCount);
+    GatherSelection(*m_keys, m_trackType, m_facts);
     return m_facts;
 }
 

@@ -84,44 +84,60 @@ ClipEdges CTimelineTrackClip::Edges()
         clipHeight = style->height;
     else if (GetTrackType() == TL_TRACK_WAVE)
         clipHeight = GetRowHeight() - kWaveBarMargin;
-    return ClipEdges(Axis(), Keys(), Facts().searchable, GetRowHeight(), clipHeight);
+    return ClipEdges(Axis(), Keys(), Facts(), GetRowHeight(), clipHeight);
 }
 
 void CTimelineTrackClip::mousePressEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackClip> self(this);
-    const OpenGesture::Handling handling(Gesture());
-    const bool isLeft = event->button() == Qt::LeftButton;
-    if (self && isLeft)
-        EndGesture();
-    if (!self)
+    if (event->button() == Qt::LeftButton) {
+        PressLeft(event);
         return;
+    }
+    const OpenGesture::Handling handling(Gesture());
+    if (!handling.MayGoOn())
+        return;
+    if (GetEditModes().GetSize() == 0)
+        GoToFrameAt(event->x());
+    else
+        CTimelineTrackBase::mousePressEvent(event);
+}
 
+void CTimelineTrackClip::PressLeft(QMouseEvent* event)
+{
+    const OpenGesture::PressHandling handling(Gesture());
+    if (!handling.MayGoOn())
+        return;
     if (GetEditModes().GetSize() == 0) {
         GoToFrameAt(event->x());
         return;
     }
-    const ClipEdgeHit edge = isLeft ? HitTestEdge(event->pos()) : ClipEdgeHit();
+    // The host may be asked which edge it is, and let the button go up meanwhile.
+    const OpenGesture::Turn turn = Gesture().TakeTurn(OpenGesture::Until::NextPressOrEnd);
+    const ClipEdgeHit edge = HitTestEdge(event->pos());
+    if (!turn.IsOn())
+        return;
     if (!edge.IsEdge()) {
         CTimelineTrackBase::mousePressEvent(event);
         return;
     }
-    CommonGesture().GiveWay();
-    m_edgeDrag.Press(edge);
     event->accept();
-    if (self && m_edgeDrag.IsOn())
+    TrackReport report = CommonGesture().GiveWay();
+    m_edgeDrag.Press(edge, report);
+    if (report.IsThere() && m_edgeDrag.IsOn())
         ShowCursorFor(edge.kind);
 }
 
 void CTimelineTrackClip::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackClip> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (!self)
+    if (!handling.MayGoOn())
         return;
     if (!m_edgeDrag.IsOn()) {
         const bool canEdit = GetEditModes().GetSize() > 0;
-        ShowCursorFor(canEdit ? HitTestEdge(event->pos()).kind : -1);
+        const int kind = canEdit ? HitTestEdge(event->pos()).kind : -1;
+        if (!handling.MayGoOn())
+            return;
+        ShowCursorFor(kind);
         CTimelineTrackBase::mouseMoveEvent(event);
         return;
     }
@@ -131,20 +147,20 @@ void CTimelineTrackClip::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     ShowCursorFor(-1);
+    TrackReport report(*this, OpenGesture::Turn(Gesture(), OpenGesture::Until::NextPressOrEnd));
     if (GetEditModes().GetSize() > 0)
-        m_edgeDrag.DragTo(event->x());
+        m_edgeDrag.DragTo(event->x(), report);
 }
 
 void CTimelineTrackClip::mouseReleaseEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackClip> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (!self)
+    if (!handling.MayGoOn())
         return;
-    if (event->button() == Qt::LeftButton && m_edgeDrag.IsOn())
-        EndGesture();
-    if (self)
+    if (event->button() != Qt::LeftButton || !m_edgeDrag.IsOn())
         CTimelineTrackBase::mouseReleaseEvent(event);
+    else
+        EndEdgeDrag();
 }
 
 void CTimelineTrackClip::EndGesture()
@@ -153,10 +169,20 @@ void CTimelineTrackClip::EndGesture()
         CTimelineTrackBase::EndGesture();
         return;
     }
+    CommonGesture().PassOverRelease();
+    EndEdgeDrag();
+}
+
+void CTimelineTrackClip::EndEdgeDrag()
+{
+    const QPointer<CTimelineTrackClip> self(this);
     const CallOut callOut;
     CommonGesture().ComeBack();
     clearFocus();
     m_edgeDrag.Release();
+    // The host has changed the clip in place, with or without a word about it.
+    if (self)
+        InvalidateCaches();
 }
 
 /// What a press does in a row where nothing can be edited.

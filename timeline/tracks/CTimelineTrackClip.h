@@ -44,6 +44,8 @@ protected:
 
 private:
     ClipEdges Edges();
+    void PressLeft(QMouseEvent* event);
+    void EndEdgeDrag();
     void GoToFrameAt(int x);
     void ShowCursorFor(int kind);
 

@@ -72,18 +72,15 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const QPointer<CTimelineTrackSwitch> self(this);
-    const OpenGesture::Handling handling(Gesture());
-    if (self && m_press.isDown)
-        EndGesture();
-    if (!self)
+    const OpenGesture::PressHandling handling(Gesture());
+    if (!handling.MayGoOn())
         return;
 
     Gesture().Begin();
     m_press = {true, -1, event->pos()};
-    TrackReport report(*this);
     // The press may end while the host is being told of it.
-    if (!report.Send(kTrackPressed) || !m_press.isDown)
+    TrackReport report(*this, Gesture().TakeTurn(OpenGesture::Until::NextPressOrEnd));
+    if (!report.Send(kTrackPressed))
         return;
     const int arrow = Layout().HitArrow(event->pos());
     if (arrow == kNoArrow) {
@@ -92,7 +89,7 @@ void CTimelineTrackSwitch::mousePressEvent(QMouseEvent* event)
     }
     ScrollBy(arrow);
     if (report.Send(kTrackButtonsScrolled))
-        RefreshArrows(arrow, m_press.isDown); // the host may have ended the press
+        RefreshArrows(arrow, true);
 }
 
 void CTimelineTrackSwitch::mouseMoveEvent(QMouseEvent* event)
@@ -116,9 +113,8 @@ void CTimelineTrackSwitch::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const QPointer<CTimelineTrackSwitch> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (self)
+    if (handling.MayGoOn())
         Release(event->pos());
 }
 
@@ -126,10 +122,17 @@ void CTimelineTrackSwitch::mouseDoubleClickEvent(QMouseEvent*) {}
 
 void CTimelineTrackSwitch::leaveEvent(QEvent* event)
 {
+    // Not as in other handlers, where a gesture that was lost is finished first: Qt has the pointer
+    // leave a row from inside its hiding, where the host is not to be called.
+    const CallOut callOut;
+    const QPointer<CTimelineTrackSwitch> self(this);
     RefreshArrows(kNoArrow, m_press.isDown);
+    if (!self)
+        return;
     ShowHover(-1);
     Send(kTrackRepaint);
-    CTimelineTrackBase::leaveEvent(event);
+    if (self)
+        CTimelineTrackBase::leaveEvent(event);
 }
 
 void CTimelineTrackSwitch::EndGesture()

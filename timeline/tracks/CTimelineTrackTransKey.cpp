@@ -1,12 +1,12 @@
 #include "tracks/CTimelineTrackTransKey.h"
 
+#include "tracks/TrackReport.h"
 #include "tracks/TransitionPainter.h"
 #include "tracks/TransitionWindow.h"
 
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPointer>
 
 namespace {
 
@@ -81,46 +81,46 @@ int CTimelineTrackTransKey::HitTestHandle(QPoint point)
 
 void CTimelineTrackTransKey::mousePressEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackTransKey> self(this);
-    const OpenGesture::Handling handling(Gesture());
-    const bool isLeft = event->button() == Qt::LeftButton;
-    if (self && isLeft)
-        EndGesture();
-    if (!self)
+    if (event->button() != Qt::LeftButton) {
+        CTimelineTrackBase::mousePressEvent(event);
         return;
-    const int key = isLeft ? HitTestHandle(event->pos()) : -1;
+    }
+    const OpenGesture::PressHandling handling(Gesture());
+    if (!handling.MayGoOn())
+        return;
+    const int key = HitTestHandle(event->pos());
     if (key < 0) {
         CTimelineTrackBase::mousePressEvent(event);
         return;
     }
-    CommonGesture().GiveWay();
-    m_handleDrag.Press(key);
+    TrackReport report = CommonGesture().GiveWay();
+    m_handleDrag.Press(key, report);
 }
 
 void CTimelineTrackTransKey::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackTransKey> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (self && m_handleDrag.IsOn()) {
-        if (event->buttons() & Qt::LeftButton)
-            m_handleDrag.DragTo(event->x());
-        else
-            EndGesture(); // the button went up where nobody saw it
+    if (!handling.MayGoOn())
+        return;
+    if (m_handleDrag.IsOn() && event->buttons() & Qt::LeftButton) {
+        TrackReport report(*this, OpenGesture::Turn(Gesture(), OpenGesture::Until::NextPressOrEnd));
+        m_handleDrag.DragTo(event->x(), report);
+    } else if (m_handleDrag.IsOn()) {
+        EndGesture(); // the button went up where nobody saw it
     }
-    if (self)
+    if (handling.MayGoOn())
         CTimelineTrackBase::mouseMoveEvent(event);
 }
 
 void CTimelineTrackTransKey::mouseReleaseEvent(QMouseEvent* event)
 {
-    const QPointer<CTimelineTrackTransKey> self(this);
     const OpenGesture::Handling handling(Gesture());
-    if (!self)
+    if (!handling.MayGoOn())
         return;
-    if (event->button() == Qt::LeftButton && m_handleDrag.IsOn())
-        EndGesture();
-    if (self)
+    if (event->button() != Qt::LeftButton || !m_handleDrag.IsOn())
         CTimelineTrackBase::mouseReleaseEvent(event);
+    else
+        EndHandleDrag();
 }
 
 void CTimelineTrackTransKey::EndGesture()
@@ -129,6 +129,12 @@ void CTimelineTrackTransKey::EndGesture()
         CTimelineTrackBase::EndGesture();
         return;
     }
+    CommonGesture().PassOverRelease();
+    EndHandleDrag();
+}
+
+void CTimelineTrackTransKey::EndHandleDrag()
+{
     const CallOut callOut;
     CommonGesture().ComeBack();
     m_handleDrag.Release();

@@ -31,6 +31,7 @@ protected:
 private:
     void PaintColumns(QPainter& painter, const LineKeyTrackStyle& style, const QRect& columns);
     bool CoversRow(const QPainter& painter, const QRect& rect) const;
+    void EndHandleDrag();
 
     TransitionGesture m_handleDrag{*this};
 };

@@ -36,7 +36,7 @@ const DragCodes* CodesOf(int kind)
 
 } // namespace
 
-void ClipEdgeGesture::Press(const ClipEdgeHit& edge)
+void ClipEdgeGesture::Press(const ClipEdgeHit& edge, TrackReport& report)
 {
     CTimelineKeyArray& keys = m_track.Keys();
     m_kind = edge.kind;
@@ -45,7 +45,6 @@ void ClipEdgeGesture::Press(const ClipEdgeHit& edge)
     // The drag may end while the host is being told of the press; the clip is selected even then.
     HeldKey clip = m_clip;
 
-    TrackReport report(m_track);
     if (!report.Send(kTrackPressed))
         return;
     keys.ClearAllSelection();
@@ -56,7 +55,7 @@ void ClipEdgeGesture::Press(const ClipEdgeHit& edge)
     report.Send(kTrackSelectionChanged);
 }
 
-void ClipEdgeGesture::DragTo(int x)
+void ClipEdgeGesture::DragTo(int x, TrackReport& report)
 {
     const FrameAxis& axis = TimelineLibrary::Instance().axis;
     const DragCodes* const codes = CodesOf(m_kind);
@@ -67,11 +66,10 @@ void ClipEdgeGesture::DragTo(int x)
     if (!amount)
         return;
 
-    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
         if (!report.Send(codes->begins, m_clip.Index(), *amount))
             return;
-        // The host may have ended the drag, or made another clip of this one.
+        // The host may have made another clip of this one.
         clip = m_clip.Find(m_track.Keys());
         if (!clip || IsNearEdge(m_kind, axis, *clip, x))
             return;

@@ -4,6 +4,7 @@
 #include "tracks/HeldKey.h"
 
 class CTimelineTrackClip;
+class TrackReport;
 
 /// The drag of a clip's edge: a press arms it, the first change of the clip's loops, length or
 /// lead-in begins it, and the release ends it. It changes no clip: it reports to the track's owner,
@@ -19,12 +20,12 @@ public:
     /// Whether the owner was told that a drag began.
     bool HasMoved() const { return m_hasMoved; }
 
-    /// Arms the drag of @p edge: activates the track and selects the clip, and no other. The track
-    /// may be gone afterwards.
-    void Press(const ClipEdgeHit& edge);
-    /// Reports what changes with the pointer at @p x, a pixel of the row. The track may be gone
-    /// afterwards.
-    void DragTo(int x);
+    /// Arms the drag of @p edge: activates the track and selects the clip, and no other, unless
+    /// the press's @p report ends. The track may be gone afterwards.
+    void Press(const ClipEdgeHit& edge, TrackReport& report);
+    /// Reports what changes with the pointer at @p x, a pixel of the row: the beginning and a step,
+    /// or only the beginning when @p report ends with it. The track may be gone afterwards.
+    void DragTo(int x, TrackReport& report);
     /// Reports the end, unless nothing was changed. The track may be gone afterwards.
     void Release();
 

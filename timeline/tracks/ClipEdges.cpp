@@ -3,7 +3,7 @@
 #include "TimelineEnums.h"
 #include "axis/ClampedInt.h"
 #include "axis/FrameAxis.h"
-#include "tracks/SelectionOrder.h"
+#include "tracks/KeyFacts.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -40,10 +40,10 @@ std::optional<int> Amount(long long value)
 
 } // namespace
 
-ClipEdges::ClipEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, bool searchable,
+ClipEdges::ClipEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, const KeyFacts& facts,
                      int rowHeight, int clipHeight)
-    : m_axis(axis), m_array(keys), m_keys(keys.Keys()), m_searchable(searchable),
-      m_rowHeight(rowHeight), m_clipHeight(clipHeight)
+    : m_axis(axis), m_keys(keys.Keys()), m_facts(facts), m_rowHeight(rowHeight),
+      m_clipHeight(clipHeight)
 {
 }
 
@@ -71,27 +71,22 @@ int ClipEdges::HitTrimEdge(QPoint point) const
 {
     if (!IsInBar(point.y()))
         return -1;
-    const auto isHit = [&](int index) { return IsTrimEdge(index, point.x()); };
-    if (IsSelectionInStep(m_array)) {
-        const auto& selection = m_array.SelectedIndexes();
-        const auto hit = std::find_if(selection.rbegin(), selection.rend(), isHit);
-        return hit == selection.rend() ? -1 : *hit;
+    const FrameWindow around =
+        FramesAround(m_axis, 1LL * point.x() - kGrabRight, 1LL * point.x() + kGrabLeft);
+    const KeyRange range = KeysReaching(m_keys, m_facts, Widened(around, m_facts.longestLeadIn));
+    for (std::size_t i = range.end; i-- > range.begin;) {
+        if (IsTrimEdge(*m_keys[i], point.x()))
+            return static_cast<int>(i);
     }
-    int index = static_cast<int>(m_keys.size()) - 1;
-    while (index >= 0 && !isHit(index))
-        --index;
-    return index;
+    return -1;
 }
 
-/// Whether the lead-in of the clip at @p index is drawn, and starts at @p x.
-bool ClipEdges::IsTrimEdge(int index, int x) const
+/// Whether the lead-in of @p clip is drawn, and starts at @p x.
+bool ClipEdges::IsTrimEdge(const CTimelineKey& clip, int x) const
 {
-    if (index < 0) // a host may have put it into the selection list
+    if (!clip.selected || !IsClip(clip))
         return false;
-    const CTimelineKey& key = *m_keys[static_cast<std::size_t>(index)];
-    if (!key.selected || !IsClip(key))
-        return false;
-    const int start = ClipTrimPixel(m_axis, key);
+    const int start = ClipTrimPixel(m_axis, clip);
     return start >= 0 && IsGrabbed(start, x);
 }
 
@@ -107,7 +102,7 @@ int ClipEdges::HitEndEdge(QPoint point) const
     // pointer; only the last frame, where every clip beyond it ends too, makes all later keys
     // candidates.
     auto end = m_keys.end();
-    if (m_searchable && lastX > point.x() + kGrabLeft) {
+    if (m_facts.searchable && lastX > point.x() + kGrabLeft) {
         end = std::partition_point(m_keys.begin(), m_keys.end(), [&](const auto& key) {
             return m_axis.FrameToPixel(key->frame) <= point.x() + kGrabLeft;
         });
@@ -117,7 +112,7 @@ int ClipEdges::HitEndEdge(QPoint point) const
         const int x = std::min(ClipEndPixel(m_axis, key), lastX);
         if (IsClip(key) && IsGrabbed(x, point.x()))
             return static_cast<int>(end - m_keys.begin());
-        if (m_searchable && m_axis.FrameToPixel(key.frame) < point.x() - kGrabRight)
+        if (m_facts.searchable && m_axis.FrameToPixel(key.frame) < point.x() - kGrabRight)
             return -1;
     }
     return -1;

@@ -8,6 +8,7 @@
 #include <optional>
 
 class FrameAxis;
+struct KeyFacts;
 
 /// A clip's edge that can be dragged; -1 and -1 for none.
 struct ClipEdgeHit
@@ -32,30 +33,30 @@ struct ClipEdgeModes
 class ClipEdges
 {
 public:
-    /// @p rowHeight and @p clipHeight in pixels. @p searchable: the keys are in frame order and no
-    /// clip reaches the next key; else all keys are asked.
-    ClipEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, bool searchable, int rowHeight,
-              int clipHeight);
+    /// @p rowHeight and @p clipHeight in pixels. @p facts are those of @p keys: all keys are asked
+    /// when they cannot be searched.
+    ClipEdges(const FrameAxis& axis, const CTimelineKeyArray& keys, const KeyFacts& facts,
+              int rowHeight, int clipHeight);
 
     /// The edge under @p point. The trim edges of selected clips come first, then the ends of all
     /// clips, where @p askWhich decides between loop (3) and speed (4) when both are allowed; a
     /// negative answer means no edge. It is not called otherwise.
     ClipEdgeHit HitTest(QPoint point, const ClipEdgeModes& modes,
                         const std::function<int()>& askWhich) const;
-    /// The last selected clip whose lead-in starts at @p point; -1 for none. Costs what is
-    /// selected, however many keys there are, unless the selection list is out of step.
+    /// The last selected clip whose lead-in starts at @p point; -1 for none. Asks the clips
+    /// themselves: the array's list of selected indexes is out of step with them after an
+    /// unselected key was removed.
     int HitTrimEdge(QPoint point) const;
     /// The last clip that ends at @p point; -1 for none.
     int HitEndEdge(QPoint point) const;
 
 private:
     bool IsInBar(int y) const;
-    bool IsTrimEdge(int index, int x) const;
+    bool IsTrimEdge(const CTimelineKey& clip, int x) const;
 
     const FrameAxis& m_axis;
-    const CTimelineKeyArray& m_array;
     const CTimelineKeyArray::KeyVector& m_keys;
-    bool m_searchable;
+    const KeyFacts& m_facts;
     int m_rowHeight;
     int m_clipHeight;
 };

@@ -1,14 +1,6 @@
 #include "tracks/HeldKey.h"
 
-namespace {
-
-const CTimelineKey* KeyAt(const CTimelineKeyArray& keys, int index)
-{
-    const bool isInside = index >= 0 && static_cast<std::size_t>(index) < keys.GetSize();
-    return isInside ? keys.Keys()[static_cast<std::size_t>(index)].Get() : nullptr;
-}
-
-} // namespace
+#include "tracks/KeyAt.h"
 
 void HeldKey::Hold(const CTimelineKeyArray& keys, int index)
 {

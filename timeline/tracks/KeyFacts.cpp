@@ -2,6 +2,7 @@
 
 #include "TimelineEnums.h"
 #include "model/FrameOrder.h"
+#include "model/KeyArrayRevision.h"
 #include "model/TimelineKeyValues.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/LinkThinning.h"
@@ -59,6 +60,9 @@ void GatherKeys(const CTimelineKeyArray& array, KeyFacts& facts)
         if (key.subKeys)
             GatherSubKeys(key, std::max(previousFrame, end), facts);
         GatherReach(key, facts);
+        if (key.clipLength >= 1)
+            facts.longestLeadIn =
+                std::max(facts.longestLeadIn, std::abs(1LL * key.transitionFrames));
         previousFrame = key.frame;
         end = isClip ? 1LL * key.frame + key.displayLength : std::numeric_limits<long long>::min();
     }
@@ -107,21 +111,18 @@ std::vector<int> PlacesOf(const DisplayKeyList& list, const CTimelineKeyArray& a
     return places;
 }
 
-void GatherLastWithoutTransition(const CTimelineKeyArray& array, KeyFacts& facts)
+/// Whether the handle of @p key stands at the row's left edge.
+bool IsWithoutTransition(const CTimelineKey& key, const KeyFacts& facts)
 {
-    const auto counts = [&facts](const CTimelineKey& key) {
-        return key.frame < facts.frameCount && !key.subKeys &&
-               !(key.kindMask & (TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT));
-    };
-    for (std::size_t i = 0; i < array.Keys().size(); ++i) {
-        const CTimelineKey& key = *array.Keys()[i];
-        if (counts(key))
-            facts.lastWithoutTransition[key.group ? 1 : 0] = static_cast<int>(i);
-    }
-    for (std::size_t i = 0; i < array.RelatedKeys().size(); ++i) {
-        const CTimelineKey& key = *array.RelatedKeys()[i];
-        if (counts(key))
-            facts.lastRelatedWithoutTransition[key.group ? 1 : 0] = static_cast<int>(i);
+    return key.frame < facts.frameCount && !key.subKeys &&
+           !(key.kindMask & (TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT));
+}
+
+void GatherRelatedWithoutTransition(const KeyVector& related, KeyFacts& facts)
+{
+    for (std::size_t i = 0; i < related.size(); ++i) {
+        if (IsWithoutTransition(*related[i], facts))
+            facts.lastRelatedWithoutTransition[related[i]->group ? 1 : 0] = static_cast<int>(i);
     }
 }
 
@@ -139,7 +140,8 @@ KeyFacts GatherFacts(const CTimelineKeyArray& keys, int trackType, int frameCoun
         return facts;
 
     if (trackType == TL_TRACK_TRANSITION_KEY)
-        GatherLastWithoutTransition(keys, facts);
+        GatherRelatedWithoutTransition(keys.RelatedKeys(), facts);
+    GatherSelection(keys, trackType, facts);
     if (trackType != TL_TRACK_LINK_KEY)
         return facts;
     const bool mixed = HasMixedCopies(keys);
@@ -150,6 +152,22 @@ KeyFacts GatherFacts(const CTimelineKeyArray& keys, int trackType, int frameCoun
         facts.drawnOrder = PlacesOf(list, keys);
     }
     return facts;
+}
+
+void GatherSelection(const CTimelineKeyArray& array, int trackType, KeyFacts& facts)
+{
+    if (trackType != TL_TRACK_TRANSITION_KEY || !facts.searchable ||
+        facts.revision == KeyArrayRevision())
+        return;
+    facts.revision = KeyArrayRevision();
+    facts.lastWithoutTransition = KeyFacts().lastWithoutTransition;
+    const KeyVector& keys = array.Keys();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const CTimelineKey& key = *keys[i];
+        if (IsWithoutTransition(key, facts))
+            facts.lastWithoutTransition[key.group ? 1 : 0][key.selected ? 1 : 0] =
+                static_cast<int>(i);
+    }
 }
 
 DrawnKeys::DrawnKeys(const CTimelineKeyArray& keys, const KeyFacts& facts)

@@ -51,18 +51,16 @@ int KeyGesture::FramesSinceLastStep(QPoint point) const
 
 void KeyGesture::Press(QMouseEvent& event)
 {
-    const QPointer<CTimelineTrackBase> track(&m_track);
-    const bool isLeft = event.button() == Qt::LeftButton;
-    if (isLeft || m_track.IsFrameOnlyRow())
-        End();
-    if (!track)
-        return;
-    if (!isLeft && !m_track.IsFrameOnlyRow()) {
-        event.ignore();
+    if (event.button() != Qt::LeftButton) {
+        PressOther(event);
         return;
     }
+    const OpenGesture::PressHandling handling(m_watch);
+    if (!handling.MayGoOn())
+        return;
+    const QPointer<CTimelineTrackBase> track(&m_track);
     m_pointer = {event.pos(), event.modifiers()};
-    m_releaseIsDone = m_releaseIsDone && !isLeft;
+    m_releaseIsDone = false;
     // Watched from the start: what the host opens in the first report takes the pointer away too.
     m_watch.Begin();
     PressRow(m_pointer);
@@ -70,13 +68,35 @@ void KeyGesture::Press(QMouseEvent& event)
         m_watch.End();
 }
 
+/// Another button than the left one, which takes nobody's turn: a drag of the left button goes on,
+/// unless the host took the edit modes away under it.
+void KeyGesture::PressOther(QMouseEvent& event)
+{
+    const OpenGesture::Handling handling(m_watch);
+    if (handling.MayGoOn() && m_track.IsFrameOnlyRow())
+        End();
+    if (!handling.MayGoOn())
+        return;
+    if (!m_track.IsFrameOnlyRow()) {
+        event.ignore();
+        return;
+    }
+    m_pointer = {event.pos(), event.modifiers()};
+    TrackReport report(m_track);
+    GoToFrameAt(m_pointer, report);
+}
+
+void KeyGesture::GoToFrameAt(Pointer at, TrackReport& report)
+{
+    WriteCurrentFrame(FrameAt(at.point));
+    ReportCurrentFrame(report);
+}
+
 void KeyGesture::PressRow(Pointer at)
 {
-    ++m_turn;
-    TrackReport report(m_track, m_turn);
+    TrackReport report(m_track, m_watch.TakeTurn(OpenGesture::Until::NextPressOrEnd));
     if (m_track.IsFrameOnlyRow()) {
-        WriteCurrentFrame(FrameAt(at.point));
-        ReportCurrentFrame(report);
+        GoToFrameAt(at, report);
         return;
     }
     if (!report.Send(kTrackPressed) || PressMarker(at, report))
@@ -119,25 +139,24 @@ bool KeyGesture::PressMarker(Pointer at, TrackReport& report)
 void KeyGesture::PressBesideClips(Pointer at, TrackReport& report)
 {
     m_track.Keys().ClearAllSelection();
-    if (!report.Send(kTrackSelectionCleared))
-        return;
-    WriteCurrentFrame(FrameAt(at.point));
-    ReportCurrentFrame(report);
+    if (report.Send(kTrackSelectionCleared))
+        GoToFrameAt(at, report);
 }
 
 /// Selects the key or sub-key that was pressed and goes to it; with Ctrl the selection stays until
-/// the release.
+/// the release. One that the host has taken out by now is neither selected nor dragged.
 void KeyGesture::PressKey(Pointer at, const KeyHit& hit, TrackReport& report)
 {
     WriteCurrentFrame(FrameAt(at.point));
     if (!at.HasCtrl()) {
-        if (!hit.Edited()->selected && !SelectHitAlone(hit, report))
+        const bool selects = hit.EditedIndex() >= 0 && !hit.Edited()->selected;
+        if (selects && !SelectHitAlone(hit, report))
             return;
         GoToHit(hit);
         if (!report.Send(kTrackSelectionChanged))
             return;
     }
-    if (hit.KeyIndex() >= 0 && m_track.HasEditMode(TL_EDIT_MOVE_KEYS)) {
+    if (hit.EditedIndex() >= 0 && m_track.HasEditMode(TL_EDIT_MOVE_KEYS)) {
         m_state = State::Armed;
         m_pressPoint = m_lastStepPoint = at.point;
         m_track.SetRange(-1, -1);
@@ -226,7 +245,8 @@ void KeyGesture::DragKeys(Pointer at)
             return;
         m_state = State::DraggingKeys;
         m_isCopy = at.HasCtrl();
-        if (!TrackReport(m_track, m_turn).Send(CodesOf(m_isCopy).begins))
+        const OpenGesture::Turn turn(m_watch, OpenGesture::Until::NextPressOrEnd);
+        if (!TrackReport(m_track, turn).Send(CodesOf(m_isCopy).begins))
             return;
     }
     const int frames = FramesSinceLastStep(at.point);
@@ -259,17 +279,16 @@ void KeyGesture::End()
     Finish();
 }
 
-void KeyGesture::GiveWay()
+TrackReport KeyGesture::GiveWay()
 {
-    ++m_turn;
     m_releaseIsDone = false;
     m_hasGivenWay = true;
     m_watch.Begin();
+    return TrackReport(m_track, m_watch.TakeTurn(OpenGesture::Until::NextPress));
 }
 
 void KeyGesture::ComeBack()
 {
-    m_releaseIsDone = true;
     m_hasGivenWay = false;
     m_watch.End();
 }
@@ -278,7 +297,6 @@ void KeyGesture::ComeBack()
 /// report goes out.
 void KeyGesture::Finish()
 {
-    ++m_turn;
     const Pointer at = m_pointer;
     const State ended = std::exchange(m_state, State::Idle);
     m_watch.End();
@@ -293,7 +311,7 @@ void KeyGesture::Finish()
     m_pressed = {};
     if (wasKeys || (wasRange && !m_track.HasEditMode(TL_EDIT_TIME_RANGE)))
         m_track.SetRange(-1, -1);
-    TrackReport report(m_track, m_turn);
+    TrackReport report(m_track, OpenGesture::Turn(m_watch, OpenGesture::Until::NextPressOrEnd));
     if (isThere && (!wasKeys || FinishKeys(at, ended == State::DraggingKeys, report)))
         ReportCurrentFrame(report);
 }
@@ -322,9 +340,8 @@ void KeyGesture::DoubleClick(QMouseEvent& event)
         event.ignore();
         return;
     }
-    const QPointer<CTimelineTrackBase> track(&m_track);
-    End();
-    if (!track)
+    const OpenGesture::PressHandling handling(m_watch);
+    if (!handling.MayGoOn())
         return;
     m_pointer = {event.pos(), event.modifiers()};
     m_releaseIsDone = false;
@@ -333,8 +350,7 @@ void KeyGesture::DoubleClick(QMouseEvent& event)
 
 void KeyGesture::DoubleClickRow(Pointer at)
 {
-    ++m_turn;
-    TrackReport report(m_track, m_turn);
+    TrackReport report(m_track, m_watch.TakeTurn(OpenGesture::Until::NextPressOrEnd));
     if (!report.Send(kTrackPressed))
         return;
     m_track.Keys().ClearAllSelection();

@@ -19,7 +19,9 @@ class KeyGesture
 {
 public:
     /// @p watch is told when a gesture is under way; it calls the track's EndGesture when the
-    /// gesture loses its pointer.
+    /// gesture loses its pointer. It also gives out the turns: the report of a press, of the first
+    /// step of a drag or of a double click is over when a later press, double click, menu or
+    /// release runs inside it, that of a release when one of the same does.
     KeyGesture(CTimelineTrackBase& track, OpenGesture& watch);
 
     // The track's handlers of the same names. This object may be gone when one of them returns.
@@ -44,10 +46,13 @@ public:
     void End();
 
     /// A drag of the row's own kind takes the pointer: it is watched from now on, and a press that
-    /// is still being reported goes no further.
-    void GiveWay();
-    /// That drag is over. The button may still be down: when it goes up, that is no news.
+    /// is still being reported goes no further. @return the report of the drag's own press, which
+    /// ends when a later press runs inside it.
+    TrackReport GiveWay();
+    /// That drag is over.
     void ComeBack();
+    /// It ended while the button was down: when that goes up, it is no news.
+    void PassOverRelease() { m_releaseIsDone = true; }
 
 private:
     enum class State
@@ -74,6 +79,8 @@ private:
 
     // The steps take the pointer as it was at their event: host code may run the handlers of later
     // ones inside a report.
+    void PressOther(QMouseEvent& event);
+    void GoToFrameAt(Pointer at, TrackReport& report);
     void PressRow(Pointer at);
     bool PressMarker(Pointer at, TrackReport& report);
     void PressBesideClips(Pointer at, TrackReport& report);
@@ -100,6 +107,4 @@ private:
     /// The gesture ended while the button was down: when it goes up, that is no news.
     bool m_releaseIsDone = false;
     bool m_hasGivenWay = false; ///< the watch is over a drag of the row's own kind
-    /// Counts presses and ends: the report of an earlier one is over when a later ran inside it.
-    unsigned int m_turn = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "model/TimelineKeyValues.h"
 #include "tracks/CTimelineTrackBase.h"
+#include "tracks/KeyAt.h"
 
 #include <algorithm>
 
@@ -9,16 +10,10 @@ namespace {
 
 using KeyPointer = VZ::CPointer<CTimelineKey>;
 
-KeyPointer KeyAt(const CTimelineKeyArray& keys, int index)
-{
-    const bool isKey = index >= 0 && static_cast<std::size_t>(index) < keys.GetSize();
-    return isKey ? keys.GetAt(index) : KeyPointer();
-}
-
 /// Where @p key stands now, most likely still at @p index; -1 when it is gone.
 int IndexOf(const CTimelineKeyArray& keys, const KeyPointer& key, int index)
 {
-    if (!key || KeyAt(keys, index) == key)
+    if (!key || KeyAt(keys, index) == key.Get())
         return key ? index : -1;
     const auto& all = keys.Keys();
     const auto found = std::find(all.begin(), all.end(), key);
@@ -48,7 +43,9 @@ int KeyHit::KeyIndex() const
 
 int KeyHit::SubKeyIndex() const
 {
-    return m_subKey ? IndexOf(*m_subKeys, m_subKey, m_subKeyIndex) : -1;
+    if (!m_subKey || KeyIndex() < 0 || m_key->subKeys != m_subKeys)
+        return -1;
+    return IndexOf(*m_subKeys, m_subKey, m_subKeyIndex);
 }
 
 void KeyHit::SelectEdited(bool select) const

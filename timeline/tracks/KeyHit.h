@@ -17,6 +17,9 @@ public:
     /// @p point counts from the corner of @p track, which is not kept.
     KeyHit(CTimelineTrackBase& track, QPoint point);
 
+    // What was hit stays alive here, though the host may have taken it out of the row meanwhile:
+    // after each report the indexes tell.
+
     /// The key or clip; null without one.
     const CTimelineKey* Key() const { return m_key.Get(); }
     /// The clip's sub-key; null without one, and where the row does not edit sub-keys.
@@ -30,7 +33,8 @@ public:
     CTimelineKeyArray& EditedKeys() const { return m_editsSubKeys ? *m_subKeys : *m_keys; }
     bool EditsSubKeys() const { return m_editsSubKeys; }
 
-    /// Their indexes at present; -1 without one, and for what the host has taken out.
+    /// Their indexes at present; -1 without one, and for what the host has taken out. A sub-key is
+    /// out with its clip, and when the clip has another list of sub-keys.
     int KeyIndex() const;
     int SubKeyIndex() const;
     int EditedIndex() const { return m_editsSubKeys ? SubKeyIndex() : KeyIndex(); }

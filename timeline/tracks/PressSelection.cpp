@@ -24,8 +24,10 @@ bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit, TrackReport& re
 {
     if (!report.Send(kTrackSelectionCleared))
         return false;
-    // Clips may share their sub-keys; those of the pressed clip keep their selection.
-    track.Keys().SelectOnly(hit.KeyIndex());
+    // Clips may share their sub-keys; those of the pressed clip keep their selection. Without that
+    // clip, what is selected is the host's own choice.
+    if (const int clip = hit.KeyIndex(); clip >= 0)
+        track.Keys().SelectOnly(clip);
     return report.Send(kTrackSelectionChanged);
 }
 

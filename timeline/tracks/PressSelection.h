@@ -10,7 +10,7 @@ class TrackReport;
 
 /// Where sub-keys are edited: reports the clearing of the other rows, makes the clip that is hit
 /// the only selected one, clears the sub-key selections of all others, and reports the change. The
-/// selection inside the clip itself stays.
+/// selection inside the clip itself stays; all do when the host has taken the clip out.
 bool SelectHitClip(CTimelineTrackBase& track, const KeyHit& hit, TrackReport& report);
 
 /// Makes the key or sub-key that is hit the only selected one of its row or clip. For a key, the

@@ -1,30 +1,31 @@
 #pragma once
 
+#include "library/OpenGesture.h"
 #include "model/MessageCodes.h"
 #include "tracks/CTimelineTrackBase.h"
 
 #include <QPointer>
 
+#include <optional>
+
 /// Sends what a track has to report, as long as the track is there: each message may reach the
 /// host, which may delete the track or take it out of the timeline. Nothing follows from it then.
-/// The report of one handler among several also ends when a later one has run inside a message.
+/// The report of a handler that has a turn also ends with that turn: when host code runs a later
+/// press inside a message, the rest is no longer said.
 class TrackReport
 {
 public:
     explicit TrackReport(CTimelineTrackBase& track) : m_track(&track) {}
-    /// @p turn is counted on by each handler of the track when it starts; it is part of the track.
-    TrackReport(CTimelineTrackBase& track, const unsigned int& turn)
-        : m_track(&track), m_turn(&turn), m_ownTurn(turn)
+    /// @p turn is one of the track's own watch.
+    TrackReport(CTimelineTrackBase& track, const OpenGesture::Turn& turn)
+        : m_track(&track), m_turn(turn)
     {
     }
 
-    /// Whether the track lives and is part of a timeline, and no later handler has had its turn.
-    bool IsThere() const
-    {
-        return m_track && m_track->GetOwner() && (!m_turn || *m_turn == m_ownTurn);
-    }
+    /// Whether the track lives and is part of a timeline, and the turn is not over.
+    bool IsThere() const { return IsTrackThere() && (!m_turn || m_turn->IsOn()); }
 
-    /// Sends a message; nothing when the track is no longer there.
+    /// Sends a message; nothing when the report has ended.
     /// @return IsThere() afterwards: only then may the caller go on.
     bool Send(int code, const QVariant& value2 = QVariant(0), const QVariant& value3 = QVariant(0))
     {
@@ -33,11 +34,21 @@ public:
         return IsThere();
     }
 
-    /// Tells that the current frame was set: the first notice and the final one.
-    bool SendCurrentFrame() { return Send(kTrackFrameMoved) && Send(kTrackFrameSet); }
+    /// Tells that the current frame was set: the first notice and the final one, which follows from
+    /// any track that is there, even when the turn ended in between.
+    bool SendCurrentFrame()
+    {
+        if (!IsThere())
+            return false;
+        m_track->Send(kTrackFrameMoved);
+        if (IsTrackThere())
+            m_track->Send(kTrackFrameSet);
+        return IsThere();
+    }
 
 private:
+    bool IsTrackThere() const { return m_track && m_track->GetOwner(); }
+
     QPointer<CTimelineTrackBase> m_track;
-    const unsigned int* m_turn = nullptr; ///< null: the report of a single handler
-    unsigned int m_ownTurn = 0;
+    std::optional<OpenGesture::Turn> m_turn; ///< none: the report ends with the track alone
 };

@@ -9,7 +9,7 @@
 
 #include <utility>
 
-void TransitionGesture::Press(int index)
+void TransitionGesture::Press(int index, TrackReport& report)
 {
     CTimelineKeyArray& keys = m_track.Keys();
     m_hasMoved = false;
@@ -17,7 +17,6 @@ void TransitionGesture::Press(int index)
     // The drag may end while the host is being told of the press; the key is selected even then.
     HeldKey key = m_key;
 
-    TrackReport report(m_track);
     if (!report.Send(kTrackPressed))
         return;
     if (key.Find(keys))
@@ -25,7 +24,7 @@ void TransitionGesture::Press(int index)
     report.Send(kTrackSelectionChanged);
 }
 
-void TransitionGesture::DragTo(int x)
+void TransitionGesture::DragTo(int x, TrackReport& report)
 {
     const FrameAxis& axis = TimelineLibrary::Instance().axis;
     const CTimelineKey* key = m_key.Find(m_track.Keys());
@@ -35,11 +34,10 @@ void TransitionGesture::DragTo(int x)
     if (!amount)
         return;
 
-    TrackReport report(m_track);
     if (!std::exchange(m_hasMoved, true)) {
         if (!report.Send(kTrackTrimBegins, m_key.Index(), *amount))
             return;
-        // The host may have ended the drag, or made another key of this one.
+        // The host may have made another key of this one.
         key = m_key.Find(m_track.Keys());
         if (key)
             amount = TransitionDragAmount(axis, *key, x);

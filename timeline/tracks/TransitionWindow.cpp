@@ -2,7 +2,6 @@
 
 #include "model/TimelineKeyValues.h"
 #include "tracks/GlyphPainter.h"
-#include "tracks/SelectionOrder.h"
 #include "tracks/TransitionPainter.h"
 
 #include <algorithm>
@@ -30,9 +29,9 @@ public:
             for (const bool selected : {false, true}) {
                 m_grouped = grouped;
                 m_selected = selected;
-                FindOwn();
-                WalkBack(m_array.RelatedKeys(),
-                         m_facts.lastRelatedWithoutTransition[grouped ? 1 : 0]);
+                const std::size_t group = grouped ? 1 : 0;
+                WalkBack(m_keys, m_facts.lastWithoutTransition[group][selected ? 1 : 0]);
+                WalkBack(m_array.RelatedKeys(), m_facts.lastRelatedWithoutTransition[group]);
             }
         }
         return m_frames;
@@ -58,30 +57,6 @@ private:
             return false;
         m_frames.insert(key.frame);
         return true;
-    }
-
-    void FindOwn()
-    {
-        const int last = m_facts.lastWithoutTransition[m_grouped ? 1 : 0];
-        if (last < 0)
-            return;
-        const auto& selection = m_array.SelectedIndexes();
-        if (!IsSelectionInStep(m_array))
-            WalkBack(m_keys, last);
-        else if (m_selected)
-            WalkBackSelected();
-        else if (selection.size() < m_keys.size())
-            WalkBack(m_keys, last);
-    }
-
-    void WalkBackSelected()
-    {
-        const auto& selection = m_array.SelectedIndexes();
-        for (std::size_t i = selection.size(); i-- > 0;) {
-            const auto index = static_cast<std::size_t>(selection[i]);
-            if (index < m_keys.size() && Take(*m_keys[index]))
-                return;
-        }
     }
 
     void WalkBack(const CTimelineKeyArray::KeyVector& keys, int last)
