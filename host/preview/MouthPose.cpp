@@ -20,9 +20,9 @@ constexpr int kAlways = std::numeric_limits<int>::min();
 // In the order of the members: jaw, width, pucker, smile, upper and lower teeth, tongue, bite,
 // press.
 constexpr std::array<MouthPose, kMouthShapeCount> kShapes{{
-    {0.00F, 1.00F, 0.00F, 0.10F, 0.0F, 0.0F, 0.00F, 0.0F, 0.0F}, // X: at rest
+    {0.00F, 1.00F, 0.00F, 0.20F, 0.0F, 0.0F, 0.00F, 0.0F, 0.0F}, // X: at rest
     {0.00F, 0.94F, 0.05F, 0.00F, 0.0F, 0.0F, 0.00F, 0.0F, 1.0F}, // A: pressed, m b p
-    {0.20F, 1.06F, 0.00F, 0.20F, 0.9F, 0.8F, 0.10F, 0.0F, 0.0F}, // B: clenched, k s t ee
+    {0.26F, 1.06F, 0.00F, 0.20F, 0.9F, 0.9F, 0.10F, 0.0F, 0.0F}, // B: clenched, k s t ee
     {0.48F, 1.02F, 0.00F, 0.10F, 0.7F, 0.1F, 0.25F, 0.0F, 0.0F}, // C: open, eh ae
     {0.95F, 1.06F, 0.00F, 0.05F, 0.6F, 0.2F, 0.20F, 0.0F, 0.0F}, // D: wide open, aa
     {0.52F, 0.76F, 0.45F, 0.00F, 0.2F, 0.0F, 0.10F, 0.0F, 0.0F}, // E: rounded, ao er

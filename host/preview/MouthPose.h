@@ -4,14 +4,14 @@ namespace host {
 
 struct Scene;
 
-/// What a mouth looks like, as the few movements that make it up. All but the width are 0 when the
+/// What a mouth looks like, as the few movements that make it up. The jaw is 0 when the
 /// mouth is closed and at rest; 1 is as far as a movement goes.
 struct MouthPose
 {
     float jaw = 0;        ///< how far the lips stand apart
     float width = 1;      ///< from corner to corner, against that at rest
     float pucker = 0;     ///< lips pushed forward: fuller, the opening rounder
-    float smile = 0;      ///< corners drawn up; below 0 drawn down
+    float smile = 0;      ///< corners drawn up
     float upperTeeth = 0; ///< how much of them is seen
     float lowerTeeth = 0;
     float tongue = 0; ///< how high its tip is; at 1 it touches the upper teeth
