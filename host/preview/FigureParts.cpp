@@ -49,7 +49,7 @@ constexpr float kToeWay = 0.085F;
 constexpr float kToeDrop = 0.022F;
 constexpr float kToeRadius = 0.018F;
 constexpr float kTipWay = 0.045F;
-constexpr float kGirdle = 1.3F; ///< how much thicker shoulders and hips are than their limbs
+constexpr float kGirdle = 1.1F; ///< how much thicker shoulders and hips are than their limbs
 constexpr float kSole = 0.040F;
 
 const Thickness& ThicknessAt(const QString& joint)
