@@ -33,7 +33,11 @@ SceneKey Part(const SceneKey& whole, int frame, int from, int to, int loops)
     part.frame = frame;
     part.clip->length = partLength;
     part.clip->loops = loops;
-    part.clip->leadIn += from;
+    const int material = whole.clip->material > 0 ? whole.clip->material : length;
+    const int skipped = Scaled(from, material, length);
+    part.clip->leadIn += skipped;
+    if (whole.clip->material > 0)
+        part.clip->material = std::max(1, Scaled(to, material, length) - skipped);
     part.clip->shortest =
         std::clamp(Scaled(whole.clip->shortest, partLength, length), 1, partLength);
     part.clip->longest = std::max(Scaled(whole.clip->longest, partLength, length), partLength);
@@ -91,6 +95,8 @@ bool SetClipLength(Scene& scene, TrackId track, KeyId clip, int length)
     const int before = key->clip->length;
     const int shortest = std::max(1, key->clip->shortest);
     const int after = std::clamp(length, shortest, std::max(shortest, key->clip->longest));
+    if (key->clip->material == 0 && after != before)
+        key->clip->material = before; // the same is played, at another speed
     key->clip->length = after;
     for (SceneKey& subKey : key->subKeys)
         subKey.frame = Scaled(subKey.frame, after, before);

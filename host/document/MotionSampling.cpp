@@ -18,10 +18,10 @@ struct Moment
     float share; ///< of the next sample, 0 to 1
 };
 
-Moment MomentOf(const Motion& motion, int frame, int frameRate)
+Moment MomentOf(const Motion& motion, double frame, int frameRate)
 {
     const int last = motion.sampleCount - 1;
-    const double place = std::min<double>(last, frame / (frameRate * motion.sampleTime));
+    const double place = std::clamp<double>(frame / (frameRate * motion.sampleTime), 0, last);
     const int sample = static_cast<int>(place);
     return {sample, std::min(sample + 1, last), static_cast<float>(place - sample)};
 }
@@ -79,7 +79,31 @@ QVector3D PositionAt(const Motion& motion, int joint, int sample)
     return position;
 }
 
+JointPlace PlaceAt(const Motion& motion, const Joint& joint, const Moment& moment)
+{
+    const QVector3D from = TranslationAt(motion, joint, moment.sample);
+    const QVector3D to = TranslationAt(motion, joint, moment.next);
+    return {from + (to - from) * moment.share,
+            QQuaternion::slerp(RotationAt(motion, joint, moment.sample),
+                               RotationAt(motion, joint, moment.next), moment.share)};
+}
+
 } // namespace
+
+QVector<JointPlace> JointPlaces(const Motion& motion, double frame, int frameRate)
+{
+    QVector<JointPlace> places;
+    places.reserve(motion.joints.size());
+    if (motion.sampleCount < 1) {
+        for (const Joint& joint : motion.joints)
+            places.append({joint.offset, QQuaternion()});
+        return places;
+    }
+    const Moment moment = MomentOf(motion, frame, frameRate);
+    for (const Joint& joint : motion.joints)
+        places.append(PlaceAt(motion, joint, moment));
+    return places;
+}
 
 int SceneFramesOf(const Motion& motion, int frameRate)
 {

@@ -6,6 +6,17 @@
 
 namespace host {
 
+/// Where a joint stands against its parent.
+struct JointPlace
+{
+    QVector3D translation;
+    QQuaternion rotation;
+};
+
+/// The places of all joints at a moment, in scene frames from the first sample on; moments outside
+/// the motion give its first or last sample. For a motion without samples the joints are in rest.
+QVector<JointPlace> JointPlaces(const Motion& motion, double frame, int frameRate);
+
 /// The number of scene frames whose moment lies within the motion: frame 0 is its first sample.
 int SceneFramesOf(const Motion& motion, int frameRate);
 

@@ -13,7 +13,8 @@ auto Members(const Transition& transition)
 
 auto Members(const ClipSpan& clip)
 {
-    return std::tie(clip.length, clip.loops, clip.leadIn, clip.shortest, clip.longest);
+    return std::tie(clip.length, clip.loops, clip.leadIn, clip.shortest, clip.longest,
+                    clip.material);
 }
 
 auto Members(const SceneKey& key)

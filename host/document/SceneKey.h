@@ -42,6 +42,9 @@ struct ClipSpan
     int leadIn = 0;   ///< frames of material cut off before the clip's first frame
     int shortest = 1; ///< the least length that a change of speed may give
     int longest = 1;  ///< the greatest length that a change of speed may give
+    /// Frames of material that one pass plays, at the speed at which it was captured; 0 for as many
+    /// as the pass is long. A pass of half that length plays twice as fast.
+    int material = 0;
 };
 
 /// One item of a row: a key at a frame, or a clip from that frame on.

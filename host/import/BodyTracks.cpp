@@ -23,6 +23,7 @@ SceneKey MotionClip(const Motion& motion, int frameRate)
     clip.length = std::max(1, SceneFramesOf(motion, frameRate) - 1);
     clip.shortest = std::max(1, clip.length / kSpeedRange);
     clip.longest = clip.length * kSpeedRange;
+    clip.material = clip.length;
     key.clip = clip;
     return key;
 }

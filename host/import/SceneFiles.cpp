@@ -1,6 +1,7 @@
 #include "SceneFiles.h"
 
 #include "BvhReader.h"
+#include "LineSound.h"
 #include "MouthCueReader.h"
 #include "SceneBuilder.h"
 
@@ -35,6 +36,8 @@ struct Sources
 {
     std::optional<Motion> motion;
     std::optional<SpokenLine> line;
+    QByteArray lineText;
+    QString linePath;
 };
 
 bool ReadInto(Sources& sources, const QString& path, ImportError& error)
@@ -52,11 +55,14 @@ bool ReadInto(Sources& sources, const QString& path, ImportError& error)
     const std::optional<QByteArray> text = ReadFile(path, error);
     if (!text)
         return false;
-    if (isMotion)
+    if (isMotion) {
         sources.motion = ReadBvh(*text, path, error);
-    else
-        sources.line = ReadMouthCues(*text, path, error);
-    return isMotion ? sources.motion.has_value() : sources.line.has_value();
+        return sources.motion.has_value();
+    }
+    sources.line = ReadMouthCues(*text, path, error);
+    sources.lineText = *text;
+    sources.linePath = path;
+    return sources.line.has_value();
 }
 
 } // namespace
@@ -68,7 +74,10 @@ std::optional<Scene> LoadScene(const QStringList& files, ImportError& error)
         if (!ReadInto(sources, path, error))
             return std::nullopt;
     }
-    return BuildScene(sources.motion.value_or(Motion()), sources.line.value_or(SpokenLine()));
+    Scene scene =
+        BuildScene(sources.motion.value_or(Motion()), sources.line.value_or(SpokenLine()));
+    AddLineSound(scene, sources.lineText, sources.linePath);
+    return scene;
 }
 
 } // namespace host

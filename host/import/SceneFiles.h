@@ -10,7 +10,8 @@
 namespace host {
 
 /// Builds a scene from files: at most one motion capture (.bvh) and one file of mouth cues (.json),
-/// in any order. Nothing is returned, and @p error is filled, when a file cannot be read or parsed.
+/// in any order. A sound that the cues name is put on the Sound row when it can be read. Nothing is
+/// returned, and @p error is filled, when a file cannot be read or parsed.
 std::optional<Scene> LoadScene(const QStringList& files, ImportError& error);
 
 } // namespace host

@@ -2,6 +2,7 @@
 
 #include "EditMenu.h"
 #include "TimelineWindow.h"
+#include "preview/PreviewPane.h"
 
 #include <QDockWidget>
 #include <QMenuBar>
@@ -25,6 +26,9 @@ MainWindow::MainWindow()
     m_dock->setWindowTitle(tr("Timeline"));
     m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     addDockWidget(Qt::BottomDockWidgetArea, m_dock);
+    auto* const preview = new PreviewPane(m_session);
+    connect(this, &MainWindow::CurrentFrameChanged, preview, &PreviewPane::ShowFrame);
+    setCentralWidget(preview);
     statusBar()->setSizeGripEnabled(false);
     connect(&m_session, &EditSession::Committed, this, &MainWindow::Tell);
     m_drops.told = [this](const QString& text) { Tell(text); };

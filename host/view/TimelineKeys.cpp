@@ -9,6 +9,24 @@ class GroupToken : public CReltedGroupBase
 {
 };
 
+/// The sound files seen so far. A timeline key has no room for a path, but for its place here: so
+/// copies in a clipboard keep their sound, even when the clip that they were made of is gone.
+QStringList& KnownSounds()
+{
+    static QStringList sounds{QString()}; // 0 stands for none
+    return sounds;
+}
+
+int NumberOfSound(const QString& sound)
+{
+    QStringList& known = KnownSounds();
+    const int number = known.indexOf(sound);
+    if (number >= 0)
+        return number;
+    known.append(sound);
+    return known.size() - 1;
+}
+
 void WriteClip(CTimelineKey& made, const ClipSpan& clip)
 {
     made.clipLength = clip.length;
@@ -16,6 +34,7 @@ void WriteClip(CTimelineKey& made, const ClipSpan& clip)
     made.transitionFrames = clip.leadIn;
     made.hostValue2 = clip.longest;
     made.hostValue3 = clip.shortest;
+    made.hostValue4 = clip.material;
     made.hostSwitch = true; // rows of keys draw the clip's frame
 }
 
@@ -28,7 +47,8 @@ void WriteTransition(CTimelineKey& made, const Transition& transition)
 
 ClipSpan ReadClip(const CTimelineKey& key)
 {
-    return {key.clipLength, key.loopCount, key.transitionFrames, key.hostValue3, key.hostValue2};
+    return {key.clipLength, key.loopCount,  key.transitionFrames,
+            key.hostValue3, key.hostValue2, key.hostValue4};
 }
 
 std::optional<Transition> ReadTransition(const CTimelineKey& key)
@@ -93,6 +113,7 @@ SceneKey TimelineKeys::Read(const CTimelineKey& key)
     read.priority = key.priority;
     read.locked = key.lockState == TL_KEY_LOCKED;
     read.alternate = key.alternateStyle;
+    read.sound = KnownSounds().value(key.hostValue5);
     read.mouthShape = key.hostValue6;
     read.startsLink = (key.keyType & TL_KEY_LINK_START) != 0;
     read.transition = ReadTransition(key);
@@ -114,6 +135,7 @@ void TimelineKeys::Write(CTimelineKey& made, const SceneKey& key)
     made.priority = key.priority;
     made.lockState = key.locked ? TL_KEY_LOCKED : TL_KEY_UNLOCKED;
     made.alternateStyle = key.alternate;
+    made.hostValue5 = key.sound.isEmpty() ? 0 : NumberOfSound(key.sound);
     made.hostValue6 = key.mouthShape;
     made.keyType = plain.keyType | (key.startsLink ? TL_KEY_LINK_START : 0);
     made.kindMask = plain.kindMask;

@@ -79,6 +79,13 @@ void TimelinePane::SetZoomEnabled(bool in, bool out, bool all)
     m_zoomAll->setEnabled(all);
 }
 
+QSize TimelinePane::sizeHint() const
+{
+    constexpr double kShareOfWindow = 0.56;
+    const QSize best = QWidget::sizeHint();
+    return {best.width(), static_cast<int>(window()->height() * kShareOfWindow)};
+}
+
 bool TimelinePane::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_view->viewport() && event->type() == QEvent::Resize)

@@ -28,6 +28,9 @@ public:
     void SetFrameText(const QString& text);
     void SetZoomEnabled(bool in, bool out, bool all);
 
+    /// The larger part of the window's height; the preview above has the rest.
+    QSize sizeHint() const override;
+
 signals:
     void ZoomInRequested();
     void ZoomOutRequested();

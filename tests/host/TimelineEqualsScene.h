@@ -30,6 +30,7 @@ inline QString DifferenceOf(const CTimelineKey& shown, const host::SceneKey& key
         {"loops", shown.loopCount, span.loops},
         {"shortest length", shown.hostValue3, span.shortest},
         {"longest length", shown.hostValue2, span.longest},
+        {"material", shown.hostValue4, span.material},
         {"blend or lead-in", shown.transitionFrames,
          key.transition ? key.transition->frames : span.leadIn},
         {"blend into", (shown.kindMask & TL_KEY_TRANSITION_IN) != 0, isInto},

@@ -495,8 +495,8 @@ void tst_HostEdits::aDroppedSoundBecomesAClipOfItsLength()
     editor.Timeline().SetActiveChildTrack(editor.Row("Sound"));
     editor.Timeline().SetCurrentFrame(20);
     QVERIFY(editor.Timeline().ReceiveTrackDrop(TL_DROP_SOUND_FIRST, path));
-    QCOMPARE(editor.FramesOf("Sound"), (Frames{20}));
-    const host::SceneKey clip = editor.KeysOf("Sound")[0];
+    QCOMPARE(editor.FramesOf("Sound"), (Frames{0, 20})); // behind the spoken line
+    const host::SceneKey clip = editor.KeysOf("Sound")[1];
     QCOMPARE(clip.name, QStringLiteral("hello.there"));
     QCOMPARE(clip.clip->length, 59); // two seconds are the sixty frames 20 to 79
     QCOMPARE(editor.SelectedFrames("Sound"), (Frames{20}));

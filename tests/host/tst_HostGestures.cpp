@@ -447,8 +447,8 @@ void tst_HostGestures::droppingASoundPlacesAClip()
     file.write(WavBytes(4000, 4000));
     file.close();
     QVERIFY(editor.DropFile("Sound", editor.At("Sound", 25), file.fileName()));
-    QCOMPARE(editor.FramesOf("Sound"), (Frames{25}));
-    QCOMPARE(editor.KeysOf("Sound")[0].clip->length, 29);
+    QCOMPARE(editor.FramesOf("Sound"), (Frames{0, 25})); // behind the spoken line
+    QCOMPARE(editor.KeysOf("Sound")[1].clip->length, 29);
     QCOMPARE(editor.SelectedFrames("Sound"), (Frames{25}));
     QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Sound"));
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 25);

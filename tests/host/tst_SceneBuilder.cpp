@@ -2,6 +2,7 @@
 
 #include "document/MouthShapes.h"
 #include "import/FootContacts.h"
+#include "import/LineSound.h"
 #include "import/RowDefaults.h"
 #include "import/SceneBuilder.h"
 #include "import/SceneFiles.h"
@@ -109,6 +110,10 @@ private slots:
     void refusesFilesItCannotTakeIn_data();
     void refusesFilesItCannotTakeIn();
     void takesFilesInAnyOrder();
+    void putsTheLinesSoundOnItsRow();
+    void growsForALongerSound();
+    void leavesOutASoundItCannotRead_data();
+    void leavesOutASoundItCannotRead();
     void keepsTheSampleWalkAsItsGeneratorWritesIt();
     void buildsFromTheRealFiles();
 };
@@ -145,6 +150,7 @@ void tst_SceneBuilder::putsTheMotionIntoOneClip()
     QCOMPARE(row->keys[0].clip->loops, 1);
     QVERIFY(row->keys[0].clip->shortest < 90);
     QVERIFY(row->keys[0].clip->longest > 90);
+    QCOMPARE(row->keys[0].clip->material, 90);
 }
 
 void tst_SceneBuilder::makesOneKeyRowForEachJoint()
@@ -166,7 +172,7 @@ void tst_SceneBuilder::keysAJointWhereItTurnsAndNotOnEveryFrame()
     QVector<int> frames;
     for (const SceneKey& key : RowNamed(scene, QStringLiteral("LeftArm"))->keys)
         frames.append(key.frame);
-    // The arm swings once a second, from the front at frame 0 to the back at frame 15.
+    // The arm swings once a second, from the back at frame 0 to the front at frame 15.
     const QVector<int> expected{0, 15, 30, 45, 60, 75, 90};
     QCOMPARE(frames, expected);
 }
@@ -181,7 +187,7 @@ void tst_SceneBuilder::putsTheLipsIntoOneClipOfSubKeys()
     const SceneKey& lips = row->keys[0];
     QCOMPARE(lips.name, QStringLiteral("greeting"));
     QCOMPARE(lips.subKeys.size(), scene.line.cues.size());
-    QCOMPARE(lips.subKeys[1].frame, 5); // 0.18 seconds
+    QCOMPARE(lips.subKeys[1].frame, 7); // 0.22 seconds
     QCOMPARE(lips.subKeys[1].mouthShape, *MouthShapeOfCue(QStringLiteral("B")));
 }
 
@@ -422,6 +428,55 @@ void tst_SceneBuilder::takesFilesInAnyOrder()
     const Scene turned = SceneOf(
         {SamplePath(QStringLiteral("greeting.json")), SamplePath(QStringLiteral("stroll.bvh"))});
     QVERIFY(turned == SampleScene());
+}
+
+void tst_SceneBuilder::putsTheLinesSoundOnItsRow()
+{
+    const Scene scene = SampleScene();
+    const SceneTrack* const row = RowNamed(scene, QStringLiteral("Sound"));
+    QCOMPARE(row->keys.size(), 1);
+    const SceneKey& clip = row->keys[0];
+    QCOMPARE(clip.frame, 0);
+    QCOMPARE(clip.name, QStringLiteral("greeting"));
+    QCOMPARE(clip.clip->length, 89); // three seconds on ninety frames, as the lips
+    QVERIFY(BytesOf(clip.sound) == BytesOf(SamplePath(QStringLiteral("greeting.wav"))));
+    QVERIFY(BytesOf(clip.sound).size() < 200000);
+    QVERIFY(RowNamed(scene, QStringLiteral("Motion"))->keys[0].sound.isEmpty());
+}
+
+void tst_SceneBuilder::growsForALongerSound()
+{
+    Scene scene = SceneOfCues(1, {{0, 1, 2}});
+    QCOMPARE(scene.frameCount, 30);
+    AddLineSound(scene, "{\"metadata\":{\"soundFile\":\"greeting.wav\"}}",
+                 SamplePath(QStringLiteral("line.json")));
+    QCOMPARE(scene.frameCount, 90);
+    QCOMPARE(scene.timeMark.end, 89);
+    QCOMPARE(RowNamed(scene, QStringLiteral("Sound"))->keys[0].clip->length, 89);
+    VerifyIsSound(scene);
+}
+
+void tst_SceneBuilder::leavesOutASoundItCannotRead_data()
+{
+    QTest::addColumn<QByteArray>("metadata");
+    QTest::newRow("none named") << QByteArray("{}");
+    QTest::newRow("not there") << QByteArray("{\"soundFile\":\"none.wav\"}");
+    QTest::newRow("no sound") << QByteArray("{\"soundFile\":\"stroll.bvh\"}");
+    QTest::newRow("a folder") << QByteArray("{\"soundFile\":\".\"}");
+    QTest::newRow("a number") << QByteArray("{\"soundFile\":5}");
+}
+
+void tst_SceneBuilder::leavesOutASoundItCannotRead()
+{
+    QFETCH(QByteArray, metadata);
+    Scene scene = SceneOfCues(1, {{0, 1, 2}});
+    const Scene before = scene;
+    AddLineSound(scene, "{\"metadata\":" + metadata + "}", SamplePath(QStringLiteral("l.json")));
+    QVERIFY(scene == before);
+    Scene faceless = BuildScene(Motion(), SpokenLine());
+    AddLineSound(faceless, "{\"metadata\":{\"soundFile\":\"greeting.wav\"}}",
+                 SamplePath(QStringLiteral("l.json")));
+    QVERIFY(faceless == BuildScene(Motion(), SpokenLine()));
 }
 
 void tst_SceneBuilder::keepsTheSampleWalkAsItsGeneratorWritesIt()

@@ -111,6 +111,8 @@ private slots:
     void keepsTheClipLengthWithinItsLimits_data();
     void keepsTheClipLengthWithinItsLimits();
     void keysInsideFollowTheSpeedOfTheirClip();
+    void anotherLengthPlaysTheSameMaterial();
+    void thePartsOfAFastClipShareItsMaterial();
     void neverMakesTheLeadInNegative();
     void blendsGrowUpToTheEndsOfTheScene_data();
     void blendsGrowUpToTheEndsOfTheScene();
@@ -403,6 +405,32 @@ void tst_SceneEdits::keysInsideFollowTheSpeedOfTheirClip()
     rows.Key(rows.clips, 0).subKeys = Rows::KeysAt({0, 5, 20});
     QVERIFY(SetClipLength(rows.scene, rows.clips, rows.IdAt(rows.clips, 0), 30));
     QCOMPARE(FramesOf(rows.Key(rows.clips, 0).subKeys), (Frames{0, 8, 30}));
+}
+
+void tst_SceneEdits::anotherLengthPlaysTheSameMaterial()
+{
+    Rows rows;
+    const KeyId clip = rows.IdAt(rows.clips, 0);
+    QVERIFY(SetClipLength(rows.scene, rows.clips, clip, 20));
+    QCOMPARE(rows.Key(rows.clips, 0).clip->material, 0); // still as long as the pass
+    QVERIFY(SetClipLength(rows.scene, rows.clips, clip, 10));
+    QCOMPARE(rows.Key(rows.clips, 0).clip->material, 20);
+    QVERIFY(SetClipLength(rows.scene, rows.clips, clip, 40));
+    QCOMPARE(rows.Key(rows.clips, 0).clip->material, 20);
+}
+
+void tst_SceneEdits::thePartsOfAFastClipShareItsMaterial()
+{
+    Rows rows;
+    const KeyId clip = rows.IdAt(rows.clips, 0);
+    QVERIFY(SetClipLength(rows.scene, rows.clips, clip, 10));
+    QVERIFY(BreakClip(rows.scene, rows.clips, clip, 14)); // 4 of 10 frames, at double speed
+    const ClipSpan first = *rows.Key(rows.clips, 0).clip;
+    const ClipSpan second = *rows.Key(rows.clips, 1).clip;
+    QCOMPARE(first.leadIn, 2);
+    QCOMPARE(first.material, 8);
+    QCOMPARE(second.leadIn, 10);
+    QCOMPARE(second.material, 12);
 }
 
 void tst_SceneEdits::neverMakesTheLeadInNegative()

@@ -140,7 +140,7 @@ void tst_SceneTracks::carriesClipsAndTheirSubKeys()
     SmallHost host;
     Scene scene = SampleScene();
     SceneKey& motion = scene.FindTrack(IdOf(scene, QStringLiteral("Motion")))->keys[0];
-    motion.clip = ClipSpan{20, 3, 4, 5, 60};
+    motion.clip = ClipSpan{20, 3, 4, 5, 60, 40};
     motion.locked = true;
     motion.alternate = true;
     motion.priority = 7;
@@ -152,6 +152,7 @@ void tst_SceneTracks::carriesClipsAndTheirSubKeys()
     QCOMPARE(clip->transitionFrames, 4);
     QCOMPARE(clip->hostValue3, 5);
     QCOMPARE(clip->hostValue2, 60);
+    QCOMPARE(clip->hostValue4, 40);
     QCOMPARE(clip->lockState, static_cast<int>(TL_KEY_LOCKED));
     QVERIFY(clip->alternateStyle);
     QCOMPARE(clip->priority, 7);

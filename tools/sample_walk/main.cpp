@@ -50,9 +50,16 @@ double Ankle(double phase)
     return -0.6 * (Thigh(phase) + Knee(phase)) + 8 * std::sin(phase - 0.6 * kPi);
 }
 
+/// Back at phase 0, and further ahead than back, as arms are.
 double Arm(double phase)
 {
-    return 22 * std::cos(phase);
+    return -4 + 20 * std::cos(phase);
+}
+
+/// Bent more while the arm is ahead, a little behind its swing.
+double Elbow(double phase)
+{
+    return -20 + 11 * std::cos(phase - 0.25);
 }
 
 const std::array<Joint, 17> kJoints{{
@@ -60,67 +67,67 @@ const std::array<Joint, 17> kJoints{{
      "Hips",
      {0, 0, 0},
      [](double p) {
-         return Angles{2 * std::sin(p), 3, 5 * std::cos(p)};
+         return Angles{3 * std::sin(p), 3, -7 * std::cos(p)};
      }},
     {1,
      "Spine",
      {0, 2.2, 0},
      [](double p) {
-         return Angles{-2 * std::sin(p), 1, -3 * std::cos(p)};
+         return Angles{-2.5 * std::sin(p), 1, 6 * std::cos(p)};
      }},
     {2,
      "Chest",
      {0, 3.4, 0},
      [](double p) {
-         return Angles{0, 2 * std::cos(2 * p), -4 * std::cos(p)};
+         return Angles{-1.5 * std::sin(p), 2 * std::cos(2 * p), 8 * std::cos(p)};
      }},
     {3,
      "Neck",
-     {0, 4.4, 0},
+     {0, 4.0, 0},
      [](double p) {
-         return Angles{0, -3 + std::cos(2 * p), 2 * std::cos(p)};
+         return Angles{0, -3 + std::cos(2 * p), -4 * std::cos(p)};
      }},
     {4,
      "Head",
-     {0, 1.6, 0.3},
+     {0, 1.5, 0.3},
      [](double p) {
-         return Angles{std::sin(p), -3 * std::cos(2 * p), 3 * std::sin(p)};
+         return Angles{std::sin(p), -3 * std::cos(2 * p), -3 * std::cos(p)};
      }},
     {3,
      "LeftArm",
      {3.2, 3.4, 0},
      [](double p) {
-         return Angles{-78, Arm(p), 0};
+         return Angles{4, Arm(p), 0};
      }},
     {4,
      "LeftForeArm",
-     {5.2, 0, 0},
+     {0.5, -5.2, 0},
      [](double p) {
-         return Angles{0, 0, -20 + 12 * std::cos(p)};
+         return Angles{0, Elbow(p), -8};
      }},
     {5,
      "LeftHand",
-     {4.6, 0, 0},
+     {0.1, -4.6, 0.2},
      [](double p) {
-         return Angles{5 * std::sin(p), 0, 0};
+         return Angles{0, -6 + 6 * std::cos(p - 0.6), 0};
      }},
     {3,
      "RightArm",
      {-3.2, 3.4, 0},
      [](double p) {
-         return Angles{78, Arm(p + kPi), 0};
+         return Angles{-4, Arm(p + kPi), 0};
      }},
     {4,
      "RightForeArm",
-     {-5.2, 0, 0},
+     {-0.5, -5.2, 0},
      [](double p) {
-         return Angles{0, 0, 20 + 12 * std::cos(p)};
+         return Angles{0, Elbow(p + kPi), 8};
      }},
     {5,
      "RightHand",
-     {-4.6, 0, 0},
+     {-0.1, -4.6, 0.2},
      [](double p) {
-         return Angles{5 * std::sin(p), 0, 0};
+         return Angles{0, -6 + 6 * std::cos(p + kPi - 0.6), 0};
      }},
     {1,
      "LeftUpLeg",
