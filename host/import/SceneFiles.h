@@ -9,8 +9,9 @@
 
 namespace host {
 
-/// Builds a scene from files: at most one motion capture (.bvh) and one file of mouth cues (.json),
-/// in any order. Nothing is returned, and @p error is filled, when a file cannot be read or parsed.
+/// Builds a scene from files: at most one motion capture (.bvh) and one file of mouth cues (.json
+/// or .tsv), in any order, and sounds (.wav), which follow one another from the first frame on.
+/// Nothing is returned, and @p error is filled, when a file cannot be read or parsed.
 std::optional<Scene> LoadScene(const QStringList& files, ImportError& error);
 
 } // namespace host
