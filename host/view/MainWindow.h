@@ -15,6 +15,7 @@
 namespace host {
 
 class EditMenu;
+class ImportCommand;
 class TimelineWindow;
 
 /// The editor's window: holds the scene and the timeline that shows it in a dock, and applies to
@@ -39,6 +40,7 @@ public:
     EditSession& Session() { return m_session; }
     /// The timeline, and which of its tracks stands for which of the scene.
     CTimelineManager& Timeline() { return m_manager; }
+    ImportCommand& Import() { return *m_import; }
     const SceneTracks& Tracks() const { return m_tracks; }
 
 signals:
@@ -47,6 +49,9 @@ signals:
 
 private:
     void ConnectTimeline();
+    void AddImport();
+    void ShowTimes(const Scene& scene);
+    void ShowScene();
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
@@ -65,6 +70,7 @@ private:
     FileDrops m_drops;
     CTimelineManager m_manager;
     EditMenu* m_editMenu; // the menu bar's
+    ImportCommand* m_import;
 };
 
 } // namespace host
