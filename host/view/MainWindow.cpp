@@ -4,6 +4,8 @@
 #include "ImportCommand.h"
 #include "TimelineWindow.h"
 #include "WindowDrops.h"
+#include "playback/Transport.h"
+#include "playback/TransportBar.h"
 
 #include <QDockWidget>
 #include <QMenuBar>
@@ -22,7 +24,8 @@ MainWindow::MainWindow()
     : m_dock(new QDockWidget(this)), m_tracks(m_manager), m_gestures(m_tracks, m_session),
       m_commands(m_manager, m_tracks, m_session), m_drops(m_manager, m_tracks, m_session),
       m_manager(this), m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands)),
-      m_import(new ImportCommand(this, m_manager, m_session))
+      m_import(new ImportCommand(this, m_manager, m_session)),
+      m_transport(new Transport(this, m_manager, m_session))
 {
     setWindowTitle(tr("Kestova Host"));
     m_dock->setWindowTitle(tr("Timeline"));
@@ -34,6 +37,7 @@ MainWindow::MainWindow()
     m_drops.sceneChanged = [this] { ShowScene(); };
     ConnectTimeline();
     AddImport();
+    AddPlayback();
 }
 
 void MainWindow::AddImport()
@@ -45,6 +49,14 @@ void MainWindow::AddImport()
     m_import->sceneChanged = [this] { ShowScene(); };
     const auto* const drops = new WindowDrops(this, m_dock);
     connect(drops, &WindowDrops::FilesDropped, m_import, &ImportCommand::Start);
+}
+
+void MainWindow::AddPlayback()
+{
+    m_transport->Bar()->FillMenu(*menuBar()->addMenu(tr("Playback")));
+    connect(this, &MainWindow::CurrentFrameChanged, m_transport, &Transport::FollowFrame);
+    connect(m_transport, &Transport::StateChanged, m_editMenu, &EditMenu::UpdateActions);
+    connect(m_transport, &Transport::Told, this, &MainWindow::Tell);
 }
 
 void MainWindow::ConnectTimeline()

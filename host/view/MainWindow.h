@@ -17,6 +17,7 @@ namespace host {
 class EditMenu;
 class ImportCommand;
 class TimelineWindow;
+class Transport;
 
 /// The editor's window: holds the scene and the timeline that shows it in a dock, and applies to
 /// the scene what the user does there.
@@ -41,6 +42,7 @@ public:
     /// The timeline, and which of its tracks stands for which of the scene.
     CTimelineManager& Timeline() { return m_manager; }
     ImportCommand& Import() { return *m_import; }
+    Transport& Player() { return *m_transport; }
     const SceneTracks& Tracks() const { return m_tracks; }
 
 signals:
@@ -50,6 +52,7 @@ signals:
 private:
     void ConnectTimeline();
     void AddImport();
+    void AddPlayback();
     void ShowTimes(const Scene& scene);
     void ShowScene();
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
@@ -71,6 +74,7 @@ private:
     CTimelineManager m_manager;
     EditMenu* m_editMenu; // the menu bar's
     ImportCommand* m_import;
+    Transport* m_transport;
 };
 
 } // namespace host
