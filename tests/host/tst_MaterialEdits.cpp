@@ -4,6 +4,7 @@
 #include "import/FaceTracks.h"
 #include "import/MaterialEdits.h"
 #include "import/SceneBuilder.h"
+#include "import/SceneFiles.h"
 
 #include <QTemporaryDir>
 
@@ -143,6 +144,7 @@ private slots:
     void groupsOfReplacedKeysGo();
     void everyNumberIsGivenOnce();
     void readsFilesOfEveryKind();
+    void opensSoundsWithoutAnythingElse();
     void readsTheRealFilesIntoAnOpenScene();
     void cancellingBringsNothing_data();
     void cancellingBringsNothing();
@@ -389,6 +391,29 @@ void tst_MaterialEdits::readsFilesOfEveryKind()
     QCOMPARE(Row(material->rows, "Motion").keys[0].clip->length, 72);
     QVERIFY(IsMaterial(QStringLiteral("a.Wav")) && IsMaterial(QStringLiteral("a.bvh")));
     QVERIFY(!IsMaterial(QStringLiteral("wav")) && !IsMaterial(QStringLiteral("a.mp3")));
+}
+
+void tst_MaterialEdits::opensSoundsWithoutAnythingElse()
+{
+    QTemporaryDir directory;
+    QStringList paths;
+    for (const char* name : {"one.wav", "two.wav"}) {
+        paths.append(directory.filePath(QLatin1String(name)));
+        QFile file(paths.last());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(WavBytes(8000, 4000));
+    }
+    ImportError error;
+    const auto scene = LoadScene(paths, error);
+    QVERIFY2(scene, qPrintable(error.Message()));
+    QCOMPARE(Names(*scene), (QStringList{QStringLiteral("Layers"), QStringLiteral("Face"),
+                                         QStringLiteral("Sound")}));
+    const QVector<SceneKey> clips = Row(*scene, "Sound").keys;
+    QCOMPARE(clips.size(), 2);
+    QCOMPARE(clips[0].sound, paths[0]);
+    QCOMPARE(clips[1].frame, 60);
+    QCOMPARE(scene->frameCount, 120);
+    QCOMPARE(Broken(*scene), QString());
 }
 
 void tst_MaterialEdits::readsTheRealFilesIntoAnOpenScene()
