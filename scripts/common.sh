@@ -18,7 +18,8 @@ install_missing() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build qtbase5-dev libsimpleini-dev fonts-dejavu-core)
+build_packages=(g++ cmake ninja-build qtbase5-dev qtmultimedia5-dev libqt5multimedia5-plugins libsimpleini-dev
+                fonts-dejavu-core)
 test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth)
 
 # build PRESET [CMAKE OPTION ...]

@@ -11,9 +11,10 @@ namespace host {
 
 namespace {
 
-constexpr int kSpeedRange = 4;    ///< a clip may be played up to this many times faster or slower
-constexpr int kLongestBlend = 12; ///< frames
-constexpr int kBlendsPerClip = 4; ///< a blend takes at most this part of its clip
+constexpr int kSpeedRange = 4;     ///< a clip may be played up to this many times faster or slower
+constexpr int kLongestBlend = 12;  ///< frames
+constexpr int kBlendsPerClip = 4;  ///< a blend takes at most this part of its clip
+constexpr double kFeetShare = 0.3; ///< of the time that the rows take to be made
 
 SceneKey MotionClip(const Motion& motion, int frameRate)
 {
@@ -112,7 +113,7 @@ void GroupFirstContact(Scene& scene, const FootContacts& foot, const QVector<Tra
 
 } // namespace
 
-BodyRows AddBodyTracks(Scene& scene)
+std::optional<BodyRows> AddBodyTracks(Scene& scene, const ImportProgress& progress)
 {
     BodyRows rows;
     const TrackId root = scene.AddTrack(
@@ -123,11 +124,18 @@ BodyRows AddBodyTracks(Scene& scene)
     const TrackId motion = scene.AddTrack(motionRow);
     rows.blends = {AddBlendRow(scene, root, motionRow.keys.first())};
 
+    if (!progress.Advance(0))
+        return std::nullopt;
     const QVector<FootContacts> feet = FindFootContacts(scene.motion, scene.frameRate);
     for (const FootContacts& foot : feet)
         rows.contacts.append(AddContactRow(scene, root, foot));
-    for (int joint = 0; joint < scene.motion.joints.size(); ++joint)
+    const int jointCount = scene.motion.joints.size();
+    const ImportProgress jointProgress = progress.Part(kFeetShare, 1);
+    for (int joint = 0; joint < jointCount; ++joint) {
+        if (!jointProgress.Advance(double(joint) / jointCount))
+            return std::nullopt;
         rows.joints.append(AddJointRow(scene, root, joint));
+    }
 
     for (const FootContacts& foot : feet) {
         const QVector<TrackId> limb = LimbOf(scene.motion, rows.joints, foot.joint);

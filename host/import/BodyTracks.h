@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ImportProgress.h"
 #include "document/Scene.h"
+
+#include <optional>
 
 namespace host {
 
@@ -12,7 +15,8 @@ struct BodyRows
     QVector<TrackId> blends;
 };
 
-/// Adds the Body root with its rows, groups and relations to a scene that holds a motion.
-BodyRows AddBodyTracks(Scene& scene);
+/// Adds the Body root with its rows, groups and relations to a scene that holds a motion. Nothing
+/// is returned, and the scene has only a part of them, when @p progress cancels.
+std::optional<BodyRows> AddBodyTracks(Scene& scene, const ImportProgress& progress = {});
 
 } // namespace host

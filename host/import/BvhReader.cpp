@@ -15,6 +15,8 @@ constexpr int kMostJoints = 1000;          ///< every joint becomes a row; more 
 constexpr double kGreatest = 1e9;          ///< of any number; keeps products of them finite
 constexpr double kLongestSampleTime = 1.0; ///< seconds; slower than this is no capture
 
+constexpr int kSamplesPerStep = 256; ///< between two words about the progress
+
 struct ChannelName
 {
     const char* name;
@@ -32,8 +34,9 @@ constexpr std::array<ChannelName, 6> kChannelNames{{{"Xposition", Channel::XPosi
 class BvhParser
 {
 public:
-    BvhParser(const QByteArray& text, const QString& fileName, ImportError& error)
-        : m_scanner(text), m_fileName(fileName), m_error(error)
+    BvhParser(const QByteArray& text, const QString& fileName, ImportError& error,
+              const ImportProgress& progress)
+        : m_scanner(text), m_fileName(fileName), m_error(error), m_progress(progress)
     {
     }
 
@@ -60,6 +63,7 @@ private:
     bool ParseSampleTime();
     bool ParseSamples();
     bool ParseSample(int sample);
+    bool TellProgress(int sample);
 
     bool TakeNumber(double& number, const QString& what);
     bool TakeInteger(int& number, int least, int most, const QString& what);
@@ -80,6 +84,7 @@ private:
     TextScanner m_scanner;
     QString m_fileName;
     ImportError& m_error;
+    const ImportProgress& m_progress;
     Motion m_motion;
     QVector<int> m_openBlocks;
 };
@@ -248,7 +253,7 @@ bool BvhParser::ParseSamples()
 {
     // Grown as the lines come: the count is only a claim until then.
     for (int sample = 0; sample < m_motion.sampleCount; ++sample) {
-        if (!ParseSample(sample))
+        if (!ParseSample(sample) || !TellProgress(sample))
             return false;
     }
     if (!m_scanner.AtEnd())
@@ -276,6 +281,16 @@ bool BvhParser::ParseSample(int sample)
     if (!m_scanner.AtLineEnd())
         return FailAt(line, what, QStringLiteral("more"));
     return true;
+}
+
+bool BvhParser::TellProgress(int sample)
+{
+    if (sample % kSamplesPerStep != 0 || m_progress.Advance(m_scanner.ShareTaken()))
+        return true;
+    m_error = {};
+    m_error.file = m_fileName;
+    m_error.isCancelled = true;
+    return false;
 }
 
 bool BvhParser::TakeNumber(double& number, const QString& what)
@@ -314,9 +329,10 @@ bool BvhParser::TakeName(QString& name, const QString& what)
 
 } // namespace
 
-std::optional<Motion> ReadBvh(const QByteArray& text, const QString& fileName, ImportError& error)
+std::optional<Motion> ReadBvh(const QByteArray& text, const QString& fileName, ImportError& error,
+                              const ImportProgress& progress)
 {
-    return BvhParser(text, fileName, error).Parse();
+    return BvhParser(text, fileName, error, progress).Parse();
 }
 
 } // namespace host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ImportError.h"
+#include "ImportProgress.h"
 #include "document/Motion.h"
 
 #include <optional>
@@ -12,6 +13,8 @@ namespace host {
 /// upper and lower case keywords, a byte order mark and a missing last line end. Refuses, naming
 /// the line, whatever does not add up: then nothing is returned and @p error is filled.
 /// @param fileName names the file in the error; its base name becomes the motion's name.
-std::optional<Motion> ReadBvh(const QByteArray& text, const QString& fileName, ImportError& error);
+/// @param progress hears how far the reading is; when it cancels, nothing is returned.
+std::optional<Motion> ReadBvh(const QByteArray& text, const QString& fileName, ImportError& error,
+                              const ImportProgress& progress = {});
 
 } // namespace host

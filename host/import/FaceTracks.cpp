@@ -10,6 +10,7 @@ namespace host {
 
 namespace {
 
+const QString kSoundRow = QStringLiteral("Sound");
 constexpr int kLongestRestBlend = 6;        ///< frames in which the mouth falls shut
 constexpr double kRoundingOfSeconds = 1e-6; ///< keeps 3.0 seconds at 30 a second from being 91
 
@@ -69,6 +70,21 @@ QVector<SceneKey> RestKeys(const SceneKey& lips)
     return keys;
 }
 
+FaceRows AddLineRows(Scene& scene, TrackId root)
+{
+    SceneTrack lips =
+        MakeRow(TrackKind::Viseme, QStringLiteral("Lips"), QStringLiteral("Lips"), root);
+    lips.keys = {LipsClip(scene.line, scene.frameRate)};
+    SceneTrack rests = MakeRow(TrackKind::Transition, QStringLiteral("MouthRest"),
+                               QStringLiteral("Mouth Rest"), root);
+    rests.keys = RestKeys(lips.keys.first());
+    FaceRows rows;
+    rows.lips = scene.AddTrack(lips);
+    rows.rests = scene.AddTrack(rests);
+    scene.relations.append({RelationKind::ClipBars, {rows.lips, rows.rests}});
+    return rows;
+}
+
 } // namespace
 
 int SceneFramesOf(const SpokenLine& line, int frameRate)
@@ -83,22 +99,21 @@ FaceRows AddFaceTracks(Scene& scene)
 {
     const TrackId root = scene.AddTrack(
         MakeRow(TrackKind::Key, QStringLiteral("Face"), QStringLiteral("Face"), kNoTrack));
-    SceneTrack lips =
-        MakeRow(TrackKind::Viseme, QStringLiteral("Lips"), QStringLiteral("Lips"), root);
-    lips.keys = {LipsClip(scene.line, scene.frameRate)};
-    SceneTrack rests = MakeRow(TrackKind::Transition, QStringLiteral("MouthRest"),
-                               QStringLiteral("Mouth Rest"), root);
-    rests.keys = RestKeys(lips.keys.first());
-    // Starts without clips: the user drops the recordings on it.
-    const SceneTrack sound =
-        MakeRow(TrackKind::Clip, QStringLiteral("Sound"), QStringLiteral("Sound"), root);
-
     FaceRows rows;
-    rows.lips = scene.AddTrack(lips);
-    rows.rests = scene.AddTrack(rests);
-    scene.AddTrack(sound);
-    scene.relations.append({RelationKind::ClipBars, {rows.lips, rows.rests}});
+    if (!scene.line.cues.isEmpty())
+        rows = AddLineRows(scene, root);
+    // Starts without clips: the recordings come from files of their own.
+    scene.AddTrack(MakeRow(TrackKind::Clip, kSoundRow, kSoundRow, root));
     return rows;
+}
+
+TrackId SoundRowOf(const Scene& scene)
+{
+    for (const SceneTrack& track : scene.tracks) {
+        if (track.kind == TrackKind::Clip && track.name == kSoundRow)
+            return track.id;
+    }
+    return kNoTrack;
 }
 
 } // namespace host

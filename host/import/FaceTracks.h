@@ -11,8 +11,13 @@ struct FaceRows
     TrackId rests = kNoTrack;
 };
 
-/// Adds the Face root with its rows and relations to a scene that holds a spoken line.
+/// Adds the Face root to a scene: with the rows and relations of the spoken line, if the scene
+/// holds one, and a row for sounds.
 FaceRows AddFaceTracks(Scene& scene);
+
+/// The row that imported sounds go on: the first row of clips with the name that AddFaceTracks
+/// gives it, or kNoTrack.
+TrackId SoundRowOf(const Scene& scene);
 
 /// The number of frames that a line takes: those that begin before it ends.
 int SceneFramesOf(const SpokenLine& line, int frameRate);

@@ -1,5 +1,6 @@
 #include "MouthCueReader.h"
 
+#include "CueOrder.h"
 #include "JsonLines.h"
 #include "document/MouthShapes.h"
 
@@ -45,8 +46,6 @@ QString ExpectedInsteadOf(QJsonParseError::ParseError error)
     return QStringLiteral("a smaller JSON text");
 }
 
-constexpr double kLongestLine = 24 * 60 * 60; ///< seconds; a longer line is a damaged file
-
 /// One reading of one text. Each step returns false once the error has been filled.
 class MouthCueParser
 {
@@ -62,6 +61,7 @@ public:
         QJsonObject root;
         if (!ParseDocument(root) || !ParseDuration(root) || !ParseCues(root))
             return std::nullopt;
+        OrderCues(m_line);
         return m_line;
     }
 
@@ -143,8 +143,6 @@ bool MouthCueParser::ParseCue(const QJsonObject& object, int index)
         return fail(QStringLiteral("a cue with start and end in seconds"));
     if (cue.end < cue.start)
         return fail(QStringLiteral("a cue that ends after its start"));
-    if (!m_line.cues.isEmpty() && cue.start < m_line.cues.last().start)
-        return fail(QStringLiteral("a cue that starts no earlier than the one before"));
     const auto shape = MouthShapeOfCue(object[QLatin1String("value")].toString());
     if (!shape)
         return fail(QStringLiteral("a cue with a value from A to H, or X"));

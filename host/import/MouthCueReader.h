@@ -9,8 +9,9 @@ namespace host {
 
 /// Reads the mouth shapes of a spoken line from JSON: an object whose "metadata" holds "duration"
 /// in seconds and whose "mouthCues" lists "start" and "end" in seconds and "value", A to H or X.
-/// Cues stand in the order of their start. Refuses, naming the line, whatever does not fit: then
-/// nothing is returned and @p error is filled.
+/// Cues may stand in any order, overlap and leave gaps: see OrderCues for what becomes of them.
+/// Refuses, naming the line, whatever does not fit: then nothing is returned and @p error is
+/// filled.
 /// @param fileName names the file in the error; its base name becomes the line's name.
 std::optional<SpokenLine> ReadMouthCues(const QByteArray& text, const QString& fileName,
                                         ImportError& error);

@@ -19,11 +19,25 @@ void AddButton(SceneTrack& row, const QString& text, const QVector<TrackId>& tra
         row.buttons.append({text, true, tracks});
 }
 
+void AddLayerButtons(SceneTrack& row, const FaceRows& face, const BodyRows& body)
+{
+    QVector<TrackId> blends = body.blends;
+    if (face.lips != kNoTrack) {
+        AddButton(row, QStringLiteral("Lips"), {face.lips});
+        blends.append(face.rests);
+    }
+    AddButton(row, QStringLiteral("Joints"), body.joints);
+    AddButton(row, QStringLiteral("Contacts"), body.contacts);
+    AddButton(row, QStringLiteral("Blends"), blends);
+}
+
 } // namespace
 
-Scene BuildScene(const Motion& motion, const SpokenLine& line)
+std::optional<Scene> BuildScene(const Motion& motion, const SpokenLine& line,
+                                const SceneBuild& build)
 {
     Scene scene;
+    scene.frameRate = build.frameRate;
     scene.motion = motion;
     scene.line = line;
     scene.frameCount = std::max({kFewestFrames, SceneFramesOf(motion, scene.frameRate),
@@ -33,22 +47,20 @@ Scene BuildScene(const Motion& motion, const SpokenLine& line)
     const TrackId layers = scene.AddTrack(
         MakeRow(TrackKind::Switch, QStringLiteral("Layers"), QStringLiteral("Layers"), kNoTrack));
     FaceRows face;
-    BodyRows body;
-    if (!line.cues.isEmpty())
+    std::optional<BodyRows> body = BodyRows();
+    if (build.withFace || !line.cues.isEmpty())
         face = AddFaceTracks(scene);
     if (!motion.joints.isEmpty())
-        body = AddBodyTracks(scene);
-
-    QVector<TrackId> blends = body.blends;
-    SceneTrack& row = *scene.FindTrack(layers);
-    if (face.lips != kNoTrack) {
-        AddButton(row, QStringLiteral("Lips"), {face.lips});
-        blends.append(face.rests);
-    }
-    AddButton(row, QStringLiteral("Joints"), body.joints);
-    AddButton(row, QStringLiteral("Contacts"), body.contacts);
-    AddButton(row, QStringLiteral("Blends"), blends);
+        body = AddBodyTracks(scene, build.progress);
+    if (!body)
+        return std::nullopt;
+    AddLayerButtons(*scene.FindTrack(layers), face, *body);
     return scene;
+}
+
+Scene BuildScene(const Motion& motion, const SpokenLine& line)
+{
+    return *BuildScene(motion, line, SceneBuild()); // without a listener nothing cancels
 }
 
 } // namespace host

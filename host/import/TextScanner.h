@@ -29,6 +29,8 @@ public:
     int Line();
     /// The line of the last word taken.
     int LastLine() const { return m_lastLine; }
+    /// The part of the text, 0 to 1, that has been taken.
+    double ShareTaken() const { return m_text.isEmpty() ? 1 : double(m_position) / m_text.size(); }
 
 private:
     void SkipSpace();

@@ -14,7 +14,18 @@ constexpr int kTagSize = 4;
 constexpr int kChunkHeaderSize = 8; ///< tag and size
 constexpr int kRiffHeaderSize = 12; ///< chunk header and form
 constexpr int kFormatSize = 16;     ///< the part of the format chunk that every kind has
-constexpr int kByteRatePlace = 8;   ///< in the format chunk
+constexpr int kExtendedSize = 26;   ///< with the kind that an extended format names
+// Places in the format chunk:
+constexpr int kKindPlace = 0;
+constexpr int kChannelsPlace = 2;
+constexpr int kRatePlace = 4;
+constexpr int kByteRatePlace = 8;
+constexpr int kBitsPlace = 14;
+constexpr int kExtendedKindPlace = 24;
+// Kinds of samples:
+constexpr int kWholeNumbers = 1;
+constexpr int kFloatNumbers = 3;
+constexpr int kExtended = 0xFFFE;
 constexpr double kLongestSound = 24.0 * 60 * 60; ///< seconds
 
 quint32 NumberAt(const QByteArray& bytes, int place)
@@ -22,39 +33,52 @@ quint32 NumberAt(const QByteArray& bytes, int place)
     return qFromLittleEndian<quint32>(bytes.constData() + place);
 }
 
-struct Header
+int ShortAt(const QByteArray& bytes, int place)
 {
-    quint32 bytesPerSecond = 0;
-    qint64 soundBytes = -1; ///< -1 while its chunk was not found
-};
+    return qFromLittleEndian<quint16>(bytes.constData() + place);
+}
+
+void ReadFormat(const QByteArray& chunk, WavFormat& format)
+{
+    int kind = ShortAt(chunk, kKindPlace);
+    if (kind == kExtended && chunk.size() >= kExtendedSize)
+        kind = ShortAt(chunk, kExtendedKindPlace);
+    format.isWhole = kind == kWholeNumbers;
+    format.isFloat = kind == kFloatNumbers;
+    format.channels = ShortAt(chunk, kChannelsPlace);
+    format.rate = static_cast<int>(NumberAt(chunk, kRatePlace));
+    format.bits = ShortAt(chunk, kBitsPlace);
+    format.bytesPerSecond = NumberAt(chunk, kByteRatePlace);
+}
 
 /// Walks the chunks up to that of the samples. What is not found stays as it is.
-Header ReadChunks(QFile& file)
+WavFormat ReadChunks(QFile& file)
 {
-    Header header;
-    while (header.soundBytes < 0) {
+    WavFormat format;
+    while (format.soundBytes < 0) {
         const QByteArray chunk = file.read(kChunkHeaderSize);
         if (chunk.size() < kChunkHeaderSize)
             break;
         const qint64 start = file.pos();
         const qint64 size = NumberAt(chunk, kTagSize);
         if (chunk.startsWith("fmt ")) {
-            const QByteArray format = file.read(kFormatSize);
-            if (format.size() == kFormatSize && size >= kFormatSize)
-                header.bytesPerSecond = NumberAt(format, kByteRatePlace);
+            const QByteArray content = file.read(std::min<qint64>(size, kExtendedSize));
+            if (content.size() >= kFormatSize)
+                ReadFormat(content, format);
         } else if (chunk.startsWith("data")) {
-            header.soundBytes = std::min(size, file.size() - start);
+            format.soundStart = start;
+            format.soundBytes = std::min(size, file.size() - start);
         }
         const qint64 next = start + size + size % 2; // chunks start at even places
         if (!file.seek(next))
             break;
     }
-    return header;
+    return format;
 }
 
 } // namespace
 
-std::optional<double> ReadWavSeconds(const QString& path, ImportError& error)
+std::optional<WavFormat> ReadWavFormat(const QString& path, ImportError& error)
 {
     const auto refuse = [&](const QString& expected) {
         error = {path, 0, expected};
@@ -66,15 +90,22 @@ std::optional<double> ReadWavSeconds(const QString& path, ImportError& error)
     const QByteArray start = file.read(kRiffHeaderSize);
     if (start.size() < kRiffHeaderSize || !start.startsWith("RIFF") || !start.endsWith("WAVE"))
         return refuse(QStringLiteral("a sound file that starts with RIFF and WAVE"));
-    const Header header = ReadChunks(file);
-    if (header.bytesPerSecond == 0)
+    const WavFormat format = ReadChunks(file);
+    if (format.bytesPerSecond == 0)
         return refuse(QStringLiteral("a format chunk with the bytes of a second"));
-    if (header.soundBytes <= 0)
+    if (format.soundBytes <= 0)
         return refuse(QStringLiteral("a data chunk with samples"));
-    const double seconds = static_cast<double>(header.soundBytes) / header.bytesPerSecond;
-    if (seconds > kLongestSound)
+    if (static_cast<double>(format.soundBytes) / format.bytesPerSecond > kLongestSound)
         return refuse(QStringLiteral("a sound of at most a day"));
-    return seconds;
+    return format;
+}
+
+std::optional<double> ReadWavSeconds(const QString& path, ImportError& error)
+{
+    const auto format = ReadWavFormat(path, error);
+    if (!format)
+        return std::nullopt;
+    return static_cast<double>(format->soundBytes) / format->bytesPerSecond;
 }
 
 } // namespace host

@@ -1,12 +1,10 @@
 #include "FileDrops.h"
 
-#include "document/ClipEdits.h"
+#include "import/SoundClips.h"
 #include "import/WavReader.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-
-#include <cmath>
 
 namespace host {
 
@@ -15,12 +13,6 @@ namespace {
 QString Translated(const char* text)
 {
     return QCoreApplication::translate("FileDrops", text);
-}
-
-/// A clip's length counts the steps between its frames.
-int ClipLengthOf(double seconds, int frameRate)
-{
-    return std::max(1, static_cast<int>(std::ceil(seconds * frameRate)) - 1);
 }
 
 } // namespace
@@ -54,12 +46,12 @@ bool FileDrops::Drop(TLDropFileType type, const QString& path)
         return false;
     }
     Scene scene = m_session.Current();
-    const QString name = QFileInfo(path).completeBaseName();
-    AddClip(scene, m_tracks.IdOf(track), name, ClipLengthOf(*seconds, scene.frameRate),
-            m_manager.GetCurrentFrame());
+    AddSoundClip(scene, m_tracks.IdOf(track), {QFileInfo(path).absoluteFilePath(), *seconds},
+                 m_manager.GetCurrentFrame());
     m_session.Begin();
     m_session.Step(Translated("Drop Sound"), scene);
-    m_tracks.ShowKeys(scene);
+    if (sceneChanged)
+        sceneChanged();
     m_session.Commit();
     m_manager.SetDropTrackFocusAndPickJustLoadClip(track);
     return true;

@@ -17,6 +17,8 @@ public:
 
     /// Called with one line for the user.
     std::function<void(const QString& text)> told;
+    /// Called when the session's scene got longer or has keys that the timeline does not show yet.
+    std::function<void()> sceneChanged;
 
     /// Says to the timeline whether the file may be dropped on that track.
     void Hold(CTimelineTrackBase* track, const QString& path);

@@ -55,7 +55,8 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
     parser.addOptions({known.skin, known.size, known.frame, known.screenshot, known.screenGrab});
     parser.addPositionalArgument(
         QStringLiteral("FILES"),
-        QStringLiteral("A motion capture (.bvh), mouth cues (.json); none: the sample scene."),
+        QStringLiteral("A motion capture (.bvh), mouth cues (.json, .tsv), sounds (.wav); "
+                       "none: the sample scene."),
         QStringLiteral("[FILES...]"));
     if (!parser.parse(arguments)) {
         error = parser.errorText();

@@ -1,8 +1,12 @@
 #include "MainWindow.h"
 
 #include "EditMenu.h"
+#include "ImportCommand.h"
 #include "TimelineWindow.h"
 #include "preview/PreviewPane.h"
+#include "WindowDrops.h"
+#include "playback/Transport.h"
+#include "playback/TransportBar.h"
 
 #include <QDockWidget>
 #include <QMenuBar>
@@ -20,7 +24,9 @@ constexpr int kAddKeyButton = 3;   ///< the caption button of that number in the
 MainWindow::MainWindow()
     : m_dock(new QDockWidget(this)), m_tracks(m_manager), m_gestures(m_tracks, m_session),
       m_commands(m_manager, m_tracks, m_session), m_drops(m_manager, m_tracks, m_session),
-      m_manager(this), m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
+      m_manager(this), m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands)),
+      m_import(new ImportCommand(this, m_manager, m_session)),
+      m_transport(new Transport(this, m_manager, m_session))
 {
     setWindowTitle(tr("Kestova Host"));
     m_dock->setWindowTitle(tr("Timeline"));
@@ -32,7 +38,29 @@ MainWindow::MainWindow()
     statusBar()->setSizeGripEnabled(false);
     connect(&m_session, &EditSession::Committed, this, &MainWindow::Tell);
     m_drops.told = [this](const QString& text) { Tell(text); };
+    m_drops.sceneChanged = [this] { ShowScene(); };
     ConnectTimeline();
+    AddImport();
+    AddPlayback();
+}
+
+void MainWindow::AddImport()
+{
+    auto* const file = new QMenu(tr("File"), menuBar());
+    menuBar()->insertMenu(menuBar()->actions().first(), file);
+    file->addAction(m_import->Action());
+    m_import->told = [this](const QString& text) { Tell(text); };
+    m_import->sceneChanged = [this] { ShowScene(); };
+    const auto* const drops = new WindowDrops(this, m_dock);
+    connect(drops, &WindowDrops::FilesDropped, m_import, &ImportCommand::Start);
+}
+
+void MainWindow::AddPlayback()
+{
+    m_transport->Bar()->FillMenu(*menuBar()->addMenu(tr("Playback")));
+    connect(this, &MainWindow::CurrentFrameChanged, m_transport, &Transport::FollowFrame);
+    connect(m_transport, &Transport::StateChanged, m_editMenu, &EditMenu::UpdateActions);
+    connect(m_transport, &Transport::Told, this, &MainWindow::Tell);
 }
 
 void MainWindow::ConnectTimeline()
@@ -77,14 +105,31 @@ bool MainWindow::CreateTimeline(const QString& skinPath)
 bool MainWindow::SetScene(const Scene& scene)
 {
     m_session.Restart(scene);
-    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
-    m_manager.SetFrameCount(scene.frameCount);
-    m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+    ShowTimes(scene);
     if (!m_tracks.Show(scene))
         return false;
     if (CTimelineTrackBase* const lips = m_manager.GetLipsTrack())
         m_manager.SetActiveChildTrack(lips);
     return true;
+}
+
+void MainWindow::ShowTimes(const Scene& scene)
+{
+    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
+    m_manager.SetFrameCount(scene.frameCount);
+    m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+}
+
+/// Brings the timeline into line with a scene that an edit has given other rows or another length.
+void MainWindow::ShowScene()
+{
+    ShowTimes(m_session.Current());
+    m_tracks.Update(m_session.Current());
+    m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
+    CTimelineTrackBase* const lips = m_manager.GetLipsTrack();
+    if (lips && !m_manager.GetActiveChildTrack())
+        m_manager.SetActiveChildTrack(lips);
+    m_editMenu->UpdateActions();
 }
 
 void MainWindow::GotoFrame(int frame)

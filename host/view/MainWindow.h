@@ -15,7 +15,9 @@
 namespace host {
 
 class EditMenu;
+class ImportCommand;
 class TimelineWindow;
+class Transport;
 
 /// The editor's window: holds the scene and the timeline that shows it in a dock, and applies to
 /// the scene what the user does there.
@@ -39,6 +41,8 @@ public:
     EditSession& Session() { return m_session; }
     /// The timeline, and which of its tracks stands for which of the scene.
     CTimelineManager& Timeline() { return m_manager; }
+    ImportCommand& Import() { return *m_import; }
+    Transport& Player() { return *m_transport; }
     const SceneTracks& Tracks() const { return m_tracks; }
 
 signals:
@@ -47,6 +51,10 @@ signals:
 
 private:
     void ConnectTimeline();
+    void AddImport();
+    void AddPlayback();
+    void ShowTimes(const Scene& scene);
+    void ShowScene();
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
@@ -65,6 +73,8 @@ private:
     FileDrops m_drops;
     CTimelineManager m_manager;
     EditMenu* m_editMenu; // the menu bar's
+    ImportCommand* m_import;
+    Transport* m_transport;
 };
 
 } // namespace host

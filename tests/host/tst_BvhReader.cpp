@@ -64,6 +64,12 @@ private slots:
     void placesChannelsInTheOrderOfTheFile();
     void keepsSpacesInsideAName();
     void readsDeepHierarchiesUpToTheMostJoints();
+    void takesAnyOrderOfChannels();
+    void takesPositionChannelsOnJoints();
+    void takesOtherFrameTimes_data();
+    void takesOtherFrameTimes();
+    void tellsHowFarItIs();
+    void stopsWhenItIsCancelled();
     void namesTheLineAndWhatWasExpected_data();
     void namesTheLineAndWhatWasExpected();
     void saysItInOneLineWhateverTheFileHolds();
@@ -120,6 +126,9 @@ void tst_BvhReader::readsEveryWayOfWriting_data()
     QTest::newRow("no space after the colons") << With(": ", ":");
     QTest::newRow("tabs") << With("  ", "\t");
     QTest::newRow("empty lines") << With("\n", "\n\n");
+    QTest::newRow("double spaces and tabs between numbers") << With("4 5 6", "4  5 \t 6");
+    QTest::newRow("byte order mark, CR LF and no last line end")
+        << QByteArray("\xEF\xBB\xBF") + With("\n", "\r\n").chopped(2);
     QTest::newRow("space at line ends") << With("\n", " \t\n");
     QTest::newRow("a name for the End Site") << With("End Site", "End Site Fingers");
     QTest::newRow("end site on one line")
@@ -152,6 +161,78 @@ void tst_BvhReader::readsNumbersWithExponents()
     const auto motion = Read(With("1 2 3 4 5", "1e0 2.0E+00 30e-1 .4e1 +5"));
     QVERIFY(motion);
     QVERIFY(*motion == *Read(kArm));
+    QCOMPARE(Read(With("1 2 3", "1.2e-05 2 3"))->At(0, 0), 1.2e-05F);
+}
+
+void tst_BvhReader::takesAnyOrderOfChannels()
+{
+    const auto motion = Read(With("Xposition Yposition Zposition Zrotation Xrotation Yrotation",
+                                  "Yrotation Zposition Xrotation Yposition Zrotation Xposition"));
+    QVERIFY(motion);
+    const QVector<Channel> channels{Channel::YRotation, Channel::ZPosition, Channel::XRotation,
+                                    Channel::YPosition, Channel::ZRotation, Channel::XPosition};
+    QVERIFY(motion->joints[0].channels == channels);
+    // The hips stand where the numbers of the position channels say, whatever their order.
+    QCOMPARE(JointPositions(*motion, 0, 30)[0], QVector3D(6, 4, 2));
+}
+
+void tst_BvhReader::takesPositionChannelsOnJoints()
+{
+    const auto motion =
+        Read(With("CHANNELS 3 Yrotation Zrotation Xrotation",
+                  "CHANNELS 6 Xposition Yposition Zposition Yrotation Zrotation Xrotation")
+                 .replace("4 5 6 7 8 9\n", "0 0 0 7 8 9 0 0 0\n")
+                 .replace("70 80 90", "70 80 90 0 0 0"));
+    QVERIFY(motion);
+    // They take the place of the joint's offset from its parent.
+    QCOMPARE(JointPositions(*motion, 1, 30)[0], QVector3D(1 + 7, 2 + 8, 3 + 9));
+}
+
+void tst_BvhReader::takesOtherFrameTimes_data()
+{
+    QTest::addColumn<QByteArray>("time");
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<int>("frames"); // of a scene at 30 a second
+    QTest::newRow("24 a second") << QByteArray("0.0416667") << 0.0416667 << 2;
+    QTest::newRow("120 a second") << QByteArray("0.00833333") << 0.00833333 << 1;
+    QTest::newRow("with an exponent") << QByteArray("4e-2") << 0.04 << 2;
+    QTest::newRow("a second") << QByteArray("1") << 1.0 << 31;
+}
+
+void tst_BvhReader::takesOtherFrameTimes()
+{
+    QFETCH(QByteArray, time);
+    QFETCH(double, seconds);
+    QFETCH(int, frames);
+    const auto motion = Read(With("0.05", time.constData()));
+    QVERIFY(motion);
+    QCOMPARE(motion->sampleTime, seconds);
+    QCOMPARE(SceneFramesOf(*motion, 30), frames);
+}
+
+void tst_BvhReader::tellsHowFarItIs()
+{
+    QByteArray text = With("Frames: 2", "Frames: 1002");
+    text += QByteArray("1 2 3 4 5 6 7 8 9\n").repeated(1000);
+    QVector<double> shares;
+    const ImportProgress progress([&shares](double share) {
+        shares.append(share);
+        return true;
+    });
+    ImportError error;
+    QVERIFY(ReadBvh(text, QStringLiteral("arm.bvh"), error, progress));
+    QVERIFY(shares.size() >= 4);
+    QVERIFY(std::is_sorted(shares.cbegin(), shares.cend()));
+    QVERIFY(shares.first() >= 0 && shares.first() < 0.1);
+    QVERIFY(shares.last() > 0.6 && shares.last() <= 1);
+}
+
+void tst_BvhReader::stopsWhenItIsCancelled()
+{
+    ImportError error;
+    const ImportProgress progress([](double) { return false; });
+    QVERIFY(!ReadBvh(kArm, QStringLiteral("arm.bvh"), error, progress));
+    QVERIFY(error.isCancelled);
 }
 
 void tst_BvhReader::placesChannelsInTheOrderOfTheFile()

@@ -179,7 +179,8 @@ void tst_HostCommandLine::saysInOneLineWhatIsWrong_data()
         broken + QStringLiteral(":108: expected Frames:, found \"N:\""));
     row("damaged mouth cues", {cut}, cut + QStringLiteral(":2: expected a colon after a name"));
     row("a file of another kind", {QStringLiteral("notes.txt")},
-        QStringLiteral("notes.txt: expected a motion capture (.bvh) or mouth cues (.json)"));
+        QStringLiteral("notes.txt: expected a motion capture (.bvh), mouth cues (.json, .tsv) or a "
+                       "sound (.wav)"));
     row("a skin that is not there", {QStringLiteral("--skin"), QStringLiteral("none.ini")},
         QStringLiteral("none.ini: expected a skin file"));
     row("a directory for a skin", {QStringLiteral("--skin"), directory},
@@ -240,8 +241,10 @@ void tst_HostCommandLine::needsNoScreenToFindAnError()
     environment.remove(QStringLiteral("DISPLAY"));
     const HostRun run = RunHost({QStringLiteral("notes.txt")}, environment);
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.errors,
-             QStringLiteral("notes.txt: expected a motion capture (.bvh) or mouth cues (.json)\n"));
+    QCOMPARE(
+        run.errors,
+        QStringLiteral("notes.txt: expected a motion capture (.bvh), mouth cues (.json, .tsv) or a "
+                       "sound (.wav)\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_HostCommandLine)

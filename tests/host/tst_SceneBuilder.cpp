@@ -406,12 +406,15 @@ void tst_SceneBuilder::refusesFilesItCannotTakeIn_data()
     QTest::newRow("not there")
         << QStringList{QStringLiteral("/none/walk.bvh")}
         << QStringLiteral("/none/walk.bvh: expected a readable file (No such file or directory)");
-    QTest::newRow("another kind")
-        << QStringList{QStringLiteral("walk.fbx")}
-        << QStringLiteral("walk.fbx: expected a motion capture (.bvh) or mouth cues (.json)");
-    QTest::newRow("two of a kind")
-        << QStringList{walk, walk}
-        << walk + QStringLiteral(": expected at most one .bvh and one .json file");
+    QTest::newRow("another kind") << QStringList{QStringLiteral("walk.fbx")}
+                                  << QStringLiteral("walk.fbx: expected a motion capture (.bvh), "
+                                                    "mouth cues (.json, .tsv) or a sound (.wav)");
+    QTest::newRow("two motions") << QStringList{walk, walk}
+                                 << walk + QStringLiteral(": expected at most one motion capture");
+    const QString line = SamplePath(QStringLiteral("greeting.json"));
+    QTest::newRow("two lines") << QStringList{line, line}
+                               << line +
+                                      QStringLiteral(": expected at most one file of mouth cues");
 }
 
 void tst_SceneBuilder::refusesFilesItCannotTakeIn()

@@ -1,0 +1,358 @@
+#include "EditorFixture.h"
+
+#include "view/ImportCommand.h"
+
+#include <QAction>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace host;
+
+namespace {
+
+constexpr int kPatience = 30000; // milliseconds; the sanitized program is slow
+
+const char* const kCues = "0\tX\n0.5\tB\n1\tE\n4\tX\n";
+
+/// A capture of some size: at a million numbers, some hundred milliseconds.
+QByteArray LongCapture(int samples)
+{
+    QByteArray text = "HIERARCHY\nROOT Hips\n{\nOFFSET 0 0 0\nCHANNELS 6 Xposition Yposition "
+                      "Zposition Zrotation Xrotation Yrotation\nJOINT Arm\n{\nOFFSET 0 1 0\n"
+                      "CHANNELS 3 Zrotation Xrotation Yrotation\n}\n}\nMOTION\nFrames: " +
+                      QByteArray::number(samples) + "\nFrame Time: 0.0083333\n";
+    return text +
+           QByteArray("0.00 95.123 1.2e-05 12.5 -3.25 0.125 45.001 -0.33 7.75\n").repeated(samples);
+}
+
+struct ImportingEditor : EditorFixture
+{
+    ImportingEditor()
+    {
+        QObject::connect(&window.Session(), &EditSession::Committed, &window,
+                         [this](const QString& name) { edits.append(name); });
+    }
+
+    QTemporaryDir directory;
+    QStringList edits;
+
+    QString File(const char* name, const QByteArray& bytes)
+    {
+        const QString path = directory.filePath(QLatin1String(name));
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("%s cannot be written", name);
+        return path;
+    }
+    bool Finishes()
+    {
+        return QTest::qWaitFor([this] { return !window.Import().IsRunning(); }, kPatience);
+    }
+    bool Import(const QStringList& files)
+    {
+        window.Import().Start(files);
+        return Finishes();
+    }
+    /// The dialog, once it has come up; null when the import ends without.
+    QProgressDialog* Progress()
+    {
+        const auto isDecided = [this] {
+            const auto* const dialog = window.findChild<QProgressDialog*>();
+            return !dialog || dialog->isVisible();
+        };
+        return QTest::qWaitFor(isDecided, kPatience) ? window.findChild<QProgressDialog*>()
+                                                     : nullptr;
+    }
+    /// Drags files over the widget and lets go there. Whether they were taken.
+    static bool DropOn(QWidget* widget, const QStringList& files)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& file : files)
+            urls.append(QUrl::fromLocalFile(file));
+        data.setUrls(urls);
+        const QPoint point(20, 5);
+        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &enter);
+        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &move);
+        if (!move.isAccepted())
+            return false;
+        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &drop);
+        return drop.isAccepted();
+    }
+    /// A row of the timeline, which knows only the files of its own list.
+    QWidget* WidgetOf(const char* name)
+    {
+        const void* const track = Row(name);
+        for (QWidget* const widget : window.findChildren<QWidget*>()) {
+            if (widget == track)
+                return widget;
+        }
+        qFatal("the row %s has no widget", name);
+    }
+};
+
+} // namespace
+
+class tst_ImportCommand : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void isOneEditThatTheTimelineShows();
+    void aMotionWithOtherJointsIsShown();
+    void hiddenRowsStayHidden();
+    void aLongerSceneCanBeScrubbedToItsEnd();
+    void aSoundStartsAtTheCurrentFrame();
+    void aSoundStartsWithTheCuesItCameWith();
+    void severalFilesAreOneEdit();
+    void saysWhatIsWrongAndChangesNothing_data();
+    void saysWhatIsWrongAndChangesNothing();
+    void aLongImportShowsProgressAndCanBeCancelled();
+    void refusesASecondImportMeanwhile();
+    void isGivenUpWhenAnotherSceneIsOpened();
+    void isGivenUpWhenTheWindowCloses();
+    void theSceneCanBeEditedMeanwhile();
+    void theMenuAsksForFiles();
+    void filesAreDroppedOnRows();
+    void soundsAreDroppedBesideTheRows();
+    void otherFilesAreNotTaken();
+    void aDroppedSoundMakesTheSceneLonger();
+};
+
+void tst_ImportCommand::isOneEditThatTheTimelineShows()
+{
+    ImportingEditor editor;
+    QVERIFY(editor.Import({editor.File("hello.tsv", kCues)}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import hello.tsv")});
+    QCOMPARE(editor.StatusText(), QStringLiteral("Import hello.tsv"));
+    QCOMPARE(editor.KeysOf("Lips")[0].subKeys.size(), 4);
+    QCOMPARE(editor.Timeline().GetFrameCount(), editor.Scene().frameCount);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::aMotionWithOtherJointsIsShown()
+{
+    ImportingEditor editor;
+    QVERIFY(editor.Import({editor.File("arm.bvh", LongCapture(60))}));
+    QVERIFY(editor.Row("Arm"));
+    QVERIFY(editor.Timeline().GetChildTrackSortIndex(editor.Row("Arm")) >= 0);
+    QVERIFY(editor.Timeline().GetActiveChildTrack());
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::hiddenRowsStayHidden()
+{
+    ImportingEditor editor;
+    Scene scene = editor.Scene();
+    for (SwitchButton& button : scene.FindTrack(editor.Id("Layers"))->buttons)
+        button.on = button.text != QLatin1String("Joints");
+    QVERIFY(editor.window.SetScene(scene));
+    QVERIFY(editor.Import({editor.File("arm.bvh", LongCapture(60))}));
+    QCOMPARE(editor.Timeline().GetChildTrackSortIndex(editor.Row("Arm")), -1);
+    QVERIFY(editor.Timeline().GetChildTrackSortIndex(editor.Row("Motion")) >= 0);
+}
+
+void tst_ImportCommand::aLongerSceneCanBeScrubbedToItsEnd()
+{
+    ImportingEditor editor;
+    QVERIFY(editor.Import({editor.File("hello.tsv", kCues)}));
+    QCOMPARE(editor.Scene().frameCount, 121 - 1);
+    editor.window.GotoFrame(1000);
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 119);
+}
+
+void tst_ImportCommand::aSoundStartsAtTheCurrentFrame()
+{
+    ImportingEditor editor;
+    editor.Timeline().SetCurrentFrame(12);
+    const QString path = editor.File("hello.wav", WavBytes(4000, 4000));
+    QVERIFY(editor.Import({path}));
+    QCOMPARE(editor.FramesOf("Sound"), QVector<int>{12});
+    QCOMPARE(editor.KeysOf("Sound")[0].sound, path);
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::aSoundStartsWithTheCuesItCameWith()
+{
+    ImportingEditor editor;
+    editor.Timeline().SetCurrentFrame(12);
+    QVERIFY(editor.Import(
+        {editor.File("hello.wav", WavBytes(4000, 4000)), editor.File("hello.tsv", kCues)}));
+    QCOMPARE(editor.FramesOf("Sound"), QVector<int>{0});
+}
+
+void tst_ImportCommand::severalFilesAreOneEdit()
+{
+    ImportingEditor editor;
+    QVERIFY(
+        editor.Import({editor.File("arm.bvh", LongCapture(60)), editor.File("hello.tsv", kCues)}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import 2 Files")});
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::saysWhatIsWrongAndChangesNothing_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("an unknown shape")
+        << "hello.tsv" << QByteArray("0\tX\n1\tQ\n")
+        << "hello.tsv:2: expected a shape from A to H, or X, found \"Q\"";
+    QTest::newRow("a cut capture")
+        << "arm.bvh" << LongCapture(60).chopped(200) << "arm.bvh:71: expected 9 numbers, found 3";
+    QTest::newRow("an empty file")
+        << "arm.bvh" << QByteArray() << "arm.bvh:1: expected HIERARCHY, found the end of the file";
+    QTest::newRow("no sound") << "hello.wav" << QByteArray("hello")
+                              << "hello.wav: expected a sound file that starts with RIFF and WAVE";
+    QTest::newRow("another kind") << "notes.txt" << QByteArray("hello")
+                                  << "notes.txt: expected a motion capture (.bvh), mouth cues "
+                                     "(.json, .tsv) or a sound (.wav)";
+}
+
+void tst_ImportCommand::saysWhatIsWrongAndChangesNothing()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, message);
+    ImportingEditor editor;
+    const Scene before = editor.Scene();
+    QVERIFY(editor.Import({editor.File(qPrintable(name), bytes)}));
+    QCOMPARE(editor.StatusText(), editor.directory.filePath(message));
+    QVERIFY(editor.Scene() == before);
+    QVERIFY(editor.edits.isEmpty());
+}
+
+void tst_ImportCommand::aLongImportShowsProgressAndCanBeCancelled()
+{
+    ImportingEditor editor;
+    const Scene before = editor.Scene();
+    editor.window.Import().Start({editor.File("long.bvh", LongCapture(600000))});
+    QProgressDialog* const progress = editor.Progress();
+    QVERIFY(progress);
+    QCOMPARE(progress->labelText(), QStringLiteral("Importing long.bvh"));
+    QVERIFY(QTest::qWaitFor([progress] { return progress->value() > 0; }, kPatience));
+    QVERIFY(progress->value() < progress->maximum());
+    QTest::mouseClick(progress->findChild<QPushButton*>(), Qt::LeftButton);
+    QVERIFY(editor.Finishes());
+    QVERIFY(editor.Scene() == before);
+    QVERIFY(editor.edits.isEmpty());
+    QCOMPARE(editor.StatusText(), QStringLiteral("Import of long.bvh cancelled"));
+    QVERIFY(!editor.window.findChild<QProgressDialog*>());
+}
+
+void tst_ImportCommand::refusesASecondImportMeanwhile()
+{
+    ImportingEditor editor;
+    editor.window.Import().Start({editor.File("long.bvh", LongCapture(20000))});
+    editor.window.Import().Start({editor.File("hello.tsv", kCues)});
+    QCOMPARE(editor.StatusText(), QStringLiteral("hello.tsv: another import is still under way"));
+    QVERIFY(editor.Finishes());
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import long.bvh")});
+}
+
+void tst_ImportCommand::isGivenUpWhenAnotherSceneIsOpened()
+{
+    ImportingEditor editor;
+    editor.window.Import().Start({editor.File("long.bvh", LongCapture(600000))});
+    const Scene other = editor.Scene();
+    QVERIFY(editor.window.SetScene(other));
+    QVERIFY(editor.Finishes());
+    QVERIFY(editor.Scene() == other);
+}
+
+void tst_ImportCommand::isGivenUpWhenTheWindowCloses()
+{
+    QElapsedTimer clock;
+    {
+        ImportingEditor editor;
+        editor.window.Import().Start({editor.File("long.bvh", LongCapture(600000))});
+        QTest::qWait(20);
+        QVERIFY(editor.window.Import().IsRunning());
+        clock.start();
+    }
+    QVERIFY(clock.elapsed() < kPatience);
+}
+
+/// The rows are merged into the scene as it is when the reading is done.
+void tst_ImportCommand::theSceneCanBeEditedMeanwhile()
+{
+    ImportingEditor editor;
+    editor.window.Import().Start({editor.File("arm.bvh", LongCapture(2000))});
+    Scene scene = editor.Scene();
+    scene.FindTrack(editor.Id("Lips"))->muted = true;
+    editor.window.Session().Apply(QStringLiteral("Mute"), scene);
+    QVERIFY(editor.Finishes());
+    QVERIFY(editor.Scene().FindTrack(editor.Id("Lips"))->muted);
+    QCOMPARE(editor.edits.size(), 2);
+}
+
+void tst_ImportCommand::theMenuAsksForFiles()
+{
+    ImportingEditor editor;
+    const QString path = editor.File("hello.tsv", kCues);
+    editor.window.Import().Action()->trigger();
+    auto* const dialog = editor.window.findChild<QFileDialog*>();
+    QVERIFY(dialog);
+    QVERIFY(dialog->nameFilters().first().contains(QStringLiteral("*.tsv")));
+    dialog->setDirectory(editor.directory.path());
+    dialog->selectFile(path);
+    static_cast<QDialog*>(dialog)->accept();
+    QVERIFY(editor.Finishes());
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import hello.tsv")});
+}
+
+void tst_ImportCommand::filesAreDroppedOnRows()
+{
+    ImportingEditor editor;
+    QVERIFY(ImportingEditor::DropOn(editor.WidgetOf("Lips"), {editor.File("hello.tsv", kCues)}));
+    QVERIFY(editor.Finishes());
+    QVERIFY(ImportingEditor::DropOn(
+        editor.WidgetOf("Motion"),
+        {editor.File("arm.bvh", LongCapture(60)), editor.File("a.wav", WavBytes(4000, 4000))}));
+    QVERIFY(editor.Finishes());
+    QCOMPARE(editor.edits,
+             (QStringList{QStringLiteral("Import hello.tsv"), QStringLiteral("Import 2 Files")}));
+}
+
+void tst_ImportCommand::soundsAreDroppedBesideTheRows()
+{
+    ImportingEditor editor;
+    QVERIFY(editor.window.acceptDrops());
+    QVERIFY(ImportingEditor::DropOn(&editor.window, {editor.File("a.wav", WavBytes(4000, 4000))}));
+    QVERIFY(editor.Finishes());
+    QCOMPARE(editor.FramesOf("Sound"), QVector<int>{0});
+}
+
+void tst_ImportCommand::otherFilesAreNotTaken()
+{
+    ImportingEditor editor;
+    QVERIFY(!ImportingEditor::DropOn(editor.WidgetOf("Lips"), {editor.File("notes.txt", "hello")}));
+    QVERIFY(!ImportingEditor::DropOn(&editor.window, {editor.File("notes.txt", "hello")}));
+    QVERIFY(!ImportingEditor::DropOn(&editor.window, {}));
+    QVERIFY(editor.edits.isEmpty());
+}
+
+void tst_ImportCommand::aDroppedSoundMakesTheSceneLonger()
+{
+    ImportingEditor editor;
+    const QString path = editor.File("long.wav", WavBytes(4000, 1000));
+    editor.Timeline().SetActiveChildTrack(editor.Row("Sound"));
+    editor.Timeline().SetCurrentFrame(30);
+    QVERIFY(editor.Timeline().ReceiveTrackDrop(TL_DROP_SOUND_FIRST, path));
+    QCOMPARE(editor.Scene().frameCount, 150);
+    QCOMPARE(editor.Timeline().GetFrameCount(), 150);
+    QCOMPARE(editor.KeysOf("Sound")[0].sound, path);
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop Sound")});
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+QTEST_MAIN(tst_ImportCommand)
+#include "tst_ImportCommand.moc"
