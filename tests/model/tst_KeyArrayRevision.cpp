@@ -82,8 +82,9 @@ void tst_KeyArrayRevision::countsWhatChangesTheKeys_data()
         keys.UpdateClipDisplayLength(0);
     });
     row("an assignment", [](Keys& keys) {
-        const CTimelineKeyArray other;
-        keys = other;
+        // An assignment takes the reference count over too: the other one is held once as well.
+        const VZ::CPointer<CTimelineKeyArray> other(new CTimelineKeyArray);
+        keys = *other.Get();
     });
 }
 
