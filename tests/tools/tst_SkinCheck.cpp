@@ -297,6 +297,8 @@ void tst_SkinCheck::checksANumberAgainstTheKindThatUsesIt()
     // Key tracks have three pictures of keys, mouth shapes one.
     QVERIFY(FaultsOf(Changed("KeyLook", "KeyBmpType", "KeyBmpType = 2")).isEmpty());
     QCOMPARE(FaultsOf(Changed("VisemeLook", "KeyBmpType", "KeyBmpType = 2")).size(), 1);
+    // A fact about clips is none about their captions.
+    QVERIFY(FaultsOf(Changed("CaptionTall", "TxtColor", {})).first().contains("the row and its"));
     // A size in points counts only without one in pixels.
     QVERIFY(FaultsOf(Changed("CaptionPlain", "TxtSize", "TxtSize = 0")).isEmpty());
     QVERIFY(FaultsOf(Changed("CaptionPlain", "TxtPixSize", "TxtPixSize = -1")).isEmpty());

@@ -12,11 +12,11 @@ bool Matches(const char* pattern, const QString& name)
     return QLatin1String(pattern) == QLatin1String(kAnyName) || name == QLatin1String(pattern);
 }
 
-/// A fact of any track or any look, which one that names it replaces.
+/// Of two facts about a key the one that names more counts: its section first, then its track.
 int Exactness(const KeyFact& fact)
 {
-    return (QLatin1String(fact.track) != QLatin1String(kAnyName) ? 2 : 0) +
-           (QLatin1String(fact.via) != QLatin1String(kAnyName) ? 1 : 0);
+    return (QLatin1String(fact.via) != QLatin1String(kAnyName) ? 2 : 0) +
+           (QLatin1String(fact.track) != QLatin1String(kAnyName) ? 1 : 0);
 }
 
 bool SameCondition(const KeyFact& one, const KeyFact& other)
