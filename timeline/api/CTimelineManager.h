@@ -43,6 +43,7 @@ public:
     explicit CTimelineManager(QWidget* parent);
     /// Copies share tracks, window and interfaces; a host has no use for them.
     CTimelineManager(const CTimelineManager&) = default;
+    /// As the copy.
     CTimelineManager& operator=(const CTimelineManager&) = default;
     /// Releases the window through its factory and frees the library's pictures.
     virtual ~CTimelineManager();
@@ -93,6 +94,7 @@ public:
     /// With a timeline widget: hides every track and deletes none. Without: deletes every track.
     /// True.
     bool DeleteAllTrack();
+    /// Whether the track exists, in the sense above; any address may be asked about.
     bool IsTrackExist(CTimelineTrackBase* track);
     TL_TRACK_TYPE GetTrackType(CTimelineTrackBase* track); ///< -1 when refused
     /// The track's keys, valid while the track exists; null when refused. After a change call
@@ -117,6 +119,7 @@ public:
     /// Moves a shown root or child to @p sortIndex among its like (beyond the end: last). True also
     /// for a track that is not shown, which stays so.
     bool SetRootTrackSortIndex(CTimelineTrackBase* track, unsigned int sortIndex, bool notify);
+    /// The same for a child among the children of its parent.
     bool SetChildTrackSortIndex(CTimelineTrackBase* track, unsigned int sortIndex, bool notify);
     /// Appends the shown roots in order; the vector is not cleared.
     void GetVisibleRootTrackList(std::vector<CTimelineTrackBase*>& tracks);
@@ -128,9 +131,8 @@ public:
     /// Makes the root and its first child active. Null is allowed and clears the active root (true,
     /// also without a timeline widget).
     bool SetActiveRootTrack(CTimelineTrackBase* track);
-    /// The active tracks, or null.
-    CTimelineTrackBase* GetActiveRootTrack();
-    CTimelineTrackBase* GetActiveChildTrack();
+    CTimelineTrackBase* GetActiveRootTrack();  ///< null without one
+    CTimelineTrackBase* GetActiveChildTrack(); ///< null without one
     /// The text of the track's caption.
     bool SetTrackName(CTimelineTrackBase* track, QString name);
     /// The track's time range, as given: either frame may be the larger, -1 means none.
@@ -147,13 +149,16 @@ public:
     /// Sets the state of the caption buttons of that id; nothing is repainted. Always false, also
     /// when it was set.
     bool SetTrackCaptionBtnState(CTimelineTrackBase* track, int buttonId, int& state);
-    /// The next four are refused (false) for any track but a switch track.
+    /// A copy of the buttons, with their states. This and the next three are refused (false, and
+    /// nothing changes) for any track but a switch track.
     bool GetTrackSwitchBtnList(CTimelineTrackBase* track,
                                std::vector<_tmpTLSwitchBtnData>& buttons);
     /// Replaces the buttons; nothing is repainted.
     bool SetTrackSwitchBtnList(CTimelineTrackBase* track,
                                std::vector<_tmpTLSwitchBtnData>& buttons);
+    /// Whether the scroll arrows are drawn at the ends of the row.
     bool GetTrackSwitchScrollState(CTimelineTrackBase* track, bool& shown);
+    /// Draws the scroll arrows or not; nothing is repainted.
     bool SetTrackSwitchScrollState(CTimelineTrackBase* track, bool shown);
 
     /// A copy of the relation table; false without a timeline widget.

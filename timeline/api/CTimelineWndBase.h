@@ -18,6 +18,7 @@ public:
     CTimelineWndBase();
     /// Windows are not meant to be copied; a copy shares the timeline widget.
     CTimelineWndBase(const CTimelineWndBase&) = default;
+    /// As the copy.
     CTimelineWndBase& operator=(const CTimelineWndBase&) = default;
     virtual ~CTimelineWndBase();
 
@@ -31,10 +32,12 @@ public:
     virtual void UpdateWnd() = 0;
     /// Where in the window's widget the timeline is placed first, in pixels. @p rect arrives empty.
     virtual void GetInitialGeometry(QRect& rect) = 0;
-    /// Enables or disables, shows or hides the window, or says whether it is visible. What is
-    /// answered here is what the manager's operation of that purpose answers.
+    /// Enables or disables the window. What is answered here, as with the next two, is what the
+    /// manager's operation of that purpose answers.
     virtual bool EnableWnd(bool enable) = 0;
+    /// Shows or hides the window.
     virtual bool ShowWnd(bool show) = 0;
+    /// Whether the window is visible.
     virtual bool IsWndVisible() = 0;
     /// The current frame is now @p frame.
     virtual void OnCurrentFrameChanged(int frame) = 0;
@@ -46,37 +49,46 @@ public:
     virtual void OnTrackListChanged() = 0;
     /// The timeline changed in what it shows.
     virtual void OnTimelineRefreshed() = 0;
-    // Room for the host's own design; never called by the library.
-    virtual void OnHostCommand13() = 0;
-    virtual void OnHostCommand14() = 0;
-    virtual void OnHostCommand15() = 0;
-    virtual void OnHostCommand16() = 0;
+    /// @name Room for the host's own design
+    /// Never called by the library.
+    /// @{
+    virtual void OnHostCommand13() = 0; ///< the host's
+    virtual void OnHostCommand14() = 0; ///< the host's
+    virtual void OnHostCommand15() = 0; ///< the host's
+    virtual void OnHostCommand16() = 0; ///< the host's
+    /// @}
 
     /// The timeline widget, or null when it could not be made.
     CTimelineContainer* GetContainer() const { return m_container; }
 
 protected:
-    // Commands and queries for the window's own buttons and menus. Without a timeline widget they
-    // do nothing and answer false or 0.
-    bool CanDoZoomIn();
-    bool CanDoZoomOut();
-    bool CanDoZoomAll();
-    bool CanDoUnZoom();
-    void DoZoomIn();
-    void DoZoomOut();
-    void DoZoomAll(); ///< shows the whole frame range; the current frame is not followed
-    void DoUnZoom();  ///< zooms in as far as it goes
-    /// Both answer whether a neighbouring key of the active child track can be selected.
-    bool CanDoSelectNextKey();
-    bool CanDoSelectPreviousKey();
+    /// @name Commands and queries for the window's own buttons and menus
+    /// Without a timeline widget they do nothing and answer false or 0. A zoom that cannot be done
+    /// changes nothing.
+    /// @{
+    bool CanDoZoomIn();        ///< whether fewer frames can be in view
+    bool CanDoZoomOut();       ///< whether more frames can be in view
+    bool CanDoZoomAll();       ///< whether not every frame is in view
+    bool CanDoUnZoom();        ///< whether the view is not at its closest
+    void DoZoomIn();           ///< half as many frames, around the current frame
+    void DoZoomOut();          ///< twice as many frames, around the current frame
+    void DoZoomAll();          ///< shows the whole frame range; the current frame is not followed
+    void DoUnZoom();           ///< zooms in as far as it goes
+    bool CanDoSelectNextKey(); ///< whether the active child track has a key to go to
+    bool CanDoSelectPreviousKey(); ///< the same
+    /// Selects the key after the current frame, or the first one, and makes its frame current.
     void DoSelectNextKey();
+    /// Selects the key before the selected one, or the last one, and makes its frame current.
     void DoSelectPreviousKey();
     /// Makes @p frame current (clamped to the valid frames), brings it into view and tells the
     /// host.
     void GotoFrame(int frame);
+    /// @}
 
-    // Heights in pixels.
-    /// Of a plain row, in pixels, as all heights are.
+    /// @name Heights, in pixels
+    /// @{
+
+    /// Of a plain row.
     int GetTrackHeight() const;
     /// Of the ruler and the scroll bar alone.
     int GetWndMinRestraint() const;
@@ -99,6 +111,7 @@ protected:
     bool ProcessScrollEventBase(QWheelEvent* event); ///< always false: no wheel event is taken
     /// Which edit an end-edge drag performs where a track allows both: false loop, true speed.
     void SetLoopSpeedState(bool speed);
+    /// @}
 
 private:
     friend class CTimelineContainer; // clears the pointer when the widget dies first

@@ -2,6 +2,9 @@
 
 /// @file
 /// KESTOVA_EXPORT marks what leaves the library; nothing else is visible in the shared object.
+
+/// Stands before every class that a host uses: exports it while the library is built, imports it
+/// everywhere else.
 #if defined(_WIN32)
 #if defined(KESTOVA_BUILDING)
 #define KESTOVA_EXPORT __declspec(dllexport)

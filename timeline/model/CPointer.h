@@ -12,13 +12,16 @@ class CPointer
 {
 public:
     CPointer() = default;
+    /// Adds a reference to @p object, which may be null.
     CPointer(T* object) : m_object(object) { Hold(m_object); }
+    /// Adds a reference to what @p other holds.
     CPointer(const CPointer& other) : m_object(other.m_object) { Hold(m_object); }
     /// Takes over the reference of @p other, which is null afterwards; the object is not touched,
     /// so that a vector can shift its pointers without a look at what they point to.
     CPointer(CPointer&& other) noexcept : m_object(other.m_object) { other.m_object = nullptr; }
     ~CPointer() { Release(m_object); }
 
+    /// Holds what @p other holds, as assigning the plain pointer does.
     CPointer& operator=(const CPointer& other) { return *this = other.m_object; }
 
     /// Takes over the reference of @p other, which is null afterwards, and lets the old object go.
@@ -49,26 +52,37 @@ public:
         return *this;
     }
 
-    T* operator->() const { return m_object; }
-    T& operator*() const { return *m_object; }
+    T* operator->() const { return m_object; } ///< not to be asked of a null pointer
+    T& operator*() const { return *m_object; } ///< not to be asked of a null pointer
     /// The plain pointer, null or valid for as long as this one holds it.
     T* Get() const { return m_object; }
+    /// Whether it holds an object.
     explicit operator bool() const { return m_object != nullptr; }
 
+    /// @name Comparisons: of the addresses
+    /// @{
+
+    /// The same object, or both null.
     friend bool operator==(const CPointer& a, const CPointer& b)
     {
         return a.m_object == b.m_object;
     }
+    /// The opposite.
     friend bool operator!=(const CPointer& a, const CPointer& b)
     {
         return a.m_object != b.m_object;
     }
     // Both orders, because a plain pointer on the left would otherwise become a temporary CPointer,
     // which frees an object that nobody holds yet.
+    /// With a plain pointer.
     friend bool operator==(const CPointer& a, const T* b) { return a.m_object == b; }
+    /// With a plain pointer.
     friend bool operator!=(const CPointer& a, const T* b) { return a.m_object != b; }
+    /// With a plain pointer.
     friend bool operator==(const T* a, const CPointer& b) { return a == b.m_object; }
+    /// With a plain pointer.
     friend bool operator!=(const T* a, const CPointer& b) { return a != b.m_object; }
+    /// @}
 
 private:
     static void Hold(T* object)

@@ -29,5 +29,5 @@ protected:
     CReltedGroupBase();
     ~CReltedGroupBase() = default;
 
-    unsigned int m_references;
+    unsigned int m_references; ///< who holds this object: that many pointers
 };

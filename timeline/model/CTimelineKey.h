@@ -13,14 +13,20 @@ class CTimelineKeyArray;
 /// A rectangle of a key segment, in pixels from the glyph's top-left corner.
 struct TimelineKeyRect
 {
-    int left = 0, top = 0, right = 0, bottom = 0;
+    int left = 0;   ///< first column
+    int top = 0;    ///< first row
+    int right = 0;  ///< last column
+    int bottom = 0; ///< last row
 };
 
 /// Coloured rectangles drawn over a key's glyph when bit 64 of its kind mask is set.
 struct TimelineKeySegment
 {
-    float red = 0, green = 0, blue = 0, alpha = 0; ///< 0 to 1
-    std::vector<TimelineKeyRect> rects;
+    float red = 0;                      ///< 0 to 1
+    float green = 0;                    ///< 0 to 1
+    float blue = 0;                     ///< 0 to 1
+    float alpha = 0;                    ///< 0 to 1; 1 is opaque
+    std::vector<TimelineKeyRect> rects; ///< what is filled with the colour
 };
 
 /// One item on a track: a key at one frame, or a clip that starts at a frame and runs for a number

@@ -19,6 +19,7 @@
 class KESTOVA_EXPORT CTimelineKeyArray : public CReltedGroupBase
 {
 public:
+    /// Keys in any list: a place in it is counted from 0.
     using KeyVector = std::vector<VZ::CPointer<CTimelineKey>>;
 
     /// An empty array with a count of 0.
@@ -117,8 +118,8 @@ public:
     /// A key by its index, and whether to select or to deselect it.
     struct Choice
     {
-        int index;
-        bool select;
+        int index;   ///< 0 to GetSize() - 1
+        bool select; ///< false deselects
     };
     /// Selects some keys and deselects others: leaves exactly what SetSelectionByIndex leaves for
     /// each choice in turn. @p choices are in ascending order, each index once and in range. Takes
@@ -207,9 +208,12 @@ public:
     /// Without the counting of the accessors above, for painters and hit tests; valid until the
     /// next change of the array.
     /// @{
-    const KeyVector& Keys() const { return m_keys; }
+    const KeyVector& Keys() const { return m_keys; } ///< all keys, in frame order
+    /// The copies of other tracks' keys, in frame order.
     const KeyVector& RelatedKeys() const { return m_relatedKeys; }
+    /// The selection: ascending indexes of keys.
     const std::vector<int>& SelectedIndexes() const { return m_selection; }
+    /// The copies made when a drag began.
     const KeyVector& MoveSet() const { return m_moveSet; }
     /// @}
 

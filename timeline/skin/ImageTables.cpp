@@ -1,5 +1,7 @@
 #include "skin/ImageTables.h"
 
+#include "skin/ImageRuns.h"
+
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -9,46 +11,6 @@
 #include <vector>
 
 namespace {
-
-enum class Table
-{
-    Pictures,
-    Brushes,
-    Glyphs
-};
-
-/// A run of consecutive images appended to one group.
-struct ImageRun
-{
-    Table table;
-    int group;
-    int first;
-    int last;
-};
-
-/// In the order of loading, which the state after a failed load shows.
-constexpr ImageRun kImageRuns[] = {
-    {Table::Pictures, kCaptionPictures, 0, 7},
-    {Table::Pictures, kPushButtonPictures, 8, 13},
-    {Table::Pictures, kToggleButtonPictures, 14, 21},
-    {Table::Pictures, kUnusedPictures, 22, 23},
-    {Table::Pictures, kSwitchButtonPictures, 24, 31},
-    {Table::Pictures, kScrollArrowPictures, 32, 39},
-    {Table::Pictures, kRangeMarkerPictures, 40, 41},
-    {Table::Brushes, kGridBrushes, 42, 48},
-    {Table::Brushes, kBandedBrushes, 49, 57},
-    {Table::Brushes, kRulerBrushes, 58, 71},
-    {Table::Glyphs, 0, 72, 73},
-    {Table::Glyphs, 1, 74, 75},
-    {Table::Glyphs, 2, 76, 77},
-    {Table::Glyphs, 3, 78, 85},
-    {Table::Glyphs, 4, 86, 89},
-    {Table::Glyphs, 4, 148, 149},
-    {Table::Glyphs, 5, 90, 93},
-    {Table::Glyphs, 6, 94, 127},
-    {Table::Glyphs, 7, 128, 129},
-    {Table::Pictures, kCaptionPictures, 150, 150},
-};
 
 template <typename Image>
 using Groups = std::vector<std::vector<Image>>;
@@ -121,10 +83,10 @@ bool ImageTables::Load(const QString& prefix)
         for (int number = run.first; number <= run.last; ++number) {
             const QString path = prefix + QString::number(number);
             const bool read =
-                run.table == Table::Brushes
+                run.table == ImageTable::Brushes
                     ? AppendBrush(run.group, path)
-                    : AppendPicture(run.table == Table::Glyphs ? m_glyphs : m_pictures, run.group,
-                                    path);
+                    : AppendPicture(run.table == ImageTable::Glyphs ? m_glyphs : m_pictures,
+                                    run.group, path);
             if (!read)
                 return false;
         }

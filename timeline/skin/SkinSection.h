@@ -16,8 +16,9 @@
 class SkinSection
 {
 public:
-    SkinSection(const SkinSource& source, std::wstring name)
-        : m_source(source), m_name(std::move(name))
+    /// @p via is the key by which a track's section named this one; empty for the track's own.
+    SkinSection(const SkinSource& source, std::wstring name, std::wstring via = {})
+        : m_source(source), m_name(std::move(name)), m_via(std::move(via))
     {
     }
 
@@ -42,11 +43,18 @@ public:
 
     /// The section that a key of this one names; none when the key is missing.
     std::optional<SkinSection> Follow(const std::wstring& key) const;
+    /// The same for a key that may be missing without fault.
+    std::optional<SkinSection> FollowOptional(const std::wstring& key) const;
 
 private:
+    bool ReadText(const std::wstring& key, SkinValueKind kind, std::wstring& text) const;
+    bool ReadText(const std::wstring& key, SkinValueKind kind, QString& text) const;
     template <typename Value>
-    bool ReadParsed(const std::wstring& key, Value (*parse)(const QString&), Value& value) const;
+    bool ReadParsed(const std::wstring& key, SkinValueKind kind, Value (*parse)(const QString&),
+                    Value& value) const;
+    std::optional<SkinSection> FollowAs(SkinValueKind kind, const std::wstring& key) const;
 
     const SkinSource& m_source;
     std::wstring m_name;
+    std::wstring m_via;
 };

@@ -41,7 +41,7 @@ bool ReadCaptionButton(const SkinSection& section, CaptionButtonStyle& button)
 bool ReadCaptionButtons(const SkinSection& track, std::vector<CaptionButtonStyle>& buttons)
 {
     for (int number = 1;; ++number) {
-        const auto section = track.Follow(L"CaptionBtn" + std::to_wstring(number));
+        const auto section = track.FollowOptional(L"CaptionBtn" + std::to_wstring(number));
         if (!section)
             return true;
         CaptionButtonStyle button;
