@@ -2,6 +2,8 @@
 
 #include "EditMenu.h"
 #include "TimelineWindow.h"
+#include "document/EditNames.h"
+#include "history/UndoActions.h"
 
 #include <QDockWidget>
 #include <QMenuBar>
@@ -19,7 +21,8 @@ constexpr int kAddKeyButton = 3;   ///< the caption button of that number in the
 MainWindow::MainWindow()
     : m_dock(new QDockWidget(this)), m_tracks(m_manager), m_gestures(m_tracks, m_session),
       m_commands(m_manager, m_tracks, m_session), m_drops(m_manager, m_tracks, m_session),
-      m_manager(this), m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
+      m_manager(this), m_history(m_session, m_manager, m_tracks),
+      m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
 {
     setWindowTitle(tr("Kestova Host"));
     m_dock->setWindowTitle(tr("Timeline"));
@@ -29,6 +32,22 @@ MainWindow::MainWindow()
     connect(&m_session, &EditSession::Committed, this, &MainWindow::Tell);
     m_drops.told = [this](const QString& text) { Tell(text); };
     ConnectTimeline();
+    ConnectHistory();
+}
+
+void MainWindow::ConnectHistory()
+{
+    new UndoActions(static_cast<QMenu*>(m_editMenu->parent()), m_history, m_session);
+    connect(this, &MainWindow::CurrentFrameChanged, &m_history, &UndoHistory::FollowFrame);
+    connect(&m_session, &EditSession::Restored, this, [this] {
+        ShowTimes(m_session.Current());
+        m_tracks.Update(m_session.Current());
+        m_editMenu->UpdateActions();
+    });
+    connect(&m_history, &UndoHistory::Undone, this,
+            [this](const QString& name) { Tell(tr("Undone: %1").arg(name)); });
+    connect(&m_history, &UndoHistory::Redone, this,
+            [this](const QString& name) { Tell(tr("Redone: %1").arg(name)); });
 }
 
 void MainWindow::ConnectTimeline()
@@ -73,14 +92,19 @@ bool MainWindow::CreateTimeline(const QString& skinPath)
 bool MainWindow::SetScene(const Scene& scene)
 {
     m_session.Restart(scene);
-    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
-    m_manager.SetFrameCount(scene.frameCount);
-    m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+    ShowTimes(scene);
     if (!m_tracks.Show(scene))
         return false;
     if (CTimelineTrackBase* const lips = m_manager.GetLipsTrack())
         m_manager.SetActiveChildTrack(lips);
     return true;
+}
+
+void MainWindow::ShowTimes(const Scene& scene)
+{
+    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
+    m_manager.SetFrameCount(scene.frameCount);
+    m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
 }
 
 void MainWindow::GotoFrame(int frame)
@@ -109,18 +133,20 @@ void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
         !m_manager.GetTrackSwitchBtnList(switchTrack, states))
         return;
     constexpr int kFirstStateOn = 2; // on, and on with the pointer above
+    m_session.Begin();
     SwitchButton& toggled = row->buttons[button];
     toggled.on = states[static_cast<std::size_t>(button)].state >= kFirstStateOn;
     for (const TrackId track : qAsConst(toggled.tracks))
         m_tracks.SetRowShown(scene, track, toggled.on);
-    m_session.Apply(toggled.on ? tr("Show Rows") : tr("Hide Rows"), scene);
+    m_session.Step(RowsName(toggled.text, toggled.on), scene);
+    m_session.Commit();
 }
 
 void MainWindow::MoveTimeMark(int mark, int frame, bool isFinal)
 {
     Scene scene = m_session.Current();
     (mark == 0 ? scene.timeMark.start : scene.timeMark.end) = frame;
-    m_session.Step(tr("Move Marker"), scene);
+    m_session.Step(MarkerName(mark == 0, frame), scene);
     if (isFinal)
         m_session.Commit();
 }

@@ -7,6 +7,7 @@
 #include "TimelineCallbacks.h"
 #include "TimelineWindowFactory.h"
 #include "document/EditSession.h"
+#include "history/UndoHistory.h"
 
 #include <KestovaTimelineQU/KestovaTimelineQU.h>
 
@@ -40,6 +41,8 @@ public:
     /// The timeline, and which of its tracks stands for which of the scene.
     CTimelineManager& Timeline() { return m_manager; }
     const SceneTracks& Tracks() const { return m_tracks; }
+    /// What was done, to be undone.
+    UndoHistory& History() { return m_history; }
 
 signals:
     /// Another frame is current, whoever made it so.
@@ -47,6 +50,8 @@ signals:
 
 private:
     void ConnectTimeline();
+    void ConnectHistory();
+    void ShowTimes(const Scene& scene);
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
@@ -64,6 +69,7 @@ private:
     KeyCommands m_commands;
     FileDrops m_drops;
     CTimelineManager m_manager;
+    UndoHistory m_history;
     EditMenu* m_editMenu; // the menu bar's
 };
 

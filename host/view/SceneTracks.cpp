@@ -1,5 +1,6 @@
 #include "SceneTracks.h"
 
+#include <algorithm>
 #include <array>
 
 namespace host {
@@ -67,6 +68,49 @@ bool SceneTracks::Show(const Scene& scene)
     m_shown = scene;
     m_manager.InvalidateTimeline();
     return true;
+}
+
+bool SceneTracks::Update(const Scene& scene)
+{
+    if (!HasRowsOf(scene))
+        return Show(scene);
+    const Scene before = m_shown;
+    if (before.relations != scene.relations)
+        Relate(scene.relations);
+    for (int i = 0; i < scene.tracks.size(); ++i)
+        UpdateRow(scene, scene.tracks[i], before.tracks[i]);
+    ShowKeys(scene);
+    return true;
+}
+
+bool SceneTracks::HasRowsOf(const Scene& scene) const
+{
+    const auto isSameRow = [](const SceneTrack& a, const SceneTrack& b) {
+        return a.id == b.id && a.kind == b.kind && a.styleNumber == b.styleNumber &&
+               a.parent == b.parent;
+    };
+    return std::equal(m_shown.tracks.cbegin(), m_shown.tracks.cend(), scene.tracks.cbegin(),
+                      scene.tracks.cend(), isSameRow);
+}
+
+void SceneTracks::UpdateRow(const Scene& scene, const SceneTrack& track, const SceneTrack& shown)
+{
+    CTimelineTrackBase* const row = TrackOf(track.id);
+    if (track.caption != shown.caption)
+        m_manager.SetTrackName(row, track.caption);
+    if (track.editModes != shown.editModes) {
+        VZ::CArrayList<TLEditType> types = EditTypesOf(track);
+        m_manager.SetTrackEditMode(row, types);
+    }
+    std::vector<_tmpTLSwitchBtnData> buttons = ButtonsOf(track);
+    m_manager.SetTrackSwitchBtnList(row, buttons); // refused by other kinds
+    for (const SwitchButton& button : track.buttons) {
+        for (const TrackId child : button.tracks) {
+            const bool isShown = m_manager.GetChildTrackSortIndex(TrackOf(child)) >= 0;
+            if (isShown != button.on)
+                SetRowShown(scene, child, button.on);
+        }
+    }
 }
 
 void SceneTracks::ShowKeys(const Scene& scene, const QVector<TrackId>& touched)

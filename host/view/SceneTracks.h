@@ -21,6 +21,11 @@ public:
     /// skin lacks a style that the scene asks for; the timeline then shows a part of the scene.
     bool Show(const Scene& scene);
 
+    /// Brings all that is shown into line with @p scene, which is a former state of the scene shown
+    /// or a later one. Rows, and what is selected on them, stay as far as the scenes agree on them.
+    /// False as for Show.
+    bool Update(const Scene& scene);
+
     /// Brings the keys of the tracks shown into line with @p scene, which has the same tracks: of
     /// those whose keys are others than when they were last shown, and of @p touched, whose keys
     /// the timeline has changed by itself. Selected keys stay selected.
@@ -40,6 +45,8 @@ private:
     void Clear();
     bool MakeTrack(const SceneTrack& track);
     void Fill(const SceneTrack& track);
+    bool HasRowsOf(const Scene& scene) const;
+    void UpdateRow(const Scene& scene, const SceneTrack& track, const SceneTrack& shown);
     void Relate(const QVector<TrackRelation>& relations);
 
     CTimelineManager& m_manager;
