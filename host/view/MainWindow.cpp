@@ -22,6 +22,7 @@ MainWindow::MainWindow()
     : m_dock(new QDockWidget(this)), m_tracks(m_manager), m_gestures(m_tracks, m_session),
       m_commands(m_manager, m_tracks, m_session), m_drops(m_manager, m_tracks, m_session),
       m_manager(this), m_history(m_session, m_manager, m_tracks),
+      m_fileMenu(menuBar()->addMenu(tr("File"))),
       m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
 {
     setWindowTitle(tr("Kestova Host"));
@@ -105,6 +106,21 @@ void MainWindow::ShowTimes(const Scene& scene)
     Window()->SetTimeBase(scene.frameRate, scene.frameCount);
     m_manager.SetFrameCount(scene.frameCount);
     m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+}
+
+ViewRecord MainWindow::View()
+{
+    ViewRecord view;
+    m_manager.GetScrollInfo(view.left, view.right);
+    view.frame = m_manager.GetCurrentFrame();
+    return view;
+}
+
+void MainWindow::SetView(const ViewRecord& view)
+{
+    m_manager.ShowTimelineWnd(true);
+    m_manager.SetScrollInfo(view.left, view.right);
+    m_manager.SetCurrentFrame(view.frame);
 }
 
 void MainWindow::GotoFrame(int frame)

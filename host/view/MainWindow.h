@@ -8,6 +8,7 @@
 #include "TimelineWindowFactory.h"
 #include "document/EditSession.h"
 #include "history/UndoHistory.h"
+#include "storage/SceneDocument.h"
 
 #include <KestovaTimelineQU/KestovaTimelineQU.h>
 
@@ -31,6 +32,11 @@ public:
     bool CreateTimeline(const QString& skinPath);
     /// Shows @p scene in place of the one before. False when the skin lacks a style that it needs.
     bool SetScene(const Scene& scene);
+    /// Whether SetScene can: the skin has all that the scene asks for.
+    bool CanShow(const Scene& scene) const { return m_tracks.CanShow(scene); }
+    /// How the scene is looked at, and looking at it so.
+    ViewRecord View();
+    void SetView(const ViewRecord& view);
     /// Makes @p frame current, or the last one when there are fewer, and brings it into view.
     void GotoFrame(int frame);
 
@@ -43,6 +49,10 @@ public:
     const SceneTracks& Tracks() const { return m_tracks; }
     /// What was done, to be undone.
     UndoHistory& History() { return m_history; }
+    /// The first menu, which is empty as long as nobody fills it.
+    QMenu* FileMenu() { return m_fileMenu; }
+    /// Shows a line to the user for a while.
+    void Tell(const QString& text);
 
 signals:
     /// Another frame is current, whoever made it so.
@@ -56,7 +66,6 @@ private:
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
     void ClickCaptionButton(CTimelineTrackBase* track, int button);
-    void Tell(const QString& text);
     TimelineWindow* Window();
 
     // Destroyed from the last to the first: the manager goes before what it calls.
@@ -70,7 +79,8 @@ private:
     FileDrops m_drops;
     CTimelineManager m_manager;
     UndoHistory m_history;
-    EditMenu* m_editMenu; // the menu bar's
+    QMenu* m_fileMenu; // the menu bar's, as is the next one's
+    EditMenu* m_editMenu;
 };
 
 } // namespace host

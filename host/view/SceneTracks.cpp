@@ -1,5 +1,7 @@
 #include "SceneTracks.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <array>
 
@@ -67,6 +69,22 @@ bool SceneTracks::Show(const Scene& scene)
     }
     m_shown = scene;
     m_manager.InvalidateTimeline();
+    return true;
+}
+
+bool SceneTracks::CanShow(const Scene& scene) const
+{
+    QSet<QPair<int, int>> tried; // kind and style
+    for (const SceneTrack& track : scene.tracks) {
+        const QPair<int, int> look(static_cast<int>(track.kind), track.styleNumber);
+        if (tried.contains(look))
+            continue;
+        tried.insert(look);
+        CTimelineTrackBase* const probe = m_manager.CreateTrack(
+            Entry(kTrackTypes, track.kind), {}, static_cast<unsigned int>(track.styleNumber));
+        if (!m_manager.DeleteTrack(probe))
+            return false;
+    }
     return true;
 }
 

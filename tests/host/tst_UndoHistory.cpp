@@ -8,7 +8,7 @@ using Frames = QVector<int>;
 
 namespace {
 
-constexpr int kGestures = 3000; ///< as many as keep the test below 20 seconds
+constexpr int kGestures = 2000; ///< as many as keep the test below 20 seconds
 constexpr const char* kGesturesVariable = "KESTOVA_UNDO_GESTURES";
 
 /// What the eye sees of the timeline besides the scene, read without the help of what is tested.
