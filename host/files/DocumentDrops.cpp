@@ -2,6 +2,7 @@
 
 #include "storage/DocumentFile.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -21,17 +22,18 @@ QString DocumentIn(const QMimeData* data)
 
 } // namespace
 
-DocumentDrops::DocumentDrops(QWidget& window, QObject* parent) : QObject(parent)
+DocumentDrops::DocumentDrops(QWidget& window, QObject* parent) : QObject(parent), m_window(window)
 {
     window.setAcceptDrops(true);
-    window.installEventFilter(this);
+    qApp->installEventFilter(this);
 }
 
 bool DocumentDrops::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove ||
                         event->type() == QEvent::Drop;
-    if (!isDrag)
+    const auto* const widget = isDrag ? qobject_cast<QWidget*>(watched) : nullptr;
+    if (!widget || widget->window() != &m_window)
         return QObject::eventFilter(watched, event);
     auto* const drop = static_cast<QDropEvent*>(event);
     const QString path = DocumentIn(drop->mimeData());

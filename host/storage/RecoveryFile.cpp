@@ -27,6 +27,11 @@ QDir OwnFolder()
                 QStringLiteral("/recovery"));
 }
 
+QString NoPlace()
+{
+    return OwnFolder().path() + QStringLiteral(": expected a folder that can be written to");
+}
+
 /// Not yet locked. What a dead program has locked counts as free, however new it is.
 std::unique_ptr<QLockFile> LockOf(const QString& path)
 {
@@ -127,14 +132,13 @@ bool RecoveryFile::Flush()
     m_writer.waitForDone();
     if (!m_waiting)
         return !m_hasFailed;
-    QString error;
+    QString error = NoPlace();
     if (FindPlace() && WriteDocument(m_path, *m_waiting, error)) {
         m_waiting.reset();
-        m_hasFailed = false;
-        return true;
+        error.clear();
     }
     Finish(error);
-    return false;
+    return error.isEmpty();
 }
 
 void RecoveryFile::Remove()
@@ -182,7 +186,7 @@ void RecoveryFile::WriteInBackground()
     if (!m_waiting || m_isWriting)
         return; // the one under way calls again
     if (!FindPlace()) {
-        Finish(QStringLiteral("expected a folder that can be written: ") + OwnFolder().path());
+        Finish(NoPlace());
         return;
     }
     m_isWriting = true;
