@@ -42,10 +42,11 @@ DocumentPrompts::SaveAnswer DocumentDialogs::AskToSave(const QString& name)
 DocumentPrompts::RecoverAnswer DocumentDialogs::AskToRecover(const QString& name,
                                                              const QDateTime& time)
 {
-    QMessageBox box(QMessageBox::Question, Translated("Unsaved work found"),
-                    Translated("Changes to %1 that were not saved were found, last made on %2.")
-                        .arg(name, QLocale().toString(time, QLocale::ShortFormat)),
-                    QMessageBox::NoButton, m_parent);
+    QMessageBox box(
+        QMessageBox::Question, Translated("Unsaved work found"),
+        Translated("%1 was not saved after its last change, on %2.\nRecover the changes?")
+            .arg(name, QLocale().toString(time, QLocale::ShortFormat)),
+        QMessageBox::NoButton, m_parent);
     const QAbstractButton* const recover =
         box.addButton(Translated("Recover"), QMessageBox::AcceptRole);
     const QAbstractButton* const discard =

@@ -1,4 +1,5 @@
 #include "JsonNode.h"
+#include "KeyJson.h"
 #include "MotionJson.h"
 #include "SceneJson.h"
 #include "SceneJsonNames.h"
@@ -13,10 +14,6 @@ namespace host {
 
 namespace {
 
-constexpr int kMostFrames = 100'000'000; ///< no row is longer: sums of two frames stay numbers
-constexpr WholeRange kFrame{-kMostFrames, kMostFrames};
-constexpr WholeRange kLength{0, kMostFrames};
-constexpr WholeRange kSpan{1, kMostFrames};
 constexpr WholeRange kAnId{1, 2'000'000'000}; ///< room for the numbers of later keys
 constexpr WholeRange kShape{0, kMouthShapeCount - 1};
 constexpr WholeRange kFrameRate{1, 1000};
@@ -45,43 +42,6 @@ private:
     QSet<TrackId> m_roots;
     QSet<GroupId> m_groups;
 };
-
-Transition ReadTransition(const JsonNode& node)
-{
-    JsonMembers members(node);
-    Transition transition;
-    transition.direction =
-        static_cast<BlendDirection>(members.At("direction").Choice(kBlendDirectionNames));
-    transition.frames = members.At("frames").Whole(kLength);
-    members.Finish();
-    return transition;
-}
-
-ClipSpan ReadClip(const JsonNode& node)
-{
-    JsonMembers members(node);
-    ClipSpan clip;
-    clip.length = members.At("length").Whole(kSpan);
-    clip.loops = members.At("loops").Whole(kSpan);
-    clip.leadIn = members.At("leadIn").Whole(kLength);
-    clip.shortest = members.At("shortest").Whole(kSpan);
-    clip.longest = members.At("longest").Whole({1});
-    members.Finish();
-    return clip;
-}
-
-ViewRecord ReadView(const JsonNode& node, int frameCount)
-{
-    JsonMembers members(node);
-    ViewRecord view;
-    view.left = static_cast<float>(members.At("left").Real());
-    view.right = static_cast<float>(members.At("right").Real());
-    view.frame = members.At("frame").Whole({0, frameCount - 1});
-    members.Finish();
-    if (view.left < 0 || view.right < view.left || view.right > 1)
-        node.Refuse(QStringLiteral("0 or more for left, not less for right, at most 1"));
-    return view;
-}
 
 SceneDocument SceneReader::Read(const JsonNode& root)
 {
@@ -114,7 +74,7 @@ void SceneReader::ReadHead(JsonMembers& members, SceneDocument& document)
     members.At("version");
     document.recoveryOf = members.Text("recoveryOf");
     m_scene.frameRate = members.At("frameRate").Whole(kFrameRate);
-    m_scene.frameCount = members.At("frameCount").Whole(kSpan);
+    m_scene.frameCount = members.At("frameCount").Whole(kFrameSpan);
     m_scene.lastId = members.At("lastId").Whole({0, kAnId.most});
     const JsonNode timeMark = members.At("timeMark");
     JsonMembers marks(timeMark);
@@ -198,7 +158,7 @@ SceneKey SceneReader::ReadKey(const JsonNode& node)
     JsonMembers members(node);
     SceneKey key;
     key.id = NewId(members.At("id"));
-    key.frame = members.At("frame").Whole(kFrame);
+    key.frame = members.At("frame").Whole(kFrames);
     key.name = members.Text("name");
     key.priority = members.Whole("priority", key.priority);
     key.locked = members.Flag("locked");
