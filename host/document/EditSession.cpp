@@ -10,11 +10,20 @@ void EditSession::Restart(const Scene& scene)
     emit Changed();
 }
 
+void EditSession::Restore(const Scene& scene)
+{
+    Commit();
+    m_current = scene;
+    emit Restored();
+    emit Changed();
+}
+
 void EditSession::Begin()
 {
     Commit();
     m_before = m_current;
     m_name.clear();
+    emit Begun();
 }
 
 void EditSession::Step(const QString& name, const Scene& scene)

@@ -23,6 +23,9 @@ public:
 
     /// Starts over with another scene; an edit under way is dropped.
     void Restart(const Scene& scene);
+    /// Goes back (or forth again) to a scene that was current before. An edit under way is
+    /// committed first; nothing is committed for this.
+    void Restore(const Scene& scene);
 
     /// Begins an edit; one that is under way is committed first.
     void Begin();
@@ -37,8 +40,12 @@ public:
 signals:
     /// Another scene took the place of the one before.
     void Restarted();
-    /// The current scene is another than before: after a restart and after every step.
+    /// A scene that was current before is so again: what shows it has all to show anew.
+    void Restored();
+    /// The current scene is another than before: after a restart, a return and every step.
     void Changed();
+    /// An edit begins; the scene is still as it was.
+    void Begun();
     /// An edit that changed something was committed; @p before is the scene as it was before.
     void Committed(const QString& name, const host::Scene& before);
 

@@ -56,7 +56,7 @@ int Limited(int frames, const QVector<SceneKey>& moving, int lastFrame)
 
 } // namespace
 
-void MoveKeys(Scene& scene, const QVector<KeySelection>& selection, int frames)
+int MoveKeys(Scene& scene, const QVector<KeySelection>& selection, int frames)
 {
     const Scene before = scene;
     QVector<QVector<SceneKey>> taken(selection.size());
@@ -69,7 +69,7 @@ void MoveKeys(Scene& scene, const QVector<KeySelection>& selection, int frames)
     }
     if (frames == 0) {
         scene = before;
-        return;
+        return 0;
     }
     for (int i = 0; i < selection.size(); ++i) {
         for (SceneKey& key : taken[i])
@@ -77,6 +77,7 @@ void MoveKeys(Scene& scene, const QVector<KeySelection>& selection, int frames)
         if (!taken[i].isEmpty())
             PlaceKeys(*ListOf(scene, selection[i]).keys, taken[i]);
     }
+    return frames;
 }
 
 void DeleteKeys(Scene& scene, const QVector<KeySelection>& selection)

@@ -16,8 +16,8 @@ struct KeySelection
 // are. A key that comes to stand on a frame replaces what stood there, unless that is locked.
 
 /// Moves the keys by @p frames, all by the same number: less than asked for when one of them would
-/// leave the scene (sub-keys: their clip).
-void MoveKeys(Scene& scene, const QVector<KeySelection>& selection, int frames);
+/// leave the scene (sub-keys: their clip). The frames that they were moved by.
+int MoveKeys(Scene& scene, const QVector<KeySelection>& selection, int frames);
 
 /// Takes the keys out.
 void DeleteKeys(Scene& scene, const QVector<KeySelection>& selection);

@@ -2,9 +2,8 @@
 
 #include "SceneTracks.h"
 #include "document/ClipEdits.h"
+#include "document/EditNames.h"
 #include "document/KeyList.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -14,11 +13,6 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kRefused = -1;
-
-QString Translated(const char* text)
-{
-    return QCoreApplication::translate("GestureEdits", text);
-}
 
 } // namespace
 
@@ -88,9 +82,11 @@ int GestureEdits::MoveEnd(const Message& message)
 int GestureEdits::ChangeLoop(const Message& message)
 {
     Scene scene = m_session.Current();
-    if (!ChangeLoops(scene, message.rows.first(), KeyOf(message), message.value2))
+    const TrackId row = message.rows.first();
+    const KeyId clip = KeyOf(message);
+    if (!ChangeLoops(scene, row, clip, message.value2))
         return kRefused;
-    return Step(Translated("Loop Clip"), scene);
+    return Step(LoopName(FindKey(qAsConst(scene), row, clip)->clip->loops), scene);
 }
 
 int GestureEdits::ChangeSpeed(const Message& message)
@@ -101,9 +97,11 @@ int GestureEdits::ChangeSpeed(const Message& message)
         return kRefused;
     // From the clip as it was: keys inside would gather rounding errors from step to step.
     Scene scene = m_session.Before();
-    if (!SetClipLength(scene, row, clip->id, clip->clip->length + message.value2))
+    const KeyId id = clip->id;
+    if (!SetClipLength(scene, row, id, clip->clip->length + message.value2))
         return kRefused;
-    return Step(Translated("Change Clip Speed"), scene);
+    const int before = FindKey(m_session.Before(), row, id)->clip->length;
+    return Step(SpeedName(before, FindKey(qAsConst(scene), row, id)->clip->length), scene);
 }
 
 int GestureEdits::ChangeTrim(const Message& message)
@@ -111,11 +109,13 @@ int GestureEdits::ChangeTrim(const Message& message)
     const TrackId row = message.rows.first();
     const KeyId key = KeyOf(message);
     Scene scene = m_session.Current();
-    if (ChangeLeadIn(scene, row, key, message.value2))
-        return Step(Translated("Trim Clip"), scene);
-    if (ChangeTransition(scene, row, key, message.value2))
-        return Step(Translated("Change Transition"), scene);
-    return kRefused;
+    const bool isClip = ChangeLeadIn(scene, row, key, message.value2);
+    if (!isClip && !ChangeTransition(scene, row, key, message.value2))
+        return kRefused;
+    const SceneKey* const before = FindKey(m_session.Before(), row, key);
+    const SceneKey* const after = FindKey(qAsConst(scene), row, key);
+    return isClip ? Step(TrimName(after->clip->leadIn - before->clip->leadIn), scene)
+                  : Step(BlendName(after->transition->frames - before->transition->frames), scene);
 }
 
 int GestureEdits::EndClipEdge(const Message&)
@@ -138,8 +138,8 @@ int GestureEdits::MoveBy(int frames, const QVector<TrackId>& rows)
     m_moved += frames;
     // From the scene as it was: a key that was only passed over must not be replaced.
     Scene scene = m_session.Before();
-    MoveKeys(scene, m_moving, m_moved);
-    m_session.Step(Translated("Move Keys"), scene);
+    const int moved = MoveKeys(scene, m_moving, m_moved);
+    m_session.Step(MoveName(ItemsOf(m_session.Before(), m_moving), moved), scene);
     return kDone;
 }
 

@@ -53,11 +53,11 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
     const QCommandLineOption version = parser.addVersionOption();
     const Options known;
     parser.addOptions({known.skin, known.size, known.frame, known.screenshot, known.screenGrab});
-    parser.addPositionalArgument(
-        QStringLiteral("FILES"),
-        QStringLiteral("A motion capture (.bvh), mouth cues (.json, .tsv), sounds (.wav); "
-                       "none: the sample scene."),
-        QStringLiteral("[FILES...]"));
+    parser.addPositionalArgument(QStringLiteral("FILES"),
+                                 QStringLiteral("A document (.ktl), or a motion capture (.bvh), "
+                                                "mouth cues (.json, .tsv) and sounds (.wav); "
+                                                "none: the sample scene."),
+                                 QStringLiteral("[FILES...]"));
     if (!parser.parse(arguments)) {
         error = parser.errorText();
         return std::nullopt;
@@ -76,7 +76,8 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
         error = QStringLiteral("--size: expected WIDTHxHEIGHT in pixels, such as 1280x720");
         return std::nullopt;
     }
-    if (parser.isSet(known.frame) && !ParseFrame(parser.value(known.frame), options.frame)) {
+    if (parser.isSet(known.frame) &&
+        !ParseFrame(parser.value(known.frame), options.frame.emplace())) {
         error = QStringLiteral("--frame: expected a frame number, 0 or more");
         return std::nullopt;
     }

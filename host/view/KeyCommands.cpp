@@ -3,8 +3,6 @@
 #include "SceneTracks.h"
 #include "document/ClipEdits.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <limits>
 
@@ -14,11 +12,6 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kRefused = -1;
-
-QString Translated(const char* text)
-{
-    return QCoreApplication::translate("KeyCommands", text);
-}
 
 /// What a track's clipboard holds.
 struct PutAside
@@ -53,7 +46,7 @@ bool KeyCommands::Do(CTimelineTrackBase* track, TLEditType type)
     case TL_EDIT_PASTE:
         return PasteAndSelect(RowsThatCan(TL_EDIT_PASTE));
     case TL_EDIT_DELETE:
-        return Delete(Translated("Delete"), SelectedRowsThatCan({TL_EDIT_DELETE}));
+        return Delete(SelectedRowsThatCan({TL_EDIT_DELETE}), DeleteName);
     case TL_EDIT_INSERT_KEY:
         return Insert(row);
     case TL_EDIT_BREAK:
@@ -72,14 +65,14 @@ int KeyCommands::Handle(TLEditType type, const TrackList& list)
     switch (type) {
     case TL_EDIT_CUT:
         ClearClipboards();
-        return Delete(Translated("Cut"), rows) ? kDone : kRefused;
+        return Delete(rows, CutName) ? kDone : kRefused;
     case TL_EDIT_COPY:
         ClearClipboards();
         return kDone;
     case TL_EDIT_PASTE:
-        return Paste(rows).isEmpty() ? kRefused : kDone;
+        return Paste(rows, CopyName).isEmpty() ? kRefused : kDone;
     case TL_EDIT_DELETE:
-        return Delete(Translated("Delete"), rows) ? kDone : kRefused;
+        return Delete(rows, DeleteName) ? kDone : kRefused;
     case TL_EDIT_INSERT_KEY:
         return Insert(rows.first()) ? kDone : kRefused;
     case TL_EDIT_BREAK:
@@ -133,10 +126,10 @@ bool KeyCommands::Copy(const QVector<TrackId>& rows)
 
 bool KeyCommands::Cut(const QVector<TrackId>& rows)
 {
-    return Copy(rows) && Delete(Translated("Cut"), rows);
+    return Copy(rows) && Delete(rows, CutName);
 }
 
-QVector<KeySelection> KeyCommands::Paste(const QVector<TrackId>& rows)
+QVector<KeySelection> KeyCommands::Paste(const QVector<TrackId>& rows, NameOfPaste name)
 {
     QVector<PutAside> clipboards;
     int firstFrame = std::numeric_limits<int>::max();
@@ -159,13 +152,13 @@ QVector<KeySelection> KeyCommands::Paste(const QVector<TrackId>& rows)
             {clipboard.row, kNoKey, PasteKeys(scene, clipboard.row, clipboard.keys, shift)});
     }
     if (!pasted.isEmpty())
-        Apply(Translated("Paste"), scene);
+        Apply(name(ItemsOf(scene, pasted), m_manager.GetCurrentFrame()), scene);
     return pasted;
 }
 
 bool KeyCommands::PasteAndSelect(const QVector<TrackId>& rows)
 {
-    const QVector<KeySelection> pasted = Paste(rows);
+    const QVector<KeySelection> pasted = Paste(rows, PasteName);
     if (pasted.isEmpty())
         return false;
     SelectInstead(pasted);
@@ -183,7 +176,7 @@ void KeyCommands::SelectInstead(const QVector<KeySelection>& selections)
     m_manager.InvalidateTimeline();
 }
 
-bool KeyCommands::Delete(const QString& name, const QVector<TrackId>& rows)
+bool KeyCommands::Delete(const QVector<TrackId>& rows, NameOfDelete name)
 {
     if (rows.isEmpty())
         return false;
@@ -192,7 +185,7 @@ bool KeyCommands::Delete(const QString& name, const QVector<TrackId>& rows)
         selections += SelectionOn(m_tracks, m_session.Current(), {row});
     Scene scene = m_session.Current();
     DeleteKeys(scene, selections);
-    Apply(name, scene);
+    Apply(name(ItemsOf(m_session.Current(), selections)), scene);
     return true;
 }
 
@@ -202,7 +195,7 @@ bool KeyCommands::Insert(TrackId row)
     const KeyId inserted = InsertKey(scene, row, m_manager.GetCurrentFrame());
     if (inserted == kNoKey)
         return false;
-    Apply(Translated("Insert Key"), scene);
+    Apply(InsertName(m_manager.GetCurrentFrame()), scene);
     SelectInstead({{row, kNoKey, {inserted}}});
     return true;
 }
@@ -213,9 +206,10 @@ bool KeyCommands::Break(TrackId row)
     if (selection.isEmpty() || selection.first().keys.isEmpty())
         return false;
     Scene scene = m_session.Current();
-    if (!BreakClip(scene, row, selection.first().keys.first(), m_manager.GetCurrentFrame()))
+    const int frame = m_manager.GetCurrentFrame();
+    if (!BreakClip(scene, row, selection.first().keys.first(), frame))
         return false;
-    Apply(Translated("Break"), scene);
+    Apply(BreakName(frame), scene);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeySelections.h"
+#include "document/EditNames.h"
 #include "document/EditSession.h"
 
 namespace host {
@@ -26,16 +27,19 @@ public:
     int Handle(TLEditType type, const TrackList& list);
 
 private:
+    using NameOfPaste = QString (*)(const EditedItems& items, int frame);
+    using NameOfDelete = QString (*)(const EditedItems& items);
+
     QVector<TrackId> RowsThatCan(TLEditType type) const;
     QVector<TrackId> SelectedRowsThatCan(std::initializer_list<TLEditType> types) const;
     void ClearClipboards();
     bool Copy(const QVector<TrackId>& rows);
     bool Cut(const QVector<TrackId>& rows);
     /// Pastes at the current frame; the keys made stand in the result, by row.
-    QVector<KeySelection> Paste(const QVector<TrackId>& rows);
+    QVector<KeySelection> Paste(const QVector<TrackId>& rows, NameOfPaste name);
     bool PasteAndSelect(const QVector<TrackId>& rows);
     void SelectInstead(const QVector<KeySelection>& selections);
-    bool Delete(const QString& name, const QVector<TrackId>& rows);
+    bool Delete(const QVector<TrackId>& rows, NameOfDelete name);
     bool Insert(TrackId row);
     bool Break(TrackId row);
     void Apply(const QString& name, const Scene& scene);

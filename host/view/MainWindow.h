@@ -7,6 +7,8 @@
 #include "TimelineCallbacks.h"
 #include "TimelineWindowFactory.h"
 #include "document/EditSession.h"
+#include "history/UndoHistory.h"
+#include "storage/SceneDocument.h"
 
 #include <KestovaTimelineQU/KestovaTimelineQU.h>
 
@@ -32,6 +34,11 @@ public:
     bool CreateTimeline(const QString& skinPath);
     /// Shows @p scene in place of the one before. False when the skin lacks a style that it needs.
     bool SetScene(const Scene& scene);
+    /// Whether SetScene can: the skin has all that the scene asks for.
+    bool CanShow(const Scene& scene) const { return m_tracks.CanShow(scene); }
+    /// How the scene is looked at, and looking at it so.
+    ViewRecord View();
+    void SetView(const ViewRecord& view);
     /// Makes @p frame current, or the last one when there are fewer, and brings it into view.
     void GotoFrame(int frame);
 
@@ -44,6 +51,12 @@ public:
     ImportCommand& Import() { return *m_import; }
     Transport& Player() { return *m_transport; }
     const SceneTracks& Tracks() const { return m_tracks; }
+    /// What was done, to be undone.
+    UndoHistory& History() { return m_history; }
+    /// The first menu, which is empty as long as nobody fills it.
+    QMenu* FileMenu() { return m_fileMenu; }
+    /// Shows a line to the user for a while.
+    void Tell(const QString& text);
 
 signals:
     /// Another frame is current, whoever made it so.
@@ -51,15 +64,15 @@ signals:
 
 private:
     void ConnectTimeline();
-    void AddImport();
-    void AddPlayback();
+    void ConnectImport();
+    void ConnectPlayback();
     void ShowTimes(const Scene& scene);
     void ShowScene();
+    void ConnectHistory();
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
     void ClickCaptionButton(CTimelineTrackBase* track, int button);
-    void Tell(const QString& text);
     TimelineWindow* Window();
 
     // Destroyed from the last to the first: the manager goes before what it calls.
@@ -72,7 +85,9 @@ private:
     KeyCommands m_commands;
     FileDrops m_drops;
     CTimelineManager m_manager;
-    EditMenu* m_editMenu; // the menu bar's
+    UndoHistory m_history;
+    QMenu* m_fileMenu; // the menu bar's, as is the next one's
+    EditMenu* m_editMenu;
     ImportCommand* m_import;
     Transport* m_transport;
 };

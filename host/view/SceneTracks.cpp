@@ -1,5 +1,7 @@
 #include "SceneTracks.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <array>
 
@@ -70,6 +72,22 @@ bool SceneTracks::Show(const Scene& scene)
     return true;
 }
 
+bool SceneTracks::CanShow(const Scene& scene) const
+{
+    QSet<QPair<int, int>> tried; // kind and style
+    for (const SceneTrack& track : scene.tracks) {
+        const QPair<int, int> look(static_cast<int>(track.kind), track.styleNumber);
+        if (tried.contains(look))
+            continue;
+        tried.insert(look);
+        CTimelineTrackBase* const probe = m_manager.CreateTrack(
+            Entry(kTrackTypes, track.kind), {}, static_cast<unsigned int>(track.styleNumber));
+        if (!m_manager.DeleteTrack(probe))
+            return false;
+    }
+    return true;
+}
+
 bool SceneTracks::Update(const Scene& scene)
 {
     if (!HasRowsOf(scene))
@@ -105,8 +123,11 @@ void SceneTracks::UpdateRow(const Scene& scene, const SceneTrack& track, const S
     std::vector<_tmpTLSwitchBtnData> buttons = ButtonsOf(track);
     m_manager.SetTrackSwitchBtnList(row, buttons); // refused by other kinds
     for (const SwitchButton& button : track.buttons) {
-        for (const TrackId child : button.tracks)
-            SetRowShown(scene, child, button.on);
+        for (const TrackId child : button.tracks) {
+            const bool isShown = m_manager.GetChildTrackSortIndex(TrackOf(child)) >= 0;
+            if (isShown != button.on)
+                SetRowShown(scene, child, button.on);
+        }
     }
 }
 

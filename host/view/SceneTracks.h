@@ -21,6 +21,9 @@ public:
     /// skin lacks a style that the scene asks for; the timeline then shows a part of the scene.
     bool Show(const Scene& scene);
 
+    /// Whether the skin has a style for every track of @p scene.
+    bool CanShow(const Scene& scene) const;
+
     /// Brings all that is shown into line with @p scene, which is a former state of the scene shown
     /// or a later one. Rows, and what is selected on them, stay as far as the scenes agree on them.
     /// False as for Show.

@@ -3,7 +3,11 @@
 #include "HostOptions.h"
 #include "MainWindow.h"
 #include "WindowPicture.h"
+#include "files/DocumentActions.h"
+#include "files/DocumentDialogs.h"
+#include "import/NewScene.h"
 #include "import/SceneFiles.h"
+#include "storage/DocumentFile.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -17,9 +21,17 @@ namespace {
 struct Start
 {
     host::HostOptions options;
-    host::Scene scene;
+    QString path; ///< of the document; empty when the scene was imported
+    host::SceneDocument document;
+    bool isLeft = false; ///< an earlier run has left work on the document: the window asks about it
     QString skin;
 };
+
+/// Whether the program only writes a picture: nobody is there to be asked anything.
+bool IsForPicture(const host::HostOptions& options)
+{
+    return !options.screenshot.isEmpty() || !options.screenGrab.isEmpty();
+}
 
 int Fail(const QString& message)
 {
@@ -43,6 +55,20 @@ int WritePicture(host::MainWindow& window, const host::HostOptions& options)
     return EXIT_SUCCESS;
 }
 
+/// What the files hold: a document, or what a scene is made of.
+std::optional<host::SceneDocument> ReadFiles(const QStringList& files, QString& error)
+{
+    if (files.size() == 1 && host::IsDocument(files.first()))
+        return host::ReadDocument(files.first(), error);
+    host::ImportError importError;
+    const auto scene = host::LoadScene(files.isEmpty() ? host::SampleScene() : files, importError);
+    if (!scene) {
+        error = importError.Message();
+        return std::nullopt;
+    }
+    return host::SceneDocument{*scene, {}, {}};
+}
+
 /// All that can be found wrong without a screen is found before one is asked for.
 std::optional<Start> Prepare(QString& error)
 {
@@ -51,31 +77,51 @@ std::optional<Start> Prepare(QString& error)
         error.prepend(QStringLiteral("kestova-host: "));
         return std::nullopt;
     }
-    host::ImportError importError;
-    const auto scene = host::LoadScene(
-        options->files.isEmpty() ? host::SampleScene() : options->files, importError);
-    if (!scene) {
-        error = importError.Message();
+    Start start;
+    start.options = *options;
+    if (host::IsDocument(options->files.value(0)))
+        start.path = options->files.first();
+    start.isLeft =
+        !start.path.isEmpty() && !IsForPicture(*options) && host::FindLeftoverOf(start.path);
+    const auto document = start.isLeft ? host::SceneDocument{host::NewScene(), {}, {}}
+                                       : ReadFiles(options->files, error);
+    if (!document)
+        return std::nullopt;
+    start.document = *document;
+    start.skin = options->skin.isEmpty() ? host::DefaultSkin() : options->skin;
+    if (!QFileInfo(start.skin).isFile()) {
+        error = start.skin + QStringLiteral(": expected a skin file");
         return std::nullopt;
     }
-    const QString skin = options->skin.isEmpty() ? host::DefaultSkin() : options->skin;
-    if (!QFileInfo(skin).isFile()) {
-        error = skin + QStringLiteral(": expected a skin file");
-        return std::nullopt;
-    }
-    return Start{*options, *scene, skin};
+    return start;
+}
+
+/// Offers what earlier runs have left behind.
+void OfferWork(host::DocumentActions& documents, const Start& start)
+{
+    if (start.path.isEmpty())
+        documents.OfferLeftovers();
+    else if (start.isLeft)
+        documents.Open(start.path);
+    else
+        host::RecentFiles().Add(start.path);
 }
 
 int Open(const Start& start)
 {
     host::MainWindow window;
     window.resize(start.options.size);
-    if (!window.CreateTimeline(start.skin) || !window.SetScene(start.scene))
+    if (!window.CreateTimeline(start.skin) || !window.CanShow(start.document.scene))
         return Fail(start.skin + QStringLiteral(": expected a skin with every section and key"));
+    host::DocumentDialogs dialogs(&window);
+    host::DocumentActions documents(window, dialogs);
     window.show();
-    window.GotoFrame(start.options.frame);
-    if (!start.options.screenshot.isEmpty() || !start.options.screenGrab.isEmpty())
+    documents.Current().Show(start.isLeft ? QString() : start.path, start.document);
+    if (start.path.isEmpty() || start.options.frame)
+        window.GotoFrame(start.options.frame.value_or(0));
+    if (IsForPicture(start.options))
         return WritePicture(window, start.options);
+    OfferWork(documents, start);
     return QApplication::exec();
 }
 
@@ -83,6 +129,7 @@ int Open(const Start& start)
 
 int main(int argc, char** argv)
 {
+    QCoreApplication::setOrganizationName(QStringLiteral("Kestova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestova-host"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTOVA_HOST_VERSION));
     std::optional<Start> start;

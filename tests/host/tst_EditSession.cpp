@@ -47,6 +47,9 @@ private slots:
     void aCommitWithoutAnEditDoesNothing();
     void anEditOfOneStepLeavesNothingOpen();
     void restartingDropsTheEditUnderWay();
+    void tellsOfABeginningBeforeAnythingChanges();
+    void goingBackCommitsNothing();
+    void goingBackCommitsTheEditUnderWayFirst();
 };
 
 void tst_EditSession::keepsTheSceneAsItWasBeforeUntilTheCommit()
@@ -126,6 +129,39 @@ void tst_EditSession::restartingDropsTheEditUnderWay()
     r.session.Commit();
     QVERIFY(r.commits.isEmpty());
     QCOMPARE(r.session.Current().frameCount, 3);
+}
+
+void tst_EditSession::tellsOfABeginningBeforeAnythingChanges()
+{
+    Recorded r;
+    QVector<int> begun;
+    connect(&r.session, &EditSession::Begun, [&] { begun.append(r.session.Current().frameCount); });
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    QCOMPARE(begun, QVector<int>{10});
+    r.session.Begin(); // commits first
+    QCOMPARE(begun, (QVector<int>{10, 11}));
+}
+
+void tst_EditSession::goingBackCommitsNothing()
+{
+    Recorded r;
+    QStringList told;
+    connect(&r.session, &EditSession::Restored, [&] { told += QStringLiteral("restored"); });
+    connect(&r.session, &EditSession::Changed, [&] { told += QStringLiteral("changed"); });
+    r.session.Restore(SceneOf(4));
+    QCOMPARE(r.session.Current().frameCount, 4);
+    QCOMPARE(told, (QStringList{QStringLiteral("restored"), QStringLiteral("changed")}));
+    QVERIFY(!r.session.IsOpen());
+    QVERIFY(r.commits.isEmpty());
+}
+
+void tst_EditSession::goingBackCommitsTheEditUnderWayFirst()
+{
+    Recorded r;
+    r.session.Step(QStringLiteral("Grow"), SceneOf(11));
+    r.session.Restore(SceneOf(4));
+    QCOMPARE(r.commits, QStringList{QStringLiteral("Grow: 10 to 11")});
+    QCOMPARE(r.session.Current().frameCount, 4);
 }
 
 QTEST_APPLESS_MAIN(tst_EditSession)

@@ -1,6 +1,9 @@
 #include "HostProgram.h"
 #include "TestFiles.h"
 
+#include "import/SceneFiles.h"
+#include "storage/DocumentFile.h"
+
 #include <QColor>
 #include <QImage>
 #include <QTemporaryDir>
@@ -40,6 +43,17 @@ int CurrentFrameColumn(const QImage& picture)
     return best;
 }
 
+/// Writes the sample scene as a document that is looked at like that.
+bool WriteSample(const QString& path, const host::ViewRecord& view)
+{
+    host::ImportError importError;
+    const auto scene = host::LoadScene(
+        {SamplePath(QStringLiteral("stroll.bvh")), SamplePath(QStringLiteral("greeting.json"))},
+        importError);
+    QString error;
+    return scene && host::WriteDocument(path, {*scene, view, {}}, error);
+}
+
 } // namespace
 
 class tst_HostCommandLine : public QObject
@@ -55,6 +69,9 @@ private slots:
     void staysOnTheLastFrameWhenAskedForMore();
     void drawsInTheAskedSkin();
     void opensTheRealFiles();
+    void opensADocument();
+    void opensADocumentAsItWasLookedAt();
+    void leavesADamagedDocumentAlone();
     void listsItsOptions();
     void saysInOneLineWhatIsWrong_data();
     void saysInOneLineWhatIsWrong();
@@ -143,6 +160,41 @@ void tst_HostCommandLine::opensTheRealFiles()
     const QString dialogue = SharedDataPath(QStringLiteral("dialogue.json"));
     SKIP_WITHOUT(dialogue);
     QCOMPARE(Picture({walk, dialogue}).size(), QSize(1280, 720));
+}
+
+void tst_HostCommandLine::opensADocument()
+{
+    const QString path = InDirectory(QStringLiteral("stroll.ktl"));
+    QVERIFY(WriteSample(path, {}));
+    const QStringList frame{QStringLiteral("--frame"), QStringLiteral("7")};
+    const QImage picture = Picture(QStringList{path} + frame);
+    QVERIFY(!picture.isNull());
+    QVERIFY(picture == Picture(frame));
+}
+
+void tst_HostCommandLine::opensADocumentAsItWasLookedAt()
+{
+    const QString path = InDirectory(QStringLiteral("stroll.ktl"));
+    QVERIFY(WriteSample(path, {0, 1, 7}));
+    const QImage all = Picture({path});
+    QVERIFY(!all.isNull());
+    QVERIFY(WriteSample(path, {0, 1, 20}));
+    QVERIFY(Picture({path}) != all);
+    QVERIFY(WriteSample(path, {0.25F, 0.5F, 7}));
+    QVERIFY(Picture({path}) != all);
+}
+
+void tst_HostCommandLine::leavesADamagedDocumentAlone()
+{
+    const QString path = InDirectory(QStringLiteral("cut.ktl"));
+    QVERIFY(WriteSample(path, {}));
+    QVERIFY(QFile::resize(path, 1000));
+    const QByteArray before = BytesOf(path);
+    const HostRun run = RunHost({path});
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.errors.startsWith(QLatin1String("cut.ktl: line ")), qPrintable(run.errors));
+    QCOMPARE(run.errors.count(u'\n'), 1);
+    QCOMPARE(BytesOf(path), before);
 }
 
 void tst_HostCommandLine::listsItsOptions()

@@ -113,7 +113,7 @@ void tst_HostEdits::draggedKeysMoveInTheSceneAtEveryStep()
     QCOMPARE(editor.Edit(TL_EDIT_END), 0);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
     QCOMPARE(editor.SelectedFrames("LeftArm"), (Frames{12}));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Move Keys"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move 1 key back by 3 frames"));
 }
 
 void tst_HostEdits::theEndOfADragBringsItsLastPiece()
@@ -314,7 +314,7 @@ void tst_HostEdits::aBlendChangesByItsHandle()
     QCOMPARE(editor.Edit(TL_EDIT_CLIP_TRIM_END, 1), 0);
     QCOMPARE(editor.Edit(TL_EDIT_END), 0);
     QCOMPARE(editor.KeysOf("MotionBlend")[1].transition->frames, 15);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Change Transition"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Lengthen blend by 3 frames"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -353,7 +353,7 @@ void tst_HostEdits::aRulerMarkerMovesInTheScene()
     timeline.ReceiveMessage(1304, nullptr, nullptr, 0, 1, 60);
     QCOMPARE(editor.Scene().timeMark.start, 14);
     QCOMPARE(editor.Scene().timeMark.end, 60);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Move Marker"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move end marker to frame 60"));
 }
 
 void tst_HostEdits::aSwitchButtonHidesRowsInTheScene()
@@ -369,7 +369,7 @@ void tst_HostEdits::aSwitchButtonHidesRowsInTheScene()
     QVERIFY(!row->buttons[0].on);
     QVERIFY(row->buttons[1].on);
     QCOMPARE(editor.Timeline().GetChildTrackSortIndex(editor.Row("Lips")), -1);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Hide Rows"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Hide Lips"));
     editor.Timeline().ReceiveMessage(1308, layers, nullptr, 0, 9, 0); // no such button
 }
 
@@ -464,7 +464,7 @@ void tst_HostEdits::cutKeysComeBackByPasting()
     choose(TL_EDIT_CUT);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 30, 45, 60, 75, 90}));
     QVERIFY(editor.KeysOf("Motion").isEmpty());
-    QCOMPARE(editor.StatusText(), QStringLiteral("Cut"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Cut 1 key and 1 clip"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
     editor.Timeline().SetCurrentFrame(3);
     choose(TL_EDIT_PASTE);

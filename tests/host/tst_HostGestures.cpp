@@ -1,135 +1,8 @@
-#include "EditorFixture.h"
+#include "HandledEditor.h"
 
-#include "support/Pointer.h"
-
-#include <QAction>
-#include <QContextMenuEvent>
-#include <QDragEnterEvent>
-#include <QDropEvent>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMimeData>
 #include <QTemporaryDir>
-#include <QTimer>
-#include <QUrl>
 
 using Frames = QVector<int>;
-using KestovaTest::Pointer;
-
-namespace {
-
-constexpr int kPixelsPerFrame = 10; ///< in a window of this size with the whole sample in view
-
-/// The editor with a hand on the mouse.
-struct HandledEditor : EditorFixture
-{
-    HandledEditor() : pointer(&window) {}
-
-    Pointer pointer;
-
-    /// The widget of a row: the timeline's tracks are widgets, though hosts need not know.
-    QWidget* WidgetOf(const char* name)
-    {
-        const void* const track = Row(name);
-        for (QWidget* const widget : window.findChildren<QWidget*>()) {
-            if (widget == track)
-                return widget;
-        }
-        qFatal("the row %s has no widget", name);
-    }
-    /// The middle of a frame's cell.
-    QPoint At(const char* name, int frame)
-    {
-        return QPoint(frame * kPixelsPerFrame + kPixelsPerFrame / 2, WidgetOf(name)->height() / 2);
-    }
-    /// The right edge of a frame's cell, where a clip that ends there has its handle.
-    QPoint EdgeOf(const char* name, int frame)
-    {
-        return QPoint((frame + 1) * kPixelsPerFrame, WidgetOf(name)->height() / 2);
-    }
-    void Drag(const char* name, QPoint from, const QVector<QPoint>& way)
-    {
-        pointer.Press(WidgetOf(name), from);
-        for (const QPoint& point : way)
-            pointer.MoveTo(WidgetOf(name), point);
-        pointer.Release();
-    }
-
-    QString FrameText()
-    {
-        for (const QLabel* const label : window.findChildren<QLabel*>()) {
-            if (label->text().startsWith(QLatin1String("Frame")))
-                return label->text();
-        }
-        return {};
-    }
-
-    QAction* Command(const QString& text)
-    {
-        for (QAction* const action : window.menuBar()->findChildren<QMenu*>().first()->actions()) {
-            if (action->text() == text)
-                return action;
-        }
-        qFatal("no command %s", qPrintable(text));
-    }
-
-    /// Opens the menu of the row at @p point; @p deed is done while it is open, and it is closed.
-    void WithMenu(const char* name, QPoint point, const std::function<void(QMenu&)>& deed)
-    {
-        bool isOpen = false;
-        QTimer::singleShot(0, &window, [&] {
-            auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            if (!menu)
-                return;
-            isOpen = true;
-            deed(*menu);
-            if (QApplication::activePopupWidget() == menu)
-                menu->close();
-        });
-        QWidget* const row = WidgetOf(name);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, point, row->mapToGlobal(point));
-        QApplication::sendEvent(row, &event);
-        if (!isOpen)
-            qFatal("no menu opened on %s", name);
-        // This platform does not give the window back what the menu has taken.
-        window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window))
-            qFatal("the window does not come back");
-    }
-    void Choose(const char* name, QPoint point, const QString& text)
-    {
-        WithMenu(name, point, [&text](QMenu& menu) {
-            for (QAction* const action : menu.actions()) {
-                if (action->text() != text || !action->isEnabled())
-                    continue;
-                const QPoint place = menu.actionGeometry(action).center();
-                QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier, place);
-                return;
-            }
-            qFatal("the menu does not offer %s", qPrintable(text));
-        });
-    }
-
-    /// Drags a file over the row to @p point and lets go there. Whether it was taken.
-    bool DropFile(const char* name, QPoint point, const QString& path)
-    {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(path)});
-        QWidget* const row = WidgetOf(name);
-        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &enter);
-        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &drop);
-        return drop.isAccepted();
-    }
-};
-
-} // namespace
 
 class tst_HostGestures : public QObject
 {
@@ -186,7 +59,7 @@ void tst_HostGestures::draggingAKeyMovesItInTheScene()
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 12, 30, 45, 60, 75, 90}));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
     QCOMPARE(editor.SelectedFrames("LeftArm"), (Frames{12}));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Move Keys"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move 1 key back by 3 frames"));
 }
 
 void tst_HostGestures::draggingSelectedKeysOfTwoRowsMovesBoth()
@@ -230,7 +103,7 @@ void tst_HostGestures::draggingWithControlCopies()
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 22, 30, 37, 45, 60, 75, 90}));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
     QCOMPARE(editor.SelectedFrames("LeftArm"), (Frames{22, 37}));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Paste"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Copy 2 keys to frame 22"));
 }
 
 void tst_HostGestures::draggingAMouthShapeMovesItInItsLine()
@@ -258,7 +131,7 @@ void tst_HostGestures::draggingAClipsEndLoopsIt()
                 {editor.At("Motion", 30), editor.At("Motion", 70), editor.At("Motion", 45)});
     QCOMPARE(editor.KeysOf("Motion")[0].clip->loops, 3);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Loop Clip"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Loop clip 3 times"));
 }
 
 void tst_HostGestures::draggingAClipsEndChangesItsSpeed()
@@ -281,7 +154,7 @@ void tst_HostGestures::draggingAClipsEndChangesItsSpeed()
     editor.Drag("Motion", editor.EdgeOf("Motion", 39),
                 {editor.EdgeOf("Motion", 44), editor.EdgeOf("Motion", 80)});
     QCOMPARE(editor.KeysOf("Motion")[0].clip->length, 50);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Change Clip Speed"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Slow clip down by 11 frames"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -302,7 +175,7 @@ void tst_HostGestures::draggingAClipsLeadInTrimsIt()
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
     editor.Drag("Motion", edge(9), {edge(5), edge(-10)});
     QCOMPARE(editor.KeysOf("Motion")[0].clip->leadIn, 0);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Trim Clip"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Give 9 frames back to clip's start"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -314,7 +187,7 @@ void tst_HostGestures::draggingABlendsHandleLengthensIt()
                 {editor.At("MotionBlend", 15), editor.At("MotionBlend", 20)});
     QCOMPARE(editor.KeysOf("MotionBlend")[0].transition->frames, 20);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Change Transition"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Lengthen blend by 8 frames"));
 }
 
 void tst_HostGestures::clickingASwitchHidesItsRows()
@@ -337,16 +210,7 @@ void tst_HostGestures::clickingASwitchHidesItsRows()
 void tst_HostGestures::draggingARulerMarkerMovesIt()
 {
     HandledEditor editor;
-    // The ruler lies right above the topmost row and is as wide. Its marker's tip stands low.
-    QWidget* const layers = editor.WidgetOf("Layers");
-    QWidget* const timeline = layers->parentWidget();
-    QWidget* ruler = nullptr;
-    for (QWidget* const child :
-         timeline->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (child->isVisible() && child->x() == layers->x() && child->y() < layers->y())
-            ruler = child;
-    }
-    QVERIFY(ruler);
+    QWidget* const ruler = editor.Ruler(); // its marker's tip stands low
     editor.Timeline().SetCurrentFrame(50); // its thumb would otherwise lie above the marker
     bool isMoved = false;
     for (int y = ruler->height() - 1; y >= 0 && !isMoved; --y) {
@@ -357,7 +221,7 @@ void tst_HostGestures::draggingARulerMarkerMovesIt()
     }
     QCOMPARE(editor.Scene().timeMark.start, 10);
     QCOMPARE(editor.Scene().timeMark.end, 90);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Move Marker"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move start marker to frame 10"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
