@@ -18,13 +18,13 @@ public:
     /// Called with one line for the user.
     std::function<void(const QString& text)> told;
 
-    /// Says to the timeline whether the file may be dropped on that track.
-    void Hold(CTimelineTrackBase* track, const QString& path);
+    /// Says to the timeline whether the file may be dropped on that frame of the track.
+    void Hold(CTimelineTrackBase* track, const QString& path, int frame);
     /// The file was dropped on the active track at the current frame. False when it is not taken.
     bool Drop(TLDropFileType type, const QString& path);
 
 private:
-    QString ReasonAgainst(CTimelineTrackBase* track, const QString& path) const;
+    QString ReasonAgainst(CTimelineTrackBase* track, const QString& path, int frame) const;
     void Tell(const QString& text) const;
 
     CTimelineManager& m_manager;

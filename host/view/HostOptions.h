@@ -11,12 +11,13 @@ namespace host {
 /// What the command line asks for.
 struct HostOptions
 {
-    QStringList files;     ///< scene files; none means the sample scene
-    QString skin;          ///< skin file; empty means the default skin
-    QSize size{1280, 720}; ///< of the window, in pixels
-    int frame = 0;         ///< current frame at the start
-    QString screenshot;    ///< write a picture of the window here and leave; empty: stay
-    QString screenGrab;    ///< the same, taken from the screen
+    QStringList files;        ///< scene files; none means the sample scene
+    QString skin;             ///< skin file; empty means the default skin
+    QSize size{1280, 720};    ///< of the window, in pixels
+    bool isSizeGiven = false; ///< else the window opens as it was left
+    int frame = 0;            ///< current frame at the start
+    QString screenshot;       ///< write a picture of the window here and leave; empty: stay
+    QString screenGrab;       ///< the same, taken from the screen
 };
 
 /// Reads the command line. For --help and --version it answers them and leaves the program. Nothing

@@ -1,8 +1,21 @@
 #include "MainWindow.h"
 
+#include "AboutBox.h"
 #include "EditMenu.h"
+#include "KeySelections.h"
+#include "PointerWatch.h"
+#include "RowMenu.h"
+#include "RowModes.h"
+#include "SkinMenu.h"
+#include "StatusLine.h"
+#include "Theme.h"
+#include "TimelineMenu.h"
+#include "TimelinePane.h"
+#include "TimelineState.h"
+#include "TimelineWheel.h"
 #include "TimelineWindow.h"
 
+#include <QApplication>
 #include <QDockWidget>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -12,48 +25,88 @@ namespace host {
 namespace {
 
 constexpr int kMessageTime = 5000; ///< milliseconds that a line stays in the status bar
-constexpr int kAddKeyButton = 3;   ///< the caption button of that number in the skin
+
+// The caption buttons of those numbers in the skin.
+constexpr int kAddKeyButton = 3;
+constexpr int kMenuButton = 4;
 
 } // namespace
 
 MainWindow::MainWindow()
     : m_dock(new QDockWidget(this)), m_tracks(m_manager), m_gestures(m_tracks, m_session),
       m_commands(m_manager, m_tracks, m_session), m_drops(m_manager, m_tracks, m_session),
+      m_captionButtons(m_manager, m_tracks, m_session), m_ranges(m_manager, m_tracks, m_session),
       m_manager(this), m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands))
 {
     setWindowTitle(tr("Kestova Host"));
+    m_dock->setObjectName(QStringLiteral("timeline")); // its place is remembered by it
     m_dock->setWindowTitle(tr("Timeline"));
     m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     addDockWidget(Qt::BottomDockWidgetArea, m_dock);
     statusBar()->setSizeGripEnabled(false);
     connect(&m_session, &EditSession::Committed, this, &MainWindow::Tell);
     m_drops.told = [this](const QString& text) { Tell(text); };
+    AddMenus();
+    WatchPointer();
     ConnectTimeline();
+}
+
+void MainWindow::AddMenus()
+{
+    QMenu* const view = menuBar()->addMenu(tr("View"));
+    QMenu* const timeline = menuBar()->addMenu(tr("Timeline"));
+    m_timelineMenu =
+        new TimelineMenu(view, timeline, {m_manager, m_session, m_ranges, m_captionButtons});
+    connect(m_timelineMenu, &TimelineMenu::Done, this, &MainWindow::UpdateCommands);
+    view->addSeparator();
+    m_skinMenu = new SkinMenu(view->addMenu(tr("Skin")),
+                              [this](const QString& path) { return ShowSkin(path); });
+    menuBar()->addMenu(tr("Help"))->addAction(tr("About Kestova Host"), this, [this] {
+        ShowAboutBox(this);
+    });
+    m_rowMenu = new RowMenu(this, *m_editMenu, m_captionButtons);
+}
+
+void MainWindow::WatchPointer()
+{
+    m_statusLine = new StatusLine(statusBar(), m_session, m_tracks);
+    auto* const pointer = new PointerWatch(this);
+    pointer->setObjectName(QStringLiteral("pointer"));
+    connect(pointer, &PointerWatch::Moved, m_statusLine, &StatusLine::Look);
+    connect(pointer, &PointerWatch::Left, m_statusLine, &StatusLine::Clear);
+    // Keys go where one looks: to the timeline, as soon as one works in it.
+    connect(pointer, &PointerWatch::Pressed, this, [this] {
+        QWidget* const timeline = Window()->Pane().Timeline();
+        QWidget* const focus = QApplication::focusWidget();
+        if (timeline && (!focus || (focus != timeline && !timeline->isAncestorOf(focus))))
+            m_manager.SetTimelineWndFocus();
+    });
 }
 
 void MainWindow::ConnectTimeline()
 {
-    m_callbacks.situationChanged = [this] { m_editMenu->UpdateActions(); };
+    m_callbacks.situationChanged = [this] { UpdateCommands(); };
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         MoveTimeMark(mark, frame, isFinal);
     };
     m_callbacks.switchButtonToggled = [this](CTimelineTrackBase* track, int button) {
         ToggleRows(track, button);
     };
-    m_callbacks.captionButtonClicked = [this](CTimelineTrackBase* track, int button) {
-        ClickCaptionButton(track, button);
+    m_callbacks.captionButtonClicked = [this](CTimelineTrackBase* track, int button, QPoint place) {
+        ClickCaptionButton(track, button, place);
     };
     m_callbacks.keysEdited = [this](TLEditType type, const TrackList& list, int value1,
                                     int value2) { return EditKeys(type, list, value1, value2); };
     m_callbacks.menuOpening = [this](CTimelineTrackBase* track,
                                      std::vector<_tmpTLMenuMapData*>& menu) {
-        m_editMenu->FillRowMenu(track, menu);
+        m_rowMenu->Fill(track, menu);
     };
     m_callbacks.menuChosen = [this](CTimelineTrackBase* track, int command) {
-        m_editMenu->RunFromRow(track, command);
+        m_rowMenu->Run(track, command);
     };
-    m_callbacks.fileHeld = [this](CTimelineTrackBase* track, const QString& path) {
-        m_drops.Hold(track, path);
+    m_callbacks.fileHeld = [this](CTimelineTrackBase* track, const QString& path, int frame) {
+        if (!m_statusLine->Probe().Answer(track, path, frame))
+            m_drops.Hold(track, path, frame);
     };
     m_callbacks.fileDropped = [this](TLDropFileType type, const QString& path) {
         return m_drops.Drop(type, path);
@@ -63,11 +116,71 @@ void MainWindow::ConnectTimeline()
 bool MainWindow::CreateTimeline(const QString& skinPath)
 {
     m_manager.SetTimelineWndFactoryBase(&m_factory);
+    if (!DrawIn(skinPath))
+        return false;
+    m_skinMenu->SetCurrent(skinPath);
+    return true;
+}
+
+bool MainWindow::DrawIn(const QString& skinPath)
+{
     if (!m_manager.CreateTimelineManager(&m_callbacks, skinPath.toStdWString()) ||
         !m_manager.CreateTimelineMainWidget(m_dock))
         return false;
-    connect(Window(), &TimelineWindow::CurrentFrameChanged, this, &MainWindow::CurrentFrameChanged);
+    TimelineWindow* const window = Window();
+    connect(window, &TimelineWindow::CurrentFrameChanged, this, &MainWindow::CurrentFrameChanged);
+    connect(window, &TimelineWindow::Refreshed, m_timelineMenu, &TimelineMenu::Update);
+    m_timelineMenu->SetWindow(window);
+    m_statusLine->SetPane(&window->Pane());
+    findChild<PointerWatch*>(QStringLiteral("pointer"))->Watch(window->Pane().Viewport());
+    new TimelineWheel(*window, m_manager); // the window's
     return true;
+}
+
+bool MainWindow::ShowSkin(const QString& skinPath)
+{
+    m_session.Commit(); // a gesture would not outlive its track
+    const TimelineState state(m_manager, m_tracks, CurrentScene());
+    const bool isClipSpeed = IsClipSpeed();
+    const int scrolled = Window()->Pane().VerticalScroll();
+    const bool isShown = RedrawIn(skinPath);
+    if (!isShown) {
+        RedrawIn(Skin());
+        Tell(tr("%1: expected a skin with every section and key").arg(skinPath));
+    }
+    state.Restore(m_manager, m_tracks, CurrentScene());
+    SetClipSpeed(isClipSpeed);
+    Window()->Pane().SetVerticalScroll(scrolled);
+    UpdateCommands();
+    return isShown;
+}
+
+bool MainWindow::RedrawIn(const QString& skinPath)
+{
+    // The window first: a theme that changes the sizes around the timeline has done so by then.
+    ApplyTheme(*qApp, ThemeOfSkin(skinPath));
+    if (!DrawIn(skinPath) || !m_tracks.Show(CurrentScene()))
+        return false;
+    m_captionButtons.ShowAll();
+    Window()->SetTimeBase(CurrentScene().frameRate, CurrentScene().frameCount);
+    m_manager.ShowTimelineWnd(true);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // the view takes its place
+    return true;
+}
+
+QString MainWindow::Skin() const
+{
+    return m_skinMenu->Current();
+}
+
+bool MainWindow::IsClipSpeed()
+{
+    return Window()->IsClipSpeed();
+}
+
+void MainWindow::SetClipSpeed(bool isSpeed)
+{
+    Window()->SetClipSpeed(isSpeed);
 }
 
 bool MainWindow::SetScene(const Scene& scene)
@@ -78,6 +191,7 @@ bool MainWindow::SetScene(const Scene& scene)
     m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
     if (!m_tracks.Show(scene))
         return false;
+    m_captionButtons.ShowAll();
     if (CTimelineTrackBase* const lips = m_manager.GetLipsTrack())
         m_manager.SetActiveChildTrack(lips);
     return true;
@@ -86,7 +200,7 @@ bool MainWindow::SetScene(const Scene& scene)
 void MainWindow::GotoFrame(int frame)
 {
     m_manager.ShowTimelineWnd(true);
-    Window()->ShowAllFrames();
+    Window()->Do(ViewCommand::ShowAll);
     m_manager.SetCurrentFrame(frame);
     constexpr int kToTheMiddle = 0;
     m_manager.ScrollToFrame(m_manager.GetCurrentFrame(), kToTheMiddle);
@@ -94,10 +208,29 @@ void MainWindow::GotoFrame(int frame)
 
 int MainWindow::EditKeys(TLEditType type, const TrackList& list, int value1, int value2)
 {
+    TellOfLocks(type, list);
     const int answer = type <= TL_EDIT_CLIP_TRIM_END ? m_gestures.Handle(type, list, value1, value2)
                                                      : m_commands.Handle(type, list);
-    m_editMenu->UpdateActions();
+    UpdateCommands();
     return answer;
+}
+
+void MainWindow::TellOfLocks(TLEditType type, const TrackList& list)
+{
+    const bool isFurtherStep = type > TL_EDIT_BEGIN && type <= TL_EDIT_CLIP_TRIM_END;
+    if (isFurtherStep || (type != TL_EDIT_BEGIN && !ChangesKeys(type)))
+        return;
+    for (const TrackId id : TracksOf(m_tracks, list)) {
+        const SceneTrack* const row = CurrentScene().FindTrack(id);
+        if (row && row->locked)
+            Tell(tr("%1 is locked").arg(row->caption));
+    }
+}
+
+void MainWindow::UpdateCommands()
+{
+    m_editMenu->UpdateActions();
+    m_timelineMenu->Update();
 }
 
 void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
@@ -112,7 +245,7 @@ void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
     SwitchButton& toggled = row->buttons[button];
     toggled.on = states[static_cast<std::size_t>(button)].state >= kFirstStateOn;
     for (const TrackId track : qAsConst(toggled.tracks))
-        m_tracks.SetRowShown(scene, track, toggled.on);
+        m_tracks.SetRowShown(scene, track, IsRowShown(scene, track));
     m_session.Apply(toggled.on ? tr("Show Rows") : tr("Hide Rows"), scene);
 }
 
@@ -125,12 +258,17 @@ void MainWindow::MoveTimeMark(int mark, int frame, bool isFinal)
         m_session.Commit();
 }
 
-void MainWindow::ClickCaptionButton(CTimelineTrackBase* track, int button)
+void MainWindow::ClickCaptionButton(CTimelineTrackBase* track, int button, QPoint place)
 {
-    if (button != kAddKeyButton)
-        return;
-    m_commands.Do(track, TL_EDIT_INSERT_KEY);
-    m_editMenu->UpdateActions();
+    if (button == kMenuButton)
+        m_rowMenu->Open(track, place);
+    else if (button == kAddKeyButton && m_captionButtons.Has(track, RowState::Locked))
+        Tell(tr("%1 is locked").arg(CurrentScene().FindTrack(m_tracks.IdOf(track))->caption));
+    else if (button == kAddKeyButton)
+        m_commands.Do(track, TL_EDIT_INSERT_KEY);
+    else
+        m_captionButtons.Click(track, button);
+    UpdateCommands();
 }
 
 void MainWindow::Tell(const QString& text)

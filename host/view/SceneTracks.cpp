@@ -1,5 +1,8 @@
 #include "SceneTracks.h"
 
+#include "RowModes.h"
+#include "document/RowStates.h"
+
 #include <array>
 
 namespace host {
@@ -15,13 +18,6 @@ constexpr std::array<TL_TRACK_TYPE, 6> kTrackTypes{TL_TRACK_SWITCH,         TL_T
                                                    TL_TRACK_TRANSITION_KEY, TL_TRACK_LINK_KEY,
                                                    TL_TRACK_VISEME_KEY,     TL_TRACK_CLIP};
 
-/// The timeline's number for each EditMode, in the order of the enumeration.
-constexpr std::array<TLEditType, 15> kEditTypes{
-    TL_EDIT_MOVE_KEYS,       TL_EDIT_CLIP_LOOP,   TL_EDIT_CLIP_SPEED, TL_EDIT_CLIP_TRIM,
-    TL_EDIT_TIME_RANGE,      TL_EDIT_SUB_KEYS,    TL_EDIT_CUT,        TL_EDIT_COPY,
-    TL_EDIT_PASTE,           TL_EDIT_DELETE,      TL_EDIT_INSERT_KEY, TL_EDIT_BREAK,
-    TL_EDIT_SELECT_PREVIOUS, TL_EDIT_SELECT_NEXT, TL_EDIT_SELECT_ALL};
-
 /// The timeline's number for each RelationKind, in the order of the enumeration.
 constexpr std::array<int, 3> kRelationKinds{0, 1, 3};
 
@@ -29,14 +25,6 @@ template <class Table, class Enumeration>
 auto Entry(const Table& table, Enumeration value)
 {
     return table.at(static_cast<std::size_t>(value));
-}
-
-VZ::CArrayList<TLEditType> EditTypesOf(const SceneTrack& track)
-{
-    VZ::CArrayList<TLEditType> types;
-    for (const EditMode mode : track.editModes)
-        types.Add(Entry(kEditTypes, mode));
-    return types;
 }
 
 std::vector<_tmpTLSwitchBtnData> ButtonsOf(const SceneTrack& track)
@@ -61,7 +49,7 @@ bool SceneTracks::Show(const Scene& scene)
     for (const SceneTrack& track : scene.tracks) {
         for (const SwitchButton& button : track.buttons) {
             for (const TrackId row : button.tracks)
-                SetRowShown(scene, row, button.on);
+                SetRowShown(scene, row, IsRowShown(scene, row));
         }
     }
     m_shown = scene;

@@ -1,12 +1,14 @@
-#include "DarkTheme.h"
 #include "DataFiles.h"
 #include "HostOptions.h"
 #include "MainWindow.h"
+#include "Theme.h"
+#include "WindowLayout.h"
 #include "WindowPicture.h"
 #include "import/SceneFiles.h"
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QSettings>
 
 #include <cstdio>
 #include <optional>
@@ -43,6 +45,21 @@ int WritePicture(host::MainWindow& window, const host::HostOptions& options)
     return EXIT_SUCCESS;
 }
 
+/// Whether the user is to work in the window: pictures do not depend on what one left behind.
+bool IsInteractive(const host::HostOptions& options)
+{
+    return options.screenshot.isEmpty() && options.screenGrab.isEmpty();
+}
+
+/// The skin that was asked for, else the one chosen last while it is there.
+QString SkinOf(const host::HostOptions& options)
+{
+    if (!options.skin.isEmpty())
+        return options.skin;
+    const QString remembered = IsInteractive(options) ? host::RememberedSkin() : QString();
+    return QFileInfo(remembered).isFile() ? remembered : host::DefaultSkin();
+}
+
 /// All that can be found wrong without a screen is found before one is asked for.
 std::optional<Start> Prepare(QString& error)
 {
@@ -58,7 +75,7 @@ std::optional<Start> Prepare(QString& error)
         error = importError.Message();
         return std::nullopt;
     }
-    const QString skin = options->skin.isEmpty() ? host::DefaultSkin() : options->skin;
+    const QString skin = SkinOf(*options);
     if (!QFileInfo(skin).isFile()) {
         error = skin + QStringLiteral(": expected a skin file");
         return std::nullopt;
@@ -72,9 +89,12 @@ int Open(const Start& start)
     window.resize(start.options.size);
     if (!window.CreateTimeline(start.skin) || !window.SetScene(start.scene))
         return Fail(start.skin + QStringLiteral(": expected a skin with every section and key"));
+    const bool isInteractive = IsInteractive(start.options);
+    if (isInteractive)
+        new host::WindowLayout(window, start.options.isSizeGiven); // the window's
     window.show();
     window.GotoFrame(start.options.frame);
-    if (!start.options.screenshot.isEmpty() || !start.options.screenGrab.isEmpty())
+    if (!isInteractive)
         return WritePicture(window, start.options);
     return QApplication::exec();
 }
@@ -83,6 +103,10 @@ int Open(const Start& start)
 
 int main(int argc, char** argv)
 {
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QCoreApplication::setOrganizationName(QStringLiteral("kestova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestova-host"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTOVA_HOST_VERSION));
     std::optional<Start> start;
@@ -94,6 +118,6 @@ int main(int argc, char** argv)
     if (!start)
         return Fail(error);
     QApplication application(argc, argv);
-    host::ApplyDarkTheme(application);
+    host::ApplyTheme(application, host::ThemeOfSkin(start->skin));
     return Open(*start);
 }
