@@ -8,6 +8,7 @@
 #include "RowModes.h"
 #include "SkinMenu.h"
 #include "StatusLine.h"
+#include "SwitchArrows.h"
 #include "Theme.h"
 #include "TimelineMenu.h"
 #include "TimelinePane.h"
@@ -130,6 +131,7 @@ bool MainWindow::DrawIn(const QString& skinPath)
     TimelineWindow* const window = Window();
     connect(window, &TimelineWindow::CurrentFrameChanged, this, &MainWindow::CurrentFrameChanged);
     connect(window, &TimelineWindow::Refreshed, m_timelineMenu, &TimelineMenu::Update);
+    connect(&window->Pane(), &TimelinePane::ViewResized, this, &MainWindow::ShowArrows);
     m_timelineMenu->SetWindow(window);
     m_statusLine->SetPane(&window->Pane());
     findChild<PointerWatch*>(QStringLiteral("pointer"))->Watch(window->Pane().Viewport());
@@ -144,7 +146,9 @@ bool MainWindow::ShowSkin(const QString& skinPath)
     const bool isClipSpeed = IsClipSpeed();
     const int scrolled = Window()->Pane().VerticalScroll();
     const bool isShown = RedrawIn(skinPath);
-    if (!isShown) {
+    if (isShown) {
+        m_skinMenu->SetCurrent(skinPath);
+    } else {
         RedrawIn(Skin());
         Tell(tr("%1: expected a skin with every section and key").arg(skinPath));
     }
@@ -162,10 +166,17 @@ bool MainWindow::RedrawIn(const QString& skinPath)
     if (!DrawIn(skinPath) || !m_tracks.Show(CurrentScene()))
         return false;
     m_captionButtons.ShowAll();
+    ShowArrows();
     Window()->SetTimeBase(CurrentScene().frameRate, CurrentScene().frameCount);
     m_manager.ShowTimelineWnd(true);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // the view takes its place
     return true;
+}
+
+void MainWindow::ShowArrows()
+{
+    if (QWidget* const timeline = Window()->Pane().Timeline())
+        ShowSwitchArrows(m_manager, m_tracks, CurrentScene(), timeline->width());
 }
 
 QString MainWindow::Skin() const
@@ -192,6 +203,7 @@ bool MainWindow::SetScene(const Scene& scene)
     if (!m_tracks.Show(scene))
         return false;
     m_captionButtons.ShowAll();
+    ShowArrows();
     if (CTimelineTrackBase* const lips = m_manager.GetLipsTrack())
         m_manager.SetActiveChildTrack(lips);
     return true;

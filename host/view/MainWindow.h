@@ -66,6 +66,7 @@ private:
     void WatchPointer();
     bool DrawIn(const QString& skinPath);
     bool RedrawIn(const QString& skinPath);
+    void ShowArrows();
     void UpdateCommands();
     void TellOfLocks(TLEditType type, const TrackList& list);
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);

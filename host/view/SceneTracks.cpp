@@ -3,6 +3,8 @@
 #include "RowModes.h"
 #include "document/RowStates.h"
 
+#include <QSet>
+
 #include <array>
 
 namespace host {
@@ -18,8 +20,10 @@ constexpr std::array<TL_TRACK_TYPE, 6> kTrackTypes{TL_TRACK_SWITCH,         TL_T
                                                    TL_TRACK_TRANSITION_KEY, TL_TRACK_LINK_KEY,
                                                    TL_TRACK_VISEME_KEY,     TL_TRACK_CLIP};
 
+constexpr int kNoKind = -1; ///< a relation that the timeline knows nothing of
+
 /// The timeline's number for each RelationKind, in the order of the enumeration.
-constexpr std::array<int, 3> kRelationKinds{0, 1, 3};
+constexpr std::array<int, 4> kRelationKinds{0, 1, 3, kNoKind};
 
 template <class Table, class Enumeration>
 auto Entry(const Table& table, Enumeration value)
@@ -52,6 +56,7 @@ bool SceneTracks::Show(const Scene& scene)
                 SetRowShown(scene, row, IsRowShown(scene, row));
         }
     }
+    ShowRelatedKeys(scene);
     m_shown = scene;
     m_manager.InvalidateTimeline();
     return true;
@@ -66,6 +71,7 @@ void SceneTracks::ShowKeys(const Scene& scene, const QVector<TrackId>& touched)
             continue;
         m_keys.Update(*keys, track.keys);
     }
+    ShowRelatedKeys(scene);
     m_shown = scene;
     m_manager.InvalidateTimeline();
 }
@@ -124,12 +130,33 @@ void SceneTracks::Fill(const SceneTrack& track)
         keys->AddKeys(m_keys.Make(track.keys), false);
 }
 
+void SceneTracks::ShowRelatedKeys(const Scene& scene)
+{
+    QSet<TrackId> emptied; // a row may follow several
+    for (const TrackRelation& relation : scene.relations) {
+        const CTimelineKeyArray* const source =
+            relation.kind == RelationKind::RelatedKeys ? KeysOf(relation.tracks.value(0)) : nullptr;
+        for (int i = 1; source && i < relation.tracks.size(); ++i) {
+            CTimelineKeyArray* const keys = KeysOf(relation.tracks[i]);
+            if (!keys)
+                continue;
+            if (!emptied.contains(relation.tracks[i]))
+                keys->RelatedRemoveAll();
+            emptied.insert(relation.tracks[i]);
+            for (const VZ::CPointer<CTimelineKey>& key : source->Keys())
+                keys->RelatedAdd(m_keys.Related(*key).Get(), false);
+        }
+    }
+}
+
 void SceneTracks::Relate(const QVector<TrackRelation>& relations)
 {
     std::vector<_tmpTLRelatedMap> table;
     for (const TrackRelation& relation : relations) {
         _tmpTLRelatedMap row;
         row.kind = Entry(kRelationKinds, relation.kind);
+        if (row.kind == kNoKind)
+            continue;
         for (const TrackId id : relation.tracks)
             row.tracks.push_back(TrackOf(id));
         table.push_back(row);

@@ -40,6 +40,7 @@ private:
     void Clear();
     bool MakeTrack(const SceneTrack& track);
     void Fill(const SceneTrack& track);
+    void ShowRelatedKeys(const Scene& scene);
     void Relate(const QVector<TrackRelation>& relations);
 
     CTimelineManager& m_manager;

@@ -76,13 +76,13 @@ QAction* TimelinePane::AddTool(const QString& text, const QString& tip)
 {
     auto* const tool = new QAction(text, this);
     tool->setToolTip(tip);
-    m_toolBar->insertAction(m_space, tool);
+    m_toolBar->insertAction(m_clipSpeed ? m_clipSpeed : m_space, tool);
     return tool;
 }
 
 void TimelinePane::AddSeparator()
 {
-    m_toolBar->insertSeparator(m_space);
+    m_toolBar->insertSeparator(m_clipSpeed);
 }
 
 void TimelinePane::SetClipSpeed(bool isSpeed)

@@ -30,9 +30,9 @@ public:
     void SetVerticalScroll(int pixels);
 
     void SetFrameText(const QString& text);
-    /// Appends a button to the tool bar; the action is the pane's.
+    /// Adds a button before that for the ends of clips; the action is the pane's.
     QAction* AddTool(const QString& text, const QString& tip);
-    /// Appends what separates buttons.
+    /// Adds what separates buttons.
     void AddSeparator();
     /// What the end of a clip changes: its speed or its loops.
     void SetClipSpeed(bool isSpeed);
@@ -50,7 +50,7 @@ protected:
 private:
     QToolBar* m_toolBar;
     QAction* m_space = nullptr; ///< between the buttons and the frame display
-    QAction* m_clipSpeed;
+    QAction* m_clipSpeed = nullptr;
     QLabel* m_frameLabel;
     QScrollArea* m_view;
 };

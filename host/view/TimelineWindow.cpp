@@ -43,14 +43,13 @@ TimelineWindow::TimelineWindow(QDockWidget* dock) : m_dock(dock), m_pane(new Tim
 
 void TimelineWindow::AddTools()
 {
-    m_pane->AddSeparator();
     int command = 0;
     for (const Tool& tool : kTools) {
         QAction* const action = m_pane->AddTool(tr(tool.text), tr(tool.tip));
         const auto stands = static_cast<ViewCommand>(command++);
         connect(action, &QAction::triggered, this, [this, stands] { Do(stands); });
         m_tools.push_back(action);
-        if (stands == ViewCommand::ShowClosest)
+        if (stands == ViewCommand::ShowClosest || stands == ViewCommand::NextKey)
             m_pane->AddSeparator();
     }
 }
@@ -70,8 +69,10 @@ bool TimelineWindow::Can(ViewCommand command)
 
 void TimelineWindow::Do(ViewCommand command)
 {
-    if (Can(command))
-        (this->*kTools[static_cast<int>(command)].run)();
+    if (!Can(command))
+        return;
+    (this->*kTools[static_cast<int>(command)].run)();
+    OnTimelineRefreshed(); // the timeline does not tell of what it was told to do
 }
 
 void TimelineWindow::SetClipSpeed(bool isSpeed)

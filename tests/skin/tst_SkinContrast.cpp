@@ -40,13 +40,18 @@ QByteArray RowName(const QString& text)
 
 } // namespace
 
-/// Text of the default skin keeps a contrast of at least 4.5 to 1 against every ground it is
+/// Text of a skin keeps a contrast of at least 4.5 to 1 against every ground it is
 /// painted on.
 class tst_SkinContrast : public QObject
 {
     Q_OBJECT
     KestovaTest::SkinMap m_skin;
+    QString m_path;
 
+public:
+    explicit tst_SkinContrast(const QString& path) : m_path(path) {}
+
+private:
     /// The rows of the ruler on which its numbers stand.
     QRect LabelRows() const
     {
@@ -64,7 +69,7 @@ class tst_SkinContrast : public QObject
 private slots:
     void initTestCase()
     {
-        QFile file(QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini"));
+        QFile file(m_path);
         QVERIFY(file.open(QIODevice::ReadOnly));
         m_skin = KestovaTest::SkinMap(file.readAll());
     }
