@@ -1,10 +1,13 @@
 #include "Contrast.h"
 #include "SkinSchema.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QFontMetrics>
 #include <QImage>
 #include <QTest>
+
+#include <cstdio>
 
 namespace {
 
@@ -256,5 +259,18 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_SkinContrast)
+/// Every skin that comes with the library is held to it.
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    int failures = 0;
+    for (const char* const skin : {"default.ini", "contrast.ini"}) {
+        const QByteArray path = QByteArray(KESTOVA_SOURCE_DIR "/skins/") + skin;
+        std::printf("%s\n", path.constData());
+        tst_SkinContrast test(QString::fromUtf8(path));
+        failures += QTest::qExec(&test, argc, argv);
+    }
+    return failures;
+}
+
 #include "tst_SkinContrast.moc"
