@@ -19,7 +19,8 @@ enum class RelationKind
 {
     SharedTimeRange, ///< the others show the first track's time range
     SharedSelection, ///< selecting a key selects the keys of its frame on all of them
-    ClipBars         ///< the others show the first track's clips as bars
+    ClipBars,        ///< the others show the first track's clips as bars
+    RelatedKeys      ///< the others show the first track's keys beside their own
 };
 
 struct TrackRelation

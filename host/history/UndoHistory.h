@@ -1,7 +1,7 @@
 #pragma once
 
-#include "TimelineState.h"
 #include "document/EditSession.h"
+#include "view/TimelineState.h"
 
 #include <QUndoStack>
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kSpeedRange = 4;     ///< a clip may be played up to this many times faster or slower
 constexpr int kLongestBlend = 12;  ///< frames
+constexpr int kJointStyle = 4;     ///< with buttons for a new key and for the row's menu
 constexpr int kBlendsPerClip = 4;  ///< a blend takes at most this part of its clip
 constexpr double kFeetShare = 0.3; ///< of the time that the rows take to be made
 
@@ -80,6 +81,7 @@ TrackId AddJointRow(Scene& scene, TrackId root, int joint)
 {
     const QString name = scene.motion.joints[joint].name;
     SceneTrack row = MakeRow(TrackKind::Key, name, CaptionOfJoint(name), root);
+    row.styleNumber = kJointStyle;
     const auto rotations = JointRotations(scene.motion, joint, scene.frameRate);
     for (int frame : RotationKeyFrames(rotations)) {
         SceneKey key;
@@ -137,10 +139,14 @@ std::optional<BodyRows> AddBodyTracks(Scene& scene, const ImportProgress& progre
         rows.joints.append(AddJointRow(scene, root, joint));
     }
 
-    for (const FootContacts& foot : feet) {
+    for (int i = 0; i < feet.size(); ++i) {
+        const FootContacts& foot = feet[i];
         const QVector<TrackId> limb = LimbOf(scene.motion, rows.joints, foot.joint);
         GroupFirstContact(scene, foot, limb);
         scene.relations.append({RelationKind::SharedSelection, limb});
+        // Where the foot touches and leaves the ground is seen beside its keys.
+        scene.relations.append(
+            {RelationKind::RelatedKeys, {rows.contacts[i], rows.joints[foot.joint]}});
     }
     scene.relations.append({RelationKind::SharedTimeRange, QVector<TrackId>{motion} + rows.joints});
     scene.relations.append({RelationKind::ClipBars, QVector<TrackId>{motion} + rows.blends});

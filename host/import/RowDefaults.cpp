@@ -20,8 +20,9 @@ QVector<EditMode> EditModesOf(TrackKind kind)
         return kRowModes + QVector<EditMode>{EditMode::LoopClip, EditMode::ChangeClipSpeed,
                                              EditMode::TrimClip, EditMode::BreakClip};
     case TrackKind::Viseme:
-        return {EditMode::EditSubKeys,    EditMode::MoveKeys,   EditMode::Delete,
-                EditMode::SelectPrevious, EditMode::SelectNext, EditMode::SelectAll};
+        return {EditMode::EditSubKeys, EditMode::MoveKeys,       EditMode::SelectTimeRange,
+                EditMode::Delete,      EditMode::SelectPrevious, EditMode::SelectNext,
+                EditMode::SelectAll};
     case TrackKind::Transition:
         return kKeyModes + QVector<EditMode>{EditMode::TrimClip};
     case TrackKind::Key:

@@ -12,6 +12,25 @@ namespace host {
 namespace {
 
 constexpr int kFewestFrames = 2; ///< a clip of one step shows two frames
+constexpr int kWideButtons = 3;
+constexpr int kNarrowButtons = 2;
+
+/// As the captions of the timeline show it, which fits a narrow button: "L Fore Arm".
+QString Shortened(QString caption)
+{
+    for (const QString& side : {QStringLiteral("Left "), QStringLiteral("Right ")}) {
+        if (caption.startsWith(side))
+            caption.remove(1, side.size() - 2);
+    }
+    return caption;
+}
+
+TrackId AddSwitchRow(Scene& scene, const QString& name, int style)
+{
+    SceneTrack row = MakeRow(TrackKind::Switch, name, name, kNoTrack);
+    row.styleNumber = style;
+    return scene.AddTrack(row);
+}
 
 void AddButton(SceneTrack& row, const QString& text, const QVector<TrackId>& tracks)
 {
@@ -44,8 +63,10 @@ std::optional<Scene> BuildScene(const Motion& motion, const SpokenLine& line,
                                  SceneFramesOf(line, scene.frameRate)});
     scene.timeMark = {0, scene.frameCount - 1};
 
-    const TrackId layers = scene.AddTrack(
-        MakeRow(TrackKind::Switch, QStringLiteral("Layers"), QStringLiteral("Layers"), kNoTrack));
+    const TrackId layers = AddSwitchRow(scene, QStringLiteral("Layers"), kWideButtons);
+    const TrackId joints = motion.joints.isEmpty()
+                               ? kNoTrack
+                               : AddSwitchRow(scene, QStringLiteral("Joints"), kNarrowButtons);
     FaceRows face;
     std::optional<BodyRows> body = BodyRows();
     if (build.withFace || !line.cues.isEmpty())
@@ -55,6 +76,8 @@ std::optional<Scene> BuildScene(const Motion& motion, const SpokenLine& line,
     if (!body)
         return std::nullopt;
     AddLayerButtons(*scene.FindTrack(layers), face, *body);
+    for (const TrackId joint : qAsConst(body->joints))
+        AddButton(*scene.FindTrack(joints), Shortened(scene.FindTrack(joint)->caption), {joint});
     return scene;
 }
 

@@ -1,5 +1,7 @@
 #include "SoundPlan.h"
 
+#include "document/RowStates.h"
+
 #include <algorithm>
 #include <tuple>
 
@@ -43,11 +45,8 @@ void AddRow(const SceneTrack& row, const Scene& scene, SoundPlan& plan)
 SoundPlan SoundsOf(const Scene& scene)
 {
     SoundPlan plan;
-    const bool isAnySoloed = std::any_of(scene.tracks.cbegin(), scene.tracks.cend(),
-                                         [](const SceneTrack& track) { return track.soloed; });
     for (const SceneTrack& track : scene.tracks) {
-        const bool isHeard = !track.muted && (track.soloed || !isAnySoloed);
-        if (track.kind == TrackKind::Clip && isHeard && scene.frameRate > 0)
+        if (track.kind == TrackKind::Clip && TakesPart(scene, track) && scene.frameRate > 0)
             AddRow(track, scene, plan);
     }
     return plan;

@@ -1,8 +1,8 @@
 #include "FigurePose.h"
 
 #include "ClipPlace.h"
-#include "PlayedRows.h"
 #include "Skeleton.h"
+#include "document/RowStates.h"
 
 #include <algorithm>
 #include <iterator>
@@ -156,12 +156,13 @@ private:
 /// Puts the joints whose rows are muted into rest.
 void RestMuted(const Scene& scene, const SceneTrack& motionRow, const Places& rest, Places& places)
 {
-    const bool onlySoloed = HasSolo(scene) && !IsSoloed(scene, motionRow);
+    const bool onlySoloed = IsAnySoloed(scene) && !IsInState(scene, motionRow, RowState::Soloed);
     for (int i = 0; i < places.size(); ++i) {
         const Joint& joint = scene.motion.joints[i];
         const SceneTrack* const row = FindRow(scene, TrackKind::Key, joint.name);
-        const bool isMuted = IsMuted(scene, motionRow) || (row && IsMuted(scene, *row));
-        const bool isSilenced = onlySoloed && !(row && IsSoloed(scene, *row));
+        const bool isMuted = IsInState(scene, motionRow, RowState::Muted) ||
+                             (row && IsInState(scene, *row, RowState::Muted));
+        const bool isSilenced = onlySoloed && !(row && IsInState(scene, *row, RowState::Soloed));
         if (isMuted || isSilenced)
             places[i] = RestingAt(rest[i], places[i], joint.parent < 0);
     }
@@ -175,7 +176,7 @@ FigurePose FigureAt(const Scene& scene, int frame)
     if (!row)
         return RestPose(scene.motion);
     const SceneTrack* const blends = FindSibling(scene, TrackKind::Transition, row->parent);
-    const bool isBlended = blends && !IsMuted(scene, *blends);
+    const bool isBlended = blends && !IsInState(scene, *blends, RowState::Muted);
     const ClipPoser poser(scene, *row, isBlended ? blends : nullptr);
     Places places = poser.At(frame);
     RestMuted(scene, *row, poser.Rest(), places);

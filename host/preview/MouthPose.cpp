@@ -1,8 +1,8 @@
 #include "MouthPose.h"
 
 #include "ClipPlace.h"
-#include "PlayedRows.h"
 #include "document/MouthShapes.h"
+#include "document/RowStates.h"
 
 #include <algorithm>
 #include <array>
@@ -110,7 +110,7 @@ QVector<SceneKey> BlendsBeside(const Scene& scene, const SceneTrack& lips)
 {
     for (const SceneTrack& row : scene.tracks) {
         if (row.kind == TrackKind::Transition && row.parent == lips.parent)
-            return IsMuted(scene, row) ? QVector<SceneKey>() : row.keys;
+            return IsInState(scene, row, RowState::Muted) ? QVector<SceneKey>() : row.keys;
     }
     return {};
 }
@@ -178,7 +178,7 @@ MouthPose Blended(const MouthPose& a, const MouthPose& b, float share)
 MouthPose MouthAt(const Scene& scene, int frame)
 {
     const SceneTrack* const lips = FindLips(scene);
-    if (!lips || !IsPlayed(scene, *lips))
+    if (!lips || !TakesPart(scene, *lips))
         return PoseOfShape(kClosedMouth);
     const QVector<SceneKey> blends = BlendsBeside(scene, *lips);
     if (const std::optional<MouthPose> pose = PoseInBlend(lips->keys, blends, frame))

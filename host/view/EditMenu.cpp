@@ -1,6 +1,7 @@
 #include "EditMenu.h"
 
 #include "KeyCommands.h"
+#include "RowModes.h"
 
 #include <QAction>
 #include <QMenu>
@@ -24,7 +25,7 @@ struct Entry
 constexpr Entry kSeparatorEntry{TL_EDIT_BEGIN, nullptr, nullptr};
 
 /// The entries of both menus. In a row's menu the timeline gives those that are named Cut, Copy,
-/// Paste, Delete and Break their shortcuts. Tab and Shift+Tab, which select, are its own.
+/// Paste, Delete and Break their shortcuts. Tab and Shift+Tab select too: those are its own.
 constexpr std::array<Entry, 11> kEntries{{
     {TL_EDIT_CUT, QT_TRANSLATE_NOOP("EditMenu", "Cut"), "Ctrl+X"},
     {TL_EDIT_COPY, QT_TRANSLATE_NOOP("EditMenu", "Copy"), "Ctrl+C"},
@@ -35,8 +36,8 @@ constexpr std::array<Entry, 11> kEntries{{
     {TL_EDIT_BREAK, QT_TRANSLATE_NOOP("EditMenu", "Break"), "Ctrl+B"},
     kSeparatorEntry,
     {TL_EDIT_SELECT_ALL, QT_TRANSLATE_NOOP("EditMenu", "Select All"), "Ctrl+A"},
-    {TL_EDIT_SELECT_PREVIOUS, QT_TRANSLATE_NOOP("EditMenu", "Select Previous"), nullptr},
-    {TL_EDIT_SELECT_NEXT, QT_TRANSLATE_NOOP("EditMenu", "Select Next"), nullptr},
+    {TL_EDIT_SELECT_PREVIOUS, QT_TRANSLATE_NOOP("EditMenu", "Select Previous"), "Alt+Left"},
+    {TL_EDIT_SELECT_NEXT, QT_TRANSLATE_NOOP("EditMenu", "Select Next"), "Alt+Right"},
 }};
 
 } // namespace
@@ -67,11 +68,17 @@ void EditMenu::UpdateActions()
     }
 }
 
-void EditMenu::FillRowMenu(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& menu)
+void EditMenu::FillRowMenu(CTimelineTrackBase* track, bool isLocked,
+                           std::vector<_tmpTLMenuMapData*>& menu)
 {
     m_rowEntries.assign(kEntries.size(), _tmpTLMenuMapData());
+    bool isGroupEmpty = true; // of the entries since the last separator
     for (std::size_t i = 0; i < kEntries.size(); ++i) {
         const Entry& entry = kEntries[i];
+        const bool isOffered = entry.text ? !isLocked || !ChangesKeys(entry.type) : !isGroupEmpty;
+        if (!isOffered)
+            continue;
+        isGroupEmpty = !entry.text;
         _tmpTLMenuMapData& made = m_rowEntries[i];
         made.command = entry.text ? entry.type : kSeparator;
         made.text = entry.text ? tr(entry.text) : QString();

@@ -25,8 +25,10 @@ public:
     /// Enables what is possible now.
     void UpdateActions();
 
-    /// Appends the entries for a row, which stay this object's until the next call.
-    void FillRowMenu(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& menu);
+    /// Appends the entries for a row, which stay this object's until the next call. @p isLocked
+    /// leaves out those that change keys.
+    void FillRowMenu(CTimelineTrackBase* track, bool isLocked,
+                     std::vector<_tmpTLMenuMapData*>& menu);
     /// Does what an entry of a row's menu stands for.
     void RunFromRow(CTimelineTrackBase* track, int command);
 

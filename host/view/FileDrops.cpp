@@ -6,6 +6,9 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <array>
+#include <cmath>
+
 namespace host {
 
 namespace {
@@ -15,6 +18,24 @@ QString Translated(const char* text)
     return QCoreApplication::translate("FileDrops", text);
 }
 
+/// Why a sound may not be dropped on a row of that kind, in the order of TrackKind; null where it
+/// may.
+constexpr std::array<const char*, 6> kReasons{
+    QT_TRANSLATE_NOOP("FileDrops", "%1: a row of buttons takes no files"),
+    QT_TRANSLATE_NOOP("FileDrops", "%1: sounds go on a row of clips"),
+    QT_TRANSLATE_NOOP("FileDrops", "%1: sounds go on a row of clips"),
+    QT_TRANSLATE_NOOP("FileDrops", "%1: sounds go on a row of clips"),
+    QT_TRANSLATE_NOOP("FileDrops",
+                      "%1: mouth shapes come from mouth cues, sounds go on a row of clips"),
+    nullptr,
+};
+
+/// A clip's length counts the steps between its frames.
+int ClipLengthOf(double seconds, int frameRate)
+{
+    return std::max(1, static_cast<int>(std::ceil(seconds * frameRate)) - 1);
+}
+
 } // namespace
 
 FileDrops::FileDrops(CTimelineManager& manager, SceneTracks& tracks, EditSession& session)
@@ -22,9 +43,9 @@ FileDrops::FileDrops(CTimelineManager& manager, SceneTracks& tracks, EditSession
 {
 }
 
-void FileDrops::Hold(CTimelineTrackBase* track, const QString& path)
+void FileDrops::Hold(CTimelineTrackBase* track, const QString& path, int frame)
 {
-    const QString reason = ReasonAgainst(track, path);
+    const QString reason = ReasonAgainst(track, path, frame);
     const bool isWelcome = reason.isEmpty();
     m_manager.SetEnableDragEnterFiletype(false, false, false, false, isWelcome, false);
     if (!isWelcome)
@@ -34,7 +55,7 @@ void FileDrops::Hold(CTimelineTrackBase* track, const QString& path)
 bool FileDrops::Drop(TLDropFileType type, const QString& path)
 {
     CTimelineTrackBase* const track = m_manager.GetActiveChildTrack();
-    const QString reason = ReasonAgainst(track, path);
+    const QString reason = ReasonAgainst(track, path, m_manager.GetCurrentFrame());
     if (type != TL_DROP_SOUND_FIRST || !reason.isEmpty()) {
         Tell(reason);
         return false;
@@ -57,14 +78,26 @@ bool FileDrops::Drop(TLDropFileType type, const QString& path)
     return true;
 }
 
-QString FileDrops::ReasonAgainst(CTimelineTrackBase* track, const QString& path) const
+QString FileDrops::ReasonAgainst(CTimelineTrackBase* track, const QString& path, int frame) const
 {
     const QFileInfo file(path);
+    const auto because = [&file](const char* reason) {
+        return Translated(reason).arg(file.fileName());
+    };
     if (file.suffix().compare(QLatin1String("wav"), Qt::CaseInsensitive) != 0)
-        return Translated("%1: expected a sound file (.wav)").arg(file.fileName());
-    const SceneTrack* const row = m_session.Current().FindTrack(m_tracks.IdOf(track));
-    if (!row || row->kind != TrackKind::Clip)
-        return Translated("%1: sounds go on a row of clips").arg(file.fileName());
+        return because("%1: expected a sound file (.wav)");
+    const Scene& scene = m_session.Current();
+    const SceneTrack* const row = scene.FindTrack(m_tracks.IdOf(track));
+    if (!row)
+        return because("%1: sounds go on a row of clips");
+    if (const char* const reason = kReasons.at(static_cast<std::size_t>(row->kind)))
+        return because(reason);
+    if (row->locked)
+        return because("%1: the row is locked");
+    if (frame < 0 || frame >= scene.frameCount)
+        return because("%1: the scene ends before this frame");
+    if (m_manager.CheckIdleClip(track, frame))
+        return because("%1: a locked clip is in the way");
     return {};
 }
 

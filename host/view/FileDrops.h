@@ -20,13 +20,13 @@ public:
     /// Called when the session's scene got longer or has keys that the timeline does not show yet.
     std::function<void()> sceneChanged;
 
-    /// Says to the timeline whether the file may be dropped on that track.
-    void Hold(CTimelineTrackBase* track, const QString& path);
+    /// Says to the timeline whether the file may be dropped on that frame of the track.
+    void Hold(CTimelineTrackBase* track, const QString& path, int frame);
     /// The file was dropped on the active track at the current frame. False when it is not taken.
     bool Drop(TLDropFileType type, const QString& path);
 
 private:
-    QString ReasonAgainst(CTimelineTrackBase* track, const QString& path) const;
+    QString ReasonAgainst(CTimelineTrackBase* track, const QString& path, int frame) const;
     void Tell(const QString& text) const;
 
     CTimelineManager& m_manager;

@@ -129,6 +129,8 @@ void GestureEdits::TakeSelection(const QVector<TrackId>& rows)
     m_rows = rows;
     m_moved = 0;
     m_moving = SelectionOn(m_tracks, m_session.Current(), rows);
+    const auto isLocked = [this](const KeySelection& keys) { return IsLocked(keys.track); };
+    m_moving.erase(std::remove_if(m_moving.begin(), m_moving.end(), isLocked), m_moving.end());
 }
 
 int GestureEdits::MoveBy(int frames, const QVector<TrackId>& rows)
@@ -150,10 +152,16 @@ int GestureEdits::Step(const QString& name, const Scene& scene)
     return kDone;
 }
 
+bool GestureEdits::IsLocked(TrackId row) const
+{
+    const SceneTrack* const track = m_session.Current().FindTrack(row);
+    return track && track->locked;
+}
+
 KeyId GestureEdits::KeyOf(const Message& message) const
 {
     const CTimelineKeyArray* const keys = m_tracks.KeysOf(message.rows.first());
-    return keys ? KeyIdAt(*keys, message.value1) : kNoKey;
+    return keys && !IsLocked(message.rows.first()) ? KeyIdAt(*keys, message.value1) : kNoKey;
 }
 
 } // namespace host

@@ -40,7 +40,9 @@ private:
     void TakeSelection(const QVector<TrackId>& rows);
     int MoveBy(int frames, const QVector<TrackId>& rows);
     int Step(const QString& name, const Scene& scene);
-    /// The key that a message about a clip's edge or a blend's handle speaks of.
+    bool IsLocked(TrackId row) const;
+    /// The key that a message about a clip's edge or a blend's handle speaks of; none on a locked
+    /// row.
     KeyId KeyOf(const Message& message) const;
 
     SceneTracks& m_tracks;

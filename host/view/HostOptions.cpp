@@ -72,7 +72,8 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
     options.skin = parser.value(known.skin);
     options.screenshot = parser.value(known.screenshot);
     options.screenGrab = parser.value(known.screenGrab);
-    if (parser.isSet(known.size) && !ParseSize(parser.value(known.size), options.size)) {
+    options.isSizeGiven = parser.isSet(known.size);
+    if (options.isSizeGiven && !ParseSize(parser.value(known.size), options.size)) {
         error = QStringLiteral("--size: expected WIDTHxHEIGHT in pixels, such as 1280x720");
         return std::nullopt;
     }

@@ -14,6 +14,7 @@ struct HostOptions
     QStringList files;        ///< scene files; none means the sample scene
     QString skin;             ///< skin file; empty means the default skin
     QSize size{1280, 720};    ///< of the window, in pixels
+    bool isSizeGiven = false; ///< else the window opens as it was left
     std::optional<int> frame; ///< current frame at the start; none: the document's, or the first
     QString screenshot;       ///< write a picture of the window here and leave; empty: stay
     QString screenGrab;       ///< the same, taken from the screen

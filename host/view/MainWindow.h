@@ -1,8 +1,10 @@
 #pragma once
 
+#include "CaptionButtons.h"
 #include "FileDrops.h"
 #include "GestureEdits.h"
 #include "KeyCommands.h"
+#include "RangeCommands.h"
 #include "SceneTracks.h"
 #include "TimelineCallbacks.h"
 #include "TimelineWindowFactory.h"
@@ -18,6 +20,10 @@ namespace host {
 
 class EditMenu;
 class ImportCommand;
+class RowMenu;
+class SkinMenu;
+class StatusLine;
+class TimelineMenu;
 class TimelineWindow;
 class Transport;
 
@@ -42,6 +48,15 @@ public:
     /// Makes @p frame current, or the last one when there are fewer, and brings it into view.
     void GotoFrame(int frame);
 
+    /// Draws the timeline in that skin, and the window in the theme that goes with it; scene,
+    /// selection, current frame and view stay. False, and all stays, when the skin is not complete.
+    bool ShowSkin(const QString& skinPath);
+    /// The path of the skin.
+    QString Skin() const;
+    /// What the end of a clip changes: its speed or its loops.
+    bool IsClipSpeed();
+    void SetClipSpeed(bool isSpeed);
+
     /// The scene with all edits so far.
     const Scene& CurrentScene() const { return m_session.Current(); }
     /// The scene and the edit under way; its signals tell of every change.
@@ -64,15 +79,23 @@ signals:
 
 private:
     void ConnectTimeline();
+    void ConnectHistory();
     void ConnectImport();
-    void ConnectPlayback();
+    void AddPlayback();
+    void AddMenus();
+    void WatchPointer();
+    bool DrawIn(const QString& skinPath);
+    bool RedrawIn(const QString& skinPath);
     void ShowTimes(const Scene& scene);
     void ShowScene();
-    void ConnectHistory();
+    void ShowRowStates();
+    void ShowArrows();
+    void UpdateCommands();
+    void TellOfLocks(TLEditType type, const TrackList& list);
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
-    void ClickCaptionButton(CTimelineTrackBase* track, int button);
+    void ClickCaptionButton(CTimelineTrackBase* track, int button, QPoint place);
     TimelineWindow* Window();
 
     // Destroyed from the last to the first: the manager goes before what it calls.
@@ -84,12 +107,19 @@ private:
     GestureEdits m_gestures;
     KeyCommands m_commands;
     FileDrops m_drops;
+    CaptionButtons m_captionButtons;
+    RangeCommands m_ranges;
     CTimelineManager m_manager;
     UndoHistory m_history;
-    QMenu* m_fileMenu; // the menu bar's, as is the next one's
+    // The window's:
+    QMenu* m_fileMenu;
     EditMenu* m_editMenu;
     ImportCommand* m_import;
     Transport* m_transport;
+    TimelineMenu* m_timelineMenu = nullptr;
+    SkinMenu* m_skinMenu = nullptr;
+    RowMenu* m_rowMenu = nullptr;
+    StatusLine* m_statusLine = nullptr;
 };
 
 } // namespace host

@@ -1,8 +1,10 @@
 #include "SceneTracks.h"
 
+#include "RowModes.h"
+#include "document/RowStates.h"
+
 #include <QSet>
 
-#include <algorithm>
 #include <array>
 
 namespace host {
@@ -18,28 +20,15 @@ constexpr std::array<TL_TRACK_TYPE, 6> kTrackTypes{TL_TRACK_SWITCH,         TL_T
                                                    TL_TRACK_TRANSITION_KEY, TL_TRACK_LINK_KEY,
                                                    TL_TRACK_VISEME_KEY,     TL_TRACK_CLIP};
 
-/// The timeline's number for each EditMode, in the order of the enumeration.
-constexpr std::array<TLEditType, 15> kEditTypes{
-    TL_EDIT_MOVE_KEYS,       TL_EDIT_CLIP_LOOP,   TL_EDIT_CLIP_SPEED, TL_EDIT_CLIP_TRIM,
-    TL_EDIT_TIME_RANGE,      TL_EDIT_SUB_KEYS,    TL_EDIT_CUT,        TL_EDIT_COPY,
-    TL_EDIT_PASTE,           TL_EDIT_DELETE,      TL_EDIT_INSERT_KEY, TL_EDIT_BREAK,
-    TL_EDIT_SELECT_PREVIOUS, TL_EDIT_SELECT_NEXT, TL_EDIT_SELECT_ALL};
+constexpr int kNoKind = -1; ///< a relation that the timeline knows nothing of
 
 /// The timeline's number for each RelationKind, in the order of the enumeration.
-constexpr std::array<int, 3> kRelationKinds{0, 1, 3};
+constexpr std::array<int, 4> kRelationKinds{0, 1, 3, kNoKind};
 
 template <class Table, class Enumeration>
 auto Entry(const Table& table, Enumeration value)
 {
     return table.at(static_cast<std::size_t>(value));
-}
-
-VZ::CArrayList<TLEditType> EditTypesOf(const SceneTrack& track)
-{
-    VZ::CArrayList<TLEditType> types;
-    for (const EditMode mode : track.editModes)
-        types.Add(Entry(kEditTypes, mode));
-    return types;
 }
 
 std::vector<_tmpTLSwitchBtnData> ButtonsOf(const SceneTrack& track)
@@ -64,9 +53,10 @@ bool SceneTracks::Show(const Scene& scene)
     for (const SceneTrack& track : scene.tracks) {
         for (const SwitchButton& button : track.buttons) {
             for (const TrackId row : button.tracks)
-                SetRowShown(scene, row, button.on);
+                SetRowShown(scene, row, IsRowShown(scene, row));
         }
     }
+    ShowRelatedKeys(scene);
     m_shown = scene;
     m_manager.InvalidateTimeline();
     return true;
@@ -125,8 +115,8 @@ void SceneTracks::UpdateRow(const Scene& scene, const SceneTrack& track, const S
     for (const SwitchButton& button : track.buttons) {
         for (const TrackId child : button.tracks) {
             const bool isShown = m_manager.GetChildTrackSortIndex(TrackOf(child)) >= 0;
-            if (isShown != button.on)
-                SetRowShown(scene, child, button.on);
+            if (isShown != IsRowShown(scene, child))
+                SetRowShown(scene, child, !isShown);
         }
     }
 }
@@ -140,6 +130,7 @@ void SceneTracks::ShowKeys(const Scene& scene, const QVector<TrackId>& touched)
             continue;
         m_keys.Update(*keys, track.keys);
     }
+    ShowRelatedKeys(scene);
     m_shown = scene;
     m_manager.InvalidateTimeline();
 }
@@ -198,12 +189,33 @@ void SceneTracks::Fill(const SceneTrack& track)
         keys->AddKeys(m_keys.Make(track.keys), false);
 }
 
+void SceneTracks::ShowRelatedKeys(const Scene& scene)
+{
+    QSet<TrackId> emptied; // a row may follow several
+    for (const TrackRelation& relation : scene.relations) {
+        const CTimelineKeyArray* const source =
+            relation.kind == RelationKind::RelatedKeys ? KeysOf(relation.tracks.value(0)) : nullptr;
+        for (int i = 1; source && i < relation.tracks.size(); ++i) {
+            CTimelineKeyArray* const keys = KeysOf(relation.tracks[i]);
+            if (!keys)
+                continue;
+            if (!emptied.contains(relation.tracks[i]))
+                keys->RelatedRemoveAll();
+            emptied.insert(relation.tracks[i]);
+            for (const VZ::CPointer<CTimelineKey>& key : source->Keys())
+                keys->RelatedAdd(m_keys.Related(*key).Get(), false);
+        }
+    }
+}
+
 void SceneTracks::Relate(const QVector<TrackRelation>& relations)
 {
     std::vector<_tmpTLRelatedMap> table;
     for (const TrackRelation& relation : relations) {
         _tmpTLRelatedMap row;
         row.kind = Entry(kRelationKinds, relation.kind);
+        if (row.kind == kNoKind)
+            continue;
         for (const TrackId id : relation.tracks)
             row.tracks.push_back(TrackOf(id));
         table.push_back(row);

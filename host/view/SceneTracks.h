@@ -50,6 +50,7 @@ private:
     void Fill(const SceneTrack& track);
     bool HasRowsOf(const Scene& scene) const;
     void UpdateRow(const Scene& scene, const SceneTrack& track, const SceneTrack& shown);
+    void ShowRelatedKeys(const Scene& scene);
     void Relate(const QVector<TrackRelation>& relations);
 
     CTimelineManager& m_manager;

@@ -42,9 +42,9 @@ int TimelineCallbacks::OnEditingKeys(TLEditType type,
     return keysEdited ? keysEdited(type, tracks, value1, value2) : kRefused;
 }
 
-void TimelineCallbacks::OnCaptionBtnChanged(CTimelineTrackBase* track, int button, QPoint)
+void TimelineCallbacks::OnCaptionBtnChanged(CTimelineTrackBase* track, int button, QPoint position)
 {
-    Tell(captionButtonClicked, track, button);
+    Tell(captionButtonClicked, track, button, position);
 }
 
 void TimelineCallbacks::OnQueryTrackRightMenu(CTimelineTrackBase* track,
@@ -74,9 +74,9 @@ bool TimelineCallbacks::OnTrackDropFile(TLDropFileType type, QString path)
     return fileDropped && fileDropped(type, path);
 }
 
-void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int)
+void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int type)
 {
-    Tell(fileHeld, track, path);
+    Tell(fileHeld, track, path, type);
 }
 
 } // namespace host

@@ -19,8 +19,8 @@ public:
     std::function<void(int mark, int frame, bool isFinal)> timeMarkMoved;
     /// A button of a switch row was switched on or off.
     std::function<void(CTimelineTrackBase* track, int button)> switchButtonToggled;
-    /// A button of a caption, by its number in the skin, was clicked.
-    std::function<void(CTimelineTrackBase* track, int button)> captionButtonClicked;
+    /// A button of a caption, by its number in the skin, was clicked at a place of the screen.
+    std::function<void(CTimelineTrackBase* track, int button, QPoint place)> captionButtonClicked;
     /// Keys are edited; 0 or more accepts, -1 refuses.
     std::function<int(TLEditType type, const VZ::CArrayList<CTimelineTrackBase*>& tracks,
                       int value1, int value2)>
@@ -30,8 +30,8 @@ public:
         menuOpening;
     /// An entry of the menu was chosen, by its number.
     std::function<void(CTimelineTrackBase* track, int command)> menuChosen;
-    /// A file is held over a track.
-    std::function<void(CTimelineTrackBase* track, const QString& path)> fileHeld;
+    /// A file is held over a frame of a track.
+    std::function<void(CTimelineTrackBase* track, const QString& path, int frame)> fileHeld;
     /// A file was dropped on the active track; true takes it.
     std::function<bool(TLDropFileType type, const QString& path)> fileDropped;
 

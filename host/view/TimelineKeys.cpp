@@ -100,6 +100,15 @@ void TimelineKeys::Update(CTimelineKeyArray& array, const QVector<SceneKey>& key
     array.AddKeys(updated, false);
 }
 
+VZ::CPointer<CTimelineKey> TimelineKeys::Related(const CTimelineKey& key)
+{
+    if (!m_relatedToken)
+        m_relatedToken = new GroupToken; // keys of a group are drawn in that look
+    VZ::CPointer<CTimelineKey> copy(new CTimelineKey(key));
+    copy->group = m_relatedToken;
+    return copy;
+}
+
 KeyId TimelineKeys::IdOf(const CTimelineKey& key)
 {
     return key.hostValue7;

@@ -22,6 +22,9 @@ public:
     /// selected.
     void Update(CTimelineKeyArray& array, const QVector<SceneKey>& keys);
 
+    /// A copy of another row's key, in the look of those that belong to others.
+    VZ::CPointer<CTimelineKey> Related(const CTimelineKey& key);
+
     /// The number of the scene key that @p key stands for, or is a copy of.
     static KeyId IdOf(const CTimelineKey& key);
     /// What @p key says, as a scene key without a number and without a group.
@@ -33,6 +36,7 @@ private:
     VZ::CPointer<CReltedGroupBase> TokenOf(GroupId group);
 
     QHash<GroupId, VZ::CPointer<CReltedGroupBase>> m_tokens;
+    VZ::CPointer<CReltedGroupBase> m_relatedToken;
 };
 
 } // namespace host

@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -12,6 +13,7 @@ namespace host {
 namespace {
 
 constexpr int kLabelMargin = 8; ///< pixels between the frame display and the edge
+constexpr int kRowHeight = 20;  ///< pixels that a notch of the wheel scrolls a third of
 
 } // namespace
 
@@ -19,20 +21,18 @@ TimelinePane::TimelinePane(QWidget* parent)
     : QWidget(parent), m_toolBar(new QToolBar(this)), m_frameLabel(new QLabel),
       m_view(new QScrollArea(this))
 {
-    m_zoomIn = m_toolBar->addAction(tr("Zoom In"), this, &TimelinePane::ZoomInRequested);
-    m_zoomOut = m_toolBar->addAction(tr("Zoom Out"), this, &TimelinePane::ZoomOutRequested);
-    m_zoomAll = m_toolBar->addAction(tr("Show All"), this, &TimelinePane::ZoomAllRequested);
-    m_toolBar->addSeparator();
-    QAction* const speed = m_toolBar->addAction(tr("Clip Speed"));
-    speed->setCheckable(true);
-    speed->setToolTip(tr("Let the end of a clip change its speed instead of its loops"));
-    connect(speed, &QAction::toggled, this, &TimelinePane::ClipSpeedToggled);
+    m_clipSpeed =
+        AddTool(tr("Clip Speed"),
+                tr("Let the end of a clip change its speed instead of its loops (Ctrl+E)"));
+    m_clipSpeed->setCheckable(true);
+    connect(m_clipSpeed, &QAction::toggled, this, &TimelinePane::ClipSpeedToggled);
     auto* const space = new QWidget;
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    m_toolBar->addWidget(space);
+    m_space = m_toolBar->addWidget(space);
     m_frameLabel->setContentsMargins(0, 0, kLabelMargin, 0);
     m_toolBar->addWidget(m_frameLabel);
 
+    m_view->verticalScrollBar()->setSingleStep(kRowHeight);
     m_view->setFrameShape(QFrame::NoFrame);
     m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the timeline has its own
     m_view->viewport()->installEventFilter(this);
@@ -72,11 +72,42 @@ void TimelinePane::SetFrameText(const QString& text)
     m_frameLabel->setText(text);
 }
 
-void TimelinePane::SetZoomEnabled(bool in, bool out, bool all)
+QAction* TimelinePane::AddTool(const QString& text, const QString& tip)
 {
-    m_zoomIn->setEnabled(in);
-    m_zoomOut->setEnabled(out);
-    m_zoomAll->setEnabled(all);
+    auto* const tool = new QAction(text, this);
+    tool->setToolTip(tip);
+    m_toolBar->insertAction(m_clipSpeed ? m_clipSpeed : m_space, tool);
+    return tool;
+}
+
+void TimelinePane::AddSeparator()
+{
+    m_toolBar->insertSeparator(m_clipSpeed);
+}
+
+void TimelinePane::SetClipSpeed(bool isSpeed)
+{
+    m_clipSpeed->setChecked(isSpeed);
+}
+
+int TimelinePane::VerticalScroll() const
+{
+    return m_view->verticalScrollBar()->value();
+}
+
+void TimelinePane::SetVerticalScroll(int pixels)
+{
+    m_view->verticalScrollBar()->setValue(pixels);
+}
+
+QWidget* TimelinePane::Timeline() const
+{
+    return m_view->widget();
+}
+
+QWidget* TimelinePane::Viewport() const
+{
+    return m_view->viewport();
 }
 
 QSize TimelinePane::sizeHint() const

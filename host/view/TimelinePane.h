@@ -25,27 +25,35 @@ public:
     /// Makes the timeline as wide as the view and @p height pixels high.
     void SetTimelineHeight(int height);
 
+    /// How far the rows are scrolled up, in pixels.
+    int VerticalScroll() const;
+    void SetVerticalScroll(int pixels);
+
     void SetFrameText(const QString& text);
-    void SetZoomEnabled(bool in, bool out, bool all);
+    /// Adds a button before that for the ends of clips; the action is the pane's.
+    QAction* AddTool(const QString& text, const QString& tip);
+    /// Adds what separates buttons.
+    void AddSeparator();
+    /// What the end of a clip changes: its speed or its loops.
+    void SetClipSpeed(bool isSpeed);
+    /// The timeline's widget, or null; and the part of the pane that it is seen in.
+    QWidget* Timeline() const;
+    QWidget* Viewport() const;
 
     /// The larger part of the window's height; the preview above has the rest.
     QSize sizeHint() const override;
 
 signals:
-    void ZoomInRequested();
-    void ZoomOutRequested();
-    void ZoomAllRequested();
-    void ClipSpeedToggled(bool isSpeed); ///< what the end of a clip changes: its speed or its loops
-    void ViewResized();                  ///< the view is wider or narrower than before
+    void ClipSpeedToggled(bool isSpeed);
+    void ViewResized(); ///< the view is wider or narrower than before
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QToolBar* m_toolBar;
-    QAction* m_zoomIn;
-    QAction* m_zoomOut;
-    QAction* m_zoomAll;
+    QAction* m_space = nullptr; ///< between the buttons and the frame display
+    QAction* m_clipSpeed = nullptr;
     QLabel* m_frameLabel;
     QScrollArea* m_view;
 };

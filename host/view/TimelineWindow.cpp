@@ -3,18 +3,55 @@
 #include "TimelinePane.h"
 #include "document/FrameText.h"
 
+#include <QAction>
 #include <QDockWidget>
 
 namespace host {
 
+struct TimelineWindow::Tool
+{
+    const char* text;
+    const char* tip;
+    bool (TimelineWindow::*can)();
+    void (TimelineWindow::*run)();
+};
+
+/// In the order of ViewCommand.
+const TimelineWindow::Tool TimelineWindow::kTools[] = {
+    {QT_TR_NOOP("Zoom In"), QT_TR_NOOP("Show fewer frames, larger (+, or Ctrl and the wheel)"),
+     &TimelineWindow::CanDoZoomIn, &TimelineWindow::DoZoomIn},
+    {QT_TR_NOOP("Zoom Out"), QT_TR_NOOP("Show more frames, smaller (-, or Ctrl and the wheel)"),
+     &TimelineWindow::CanDoZoomOut, &TimelineWindow::DoZoomOut},
+    {QT_TR_NOOP("Show All"), QT_TR_NOOP("Show every frame of the scene (*)"),
+     &TimelineWindow::CanDoZoomAll, &TimelineWindow::DoZoomAll},
+    {QT_TR_NOOP("Closest"), QT_TR_NOOP("Show the frames as large as they get (/)"),
+     &TimelineWindow::CanDoUnZoom, &TimelineWindow::DoUnZoom},
+    {QT_TR_NOOP("Previous Key"),
+     QT_TR_NOOP("Select the key before the selected one (Shift+Tab in the timeline, or Alt+Left)"),
+     &TimelineWindow::CanDoSelectPreviousKey, &TimelineWindow::DoSelectPreviousKey},
+    {QT_TR_NOOP("Next Key"),
+     QT_TR_NOOP("Select the next key after the current frame (Tab in the timeline, or Alt+Right)"),
+     &TimelineWindow::CanDoSelectNextKey, &TimelineWindow::DoSelectNextKey},
+};
+
 TimelineWindow::TimelineWindow(QDockWidget* dock) : m_dock(dock), m_pane(new TimelinePane)
 {
     connect(m_pane, &TimelinePane::ViewResized, this, &TimelineWindow::FitHeight);
-    connect(m_pane, &TimelinePane::ZoomInRequested, this, [this] { DoZoomIn(); });
-    connect(m_pane, &TimelinePane::ZoomOutRequested, this, [this] { DoZoomOut(); });
-    connect(m_pane, &TimelinePane::ZoomAllRequested, this, [this] { DoZoomAll(); });
-    connect(m_pane, &TimelinePane::ClipSpeedToggled, this,
-            [this](bool isSpeed) { SetLoopSpeedState(isSpeed); });
+    connect(m_pane, &TimelinePane::ClipSpeedToggled, this, &TimelineWindow::TakeClipSpeed);
+    AddTools();
+}
+
+void TimelineWindow::AddTools()
+{
+    int command = 0;
+    for (const Tool& tool : kTools) {
+        QAction* const action = m_pane->AddTool(tr(tool.text), tr(tool.tip));
+        const auto stands = static_cast<ViewCommand>(command++);
+        connect(action, &QAction::triggered, this, [this, stands] { Do(stands); });
+        m_tools.push_back(action);
+        if (stands == ViewCommand::ShowClosest || stands == ViewCommand::NextKey)
+            m_pane->AddSeparator();
+    }
 }
 
 TimelineWindow::~TimelineWindow()
@@ -25,9 +62,34 @@ TimelineWindow::~TimelineWindow()
     delete m_pane;
 }
 
-void TimelineWindow::ShowAllFrames()
+bool TimelineWindow::Can(ViewCommand command)
 {
-    DoZoomAll();
+    return (this->*kTools[static_cast<int>(command)].can)();
+}
+
+void TimelineWindow::Do(ViewCommand command)
+{
+    if (!Can(command))
+        return;
+    (this->*kTools[static_cast<int>(command)].run)();
+    OnTimelineRefreshed(); // the timeline does not tell of what it was told to do
+}
+
+void TimelineWindow::SetClipSpeed(bool isSpeed)
+{
+    m_pane->SetClipSpeed(isSpeed);
+}
+
+TimelinePane& TimelineWindow::Pane()
+{
+    return *m_pane;
+}
+
+void TimelineWindow::TakeClipSpeed(bool isSpeed)
+{
+    m_isClipSpeed = isSpeed;
+    SetLoopSpeedState(isSpeed);
+    emit ClipSpeedChanged(isSpeed);
 }
 
 void TimelineWindow::SetTimeBase(int frameRate, int frameCount)
@@ -97,8 +159,11 @@ void TimelineWindow::OnTrackListChanged()
 
 void TimelineWindow::OnTimelineRefreshed()
 {
-    if (m_pane)
-        m_pane->SetZoomEnabled(CanDoZoomIn(), CanDoZoomOut(), CanDoZoomAll());
+    if (!m_pane)
+        return;
+    for (std::size_t i = 0; i < m_tools.size(); ++i)
+        m_tools[i]->setEnabled((this->*kTools[i].can)());
+    emit Refreshed();
 }
 
 void TimelineWindow::FitHeight()

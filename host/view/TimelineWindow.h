@@ -5,9 +5,24 @@
 #include <QObject>
 #include <QPointer>
 
+#include <vector>
+
+class QAction;
+
 namespace host {
 
 class TimelinePane;
+
+/// What the user may tell the view, by tool buttons, menus and the wheel.
+enum class ViewCommand
+{
+    ZoomIn,
+    ZoomOut,
+    ShowAll,     ///< every frame in view
+    ShowClosest, ///< as close as it goes
+    PreviousKey,
+    NextKey
+};
 
 /// The host's timeline window: says where in the dock the timeline goes, how high it is, and what
 /// stands around it. Made and destroyed by TimelineWindowFactory; the dock holds its pane.
@@ -18,8 +33,14 @@ public:
     explicit TimelineWindow(QDockWidget* dock);
     ~TimelineWindow() override;
 
-    /// Zooms so that every frame of the scene is in view, or as many as the zoom allows.
-    void ShowAllFrames();
+    bool Can(ViewCommand command);
+    /// Does it when it can be done.
+    void Do(ViewCommand command);
+    /// What the end of a clip changes where it could change both: its speed or its loops.
+    bool IsClipSpeed() const { return m_isClipSpeed; }
+    void SetClipSpeed(bool isSpeed);
+    /// What stands in the dock.
+    TimelinePane& Pane();
     /// What the frame display counts in.
     void SetTimeBase(int frameRate, int frameCount);
 
@@ -42,14 +63,24 @@ public:
     void OnHostCommand16() override {}
 
 signals:
+    /// The timeline shows something else than before, or something else can be done with it.
+    void Refreshed();
+    void ClipSpeedChanged(bool isSpeed);
     /// Another frame is current, whoever made it so: the user, the host or the timeline itself.
     void CurrentFrameChanged(int frame);
 
 private:
+    struct Tool;
+    static const Tool kTools[];
+
+    void AddTools();
+    void TakeClipSpeed(bool isSpeed);
     void FitHeight();
 
     QDockWidget* m_dock;
     QPointer<TimelinePane> m_pane; // a child of the dock, which may go first
+    std::vector<QAction*> m_tools; ///< in the order of ViewCommand
+    bool m_isClipSpeed = false;
     int m_frameRate = 0;
     int m_frameCount = 0;
 };

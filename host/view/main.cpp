@@ -1,7 +1,8 @@
-#include "DarkTheme.h"
 #include "DataFiles.h"
 #include "HostOptions.h"
 #include "MainWindow.h"
+#include "Theme.h"
+#include "WindowLayout.h"
 #include "WindowPicture.h"
 #include "files/DocumentActions.h"
 #include "files/DocumentDialogs.h"
@@ -11,6 +12,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QSettings>
 
 #include <cstdio>
 #include <optional>
@@ -69,6 +71,16 @@ std::optional<host::SceneDocument> ReadFiles(const QStringList& files, QString& 
     return host::SceneDocument{*scene, {}, {}};
 }
 
+/// The skin that was asked for, else the one chosen last while it is there.
+QString SkinOf(const host::HostOptions& options)
+{
+    if (!options.skin.isEmpty())
+        return options.skin;
+    // Pictures do not depend on what was left behind.
+    const QString remembered = IsForPicture(options) ? QString() : host::RememberedSkin();
+    return QFileInfo(remembered).isFile() ? remembered : host::DefaultSkin();
+}
+
 /// All that can be found wrong without a screen is found before one is asked for.
 std::optional<Start> Prepare(QString& error)
 {
@@ -88,7 +100,7 @@ std::optional<Start> Prepare(QString& error)
     if (!document)
         return std::nullopt;
     start.document = *document;
-    start.skin = options->skin.isEmpty() ? host::DefaultSkin() : options->skin;
+    start.skin = SkinOf(*options);
     if (!QFileInfo(start.skin).isFile()) {
         error = start.skin + QStringLiteral(": expected a skin file");
         return std::nullopt;
@@ -115,6 +127,8 @@ int Open(const Start& start)
         return Fail(start.skin + QStringLiteral(": expected a skin with every section and key"));
     host::DocumentDialogs dialogs(&window);
     host::DocumentActions documents(window, dialogs);
+    if (!IsForPicture(start.options))
+        new host::WindowLayout(window, start.options.isSizeGiven); // the window's
     window.show();
     documents.Current().Show(start.isLeft ? QString() : start.path, start.document);
     if (start.path.isEmpty() || start.options.frame)
@@ -129,6 +143,9 @@ int Open(const Start& start)
 
 int main(int argc, char** argv)
 {
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QSettings::setDefaultFormat(QSettings::IniFormat);
     QCoreApplication::setOrganizationName(QStringLiteral("Kestova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestova-host"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTOVA_HOST_VERSION));
@@ -141,6 +158,6 @@ int main(int argc, char** argv)
     if (!start)
         return Fail(error);
     QApplication application(argc, argv);
-    host::ApplyDarkTheme(application);
+    host::ApplyTheme(application, host::ThemeOfSkin(start->skin));
     return Open(*start);
 }

@@ -95,8 +95,8 @@ private:
             key.transition =
                 host::Transition{static_cast<host::BlendDirection>(Below(2)), Below(50)};
         if (Flag())
-            key.clip =
-                host::ClipSpan{1 + Below(90), 1 + Below(5), Below(9), 1 + Below(5), 1 + Below(500)};
+            key.clip = host::ClipSpan{1 + Below(90), 1 + Below(5),   Below(9),
+                                      1 + Below(5),  1 + Below(500), Below(2) * Below(90)};
         if (depth == 0 && Flag())
             key.subKeys = Keys(depth + 1);
         return key;

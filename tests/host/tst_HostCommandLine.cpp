@@ -65,6 +65,7 @@ private slots:
     void opensTheSampleSceneWithoutFiles();
     void writesAPictureOfTheAskedSize();
     void writesTheSamePictureEveryTime();
+    void paintsTwiceAsFineOnAFineScreen();
     void drawsTheCurrentFrameLineAtTheAskedFrame();
     void staysOnTheLastFrameWhenAskedForMore();
     void drawsInTheAskedSkin();
@@ -121,6 +122,16 @@ void tst_HostCommandLine::writesTheSamePictureEveryTime()
     const QImage picture = Picture({QStringLiteral("--frame"), QStringLiteral("7")});
     QVERIFY(!picture.isNull());
     QVERIFY(picture == Picture({QStringLiteral("--frame"), QStringLiteral("7")}));
+}
+
+void tst_HostCommandLine::paintsTwiceAsFineOnAFineScreen()
+{
+    qputenv("QT_SCALE_FACTOR", "2"); // the program inherits it
+    const QImage fine = Picture({QStringLiteral("--size"), QStringLiteral("900x500")});
+    qunsetenv("QT_SCALE_FACTOR");
+    QCOMPARE(fine.size(), QSize(1800, 1000));
+    const QImage plain = Picture({QStringLiteral("--size"), QStringLiteral("900x500")});
+    QVERIFY(fine != plain.scaled(fine.size())); // texts gain
 }
 
 void tst_HostCommandLine::drawsTheCurrentFrameLineAtTheAskedFrame()

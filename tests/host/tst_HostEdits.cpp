@@ -403,14 +403,16 @@ void tst_HostEdits::theRowMenuOffersWhatIsPossible()
         }
         return lines.join(QStringLiteral(", "));
     };
-    QCOMPARE(entries(), QStringLiteral("Cut, Copy, Paste off, Delete, -, Insert Key off, "
-                                       "Break off, -, Select All, Select Previous, Select Next"));
+    QCOMPARE(entries(),
+             QStringLiteral(
+                 "Cut, Copy, Paste off, Delete, -, Insert Key off, "
+                 "Break off, -, Select All, Select Previous, Select Next, -, Mute, Solo, Lock"));
     editor.Timeline().CopySelectionToClipboard(editor.Row("LeftArm"));
     editor.Shown("LeftArm").ClearAllSelection();
     editor.Timeline().SetCurrentFrame(16);
     QCOMPARE(entries(),
              QStringLiteral("Cut off, Copy off, Paste, Delete off, -, Insert Key, Break off, -, "
-                            "Select All, Select Previous, Select Next"));
+                            "Select All, Select Previous, Select Next, -, Mute, Solo, Lock"));
 }
 
 void tst_HostEdits::theRowMenuDoesWhatIsChosen()

@@ -135,8 +135,8 @@ void tst_SceneBuilder::stacksButtonsFaceAndBody()
     QStringList roots;
     for (const TrackId root : scene.ChildrenOf(kNoTrack))
         roots.append(scene.FindTrack(root)->caption);
-    const QStringList expected{QStringLiteral("Layers"), QStringLiteral("Face"),
-                               QStringLiteral("Body")};
+    const QStringList expected{QStringLiteral("Layers"), QStringLiteral("Joints"),
+                               QStringLiteral("Face"), QStringLiteral("Body")};
     QCOMPARE(roots, expected);
 }
 

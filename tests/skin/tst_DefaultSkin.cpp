@@ -2,15 +2,18 @@
 #include "skin/ImageTables.h"
 #include "skin/TrackStyleReader.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QSet>
 #include <QtTest>
+
+#include <cstdio>
 
 using namespace KestovaTest;
 
 namespace {
 
-const QString kSkinPath = QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini");
+QString skinPath; ///< of the skin that is looked at
 
 struct Style
 {
@@ -40,6 +43,7 @@ QString PatternOf(Value value)
 
 } // namespace
 
+/// The skins that come with the library are complete and well written.
 class tst_DefaultSkin : public QObject
 {
     Q_OBJECT
@@ -69,7 +73,7 @@ private:
     std::unique_ptr<StyleRecord> Load(const Style& style) const
     {
         std::unique_ptr<StyleRecord> record;
-        LoadTrackStyle(kSkinPath.toStdWString(), style.number, style.type, record);
+        LoadTrackStyle(skinPath.toStdWString(), style.number, style.type, record);
         return record;
     }
     /// The section of a key of the schema in the given track section.
@@ -91,8 +95,8 @@ Q_DECLARE_METATYPE(Style)
 
 void tst_DefaultSkin::initTestCase()
 {
-    QFile file(kSkinPath);
-    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(kSkinPath));
+    QFile file(skinPath);
+    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(skinPath));
     m_skin = SkinMap(file.readAll());
     const QStringList sections = m_skin.Sections();
     for (int type = kFirstTrackType; type <= kLastTrackType; ++type) {
@@ -151,7 +155,7 @@ void tst_DefaultSkin::everyStyleLoads()
 {
     QFETCH(Style, style);
     std::unique_ptr<StyleRecord> record;
-    QVERIFY(LoadTrackStyle(kSkinPath.toStdWString(), style.number, style.type, record));
+    QVERIFY(LoadTrackStyle(skinPath.toStdWString(), style.number, style.type, record));
     QVERIFY(record);
 }
 
@@ -279,10 +283,22 @@ void tst_DefaultSkin::theContextMenuFontIsThere()
 {
     QString face;
     int size = 0;
-    QVERIFY(ReadContextMenuFont(kSkinPath.toStdWString(), face, size));
+    QVERIFY(ReadContextMenuFont(skinPath.toStdWString(), face, size));
     QVERIFY(!face.isEmpty());
     QVERIFY(size > 0);
 }
 
-QTEST_MAIN(tst_DefaultSkin)
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    int failures = 0;
+    for (const char* const skin : {"default.ini", "contrast.ini"}) {
+        skinPath = QStringLiteral(KESTOVA_SOURCE_DIR "/skins/") + QLatin1String(skin);
+        std::printf("%s\n", qPrintable(skinPath));
+        tst_DefaultSkin test;
+        failures += QTest::qExec(&test, argc, argv);
+    }
+    return failures;
+}
+
 #include "tst_DefaultSkin.moc"

@@ -1,10 +1,13 @@
 #include "Contrast.h"
 #include "SkinSchema.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QFontMetrics>
 #include <QImage>
 #include <QTest>
+
+#include <cstdio>
 
 namespace {
 
@@ -40,13 +43,18 @@ QByteArray RowName(const QString& text)
 
 } // namespace
 
-/// Text of the default skin keeps a contrast of at least 4.5 to 1 against every ground it is
+/// Text of a skin keeps a contrast of at least 4.5 to 1 against every ground it is
 /// painted on.
 class tst_SkinContrast : public QObject
 {
     Q_OBJECT
     KestovaTest::SkinMap m_skin;
+    QString m_path;
 
+public:
+    explicit tst_SkinContrast(const QString& path) : m_path(path) {}
+
+private:
     /// The rows of the ruler on which its numbers stand.
     QRect LabelRows() const
     {
@@ -64,7 +72,7 @@ class tst_SkinContrast : public QObject
 private slots:
     void initTestCase()
     {
-        QFile file(QStringLiteral(KESTOVA_SOURCE_DIR "/skins/default.ini"));
+        QFile file(m_path);
         QVERIFY(file.open(QIODevice::ReadOnly));
         m_skin = KestovaTest::SkinMap(file.readAll());
     }
@@ -251,5 +259,18 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_SkinContrast)
+/// Every skin that comes with the library is held to it.
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    int failures = 0;
+    for (const char* const skin : {"default.ini", "contrast.ini"}) {
+        const QByteArray path = QByteArray(KESTOVA_SOURCE_DIR "/skins/") + skin;
+        std::printf("%s\n", path.constData());
+        tst_SkinContrast test(QString::fromUtf8(path));
+        failures += QTest::qExec(&test, argc, argv);
+    }
+    return failures;
+}
+
 #include "tst_SkinContrast.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view/SceneTracks.h"
+#include "SceneTracks.h"
 
 namespace host {
 

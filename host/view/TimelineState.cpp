@@ -1,6 +1,6 @@
 #include "TimelineState.h"
 
-#include "view/KeySelections.h"
+#include "KeySelections.h"
 
 #include <algorithm>
 #include <tuple>

@@ -1,0 +1,78 @@
+#include "PointerWatch.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
+
+namespace host {
+
+PointerWatch::PointerWatch(QObject* parent) : QObject(parent)
+{
+    qApp->installEventFilter(this);
+}
+
+void PointerWatch::Watch(QWidget* area)
+{
+    if (m_isInside)
+        emit Left();
+    m_isInside = false;
+    m_area = area;
+    if (area)
+        connect(area, &QObject::destroyed, this, [this, area] {
+            if (m_area == area)
+                Watch(nullptr);
+        });
+}
+
+bool PointerWatch::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!m_area || !watched->isWidgetType())
+        return false;
+    switch (event->type()) {
+    case QEvent::MouseMove: {
+        const auto* const move = static_cast<QMouseEvent*>(event);
+        if (move->buttons() == Qt::NoButton)
+            TellMove(move->globalPos());
+        break;
+    }
+    case QEvent::MouseButtonPress:
+        if (m_area->isAncestorOf(static_cast<QWidget*>(watched)))
+            emit Pressed();
+        break;
+    case QEvent::MouseButtonRelease:
+    case QEvent::KeyPress:
+    case QEvent::Wheel:
+        // When it has been handled something else may be there.
+        if (m_isInside)
+            QMetaObject::invokeMethod(this, &PointerWatch::TellAgain, Qt::QueuedConnection);
+        break;
+    case QEvent::Leave:
+        if (watched == m_area && m_isInside) {
+            m_isInside = false;
+            emit Left();
+        }
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void PointerWatch::TellMove(QPoint place)
+{
+    const bool wasInside = m_isInside;
+    m_place = place;
+    m_isInside = m_area->rect().contains(m_area->mapFromGlobal(place));
+    if (m_isInside)
+        emit Moved(place);
+    else if (wasInside)
+        emit Left();
+}
+
+void PointerWatch::TellAgain()
+{
+    if (m_area && m_isInside && QApplication::mouseButtons() == Qt::NoButton)
+        emit Moved(m_place);
+}
+
+} // namespace host

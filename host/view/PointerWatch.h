@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+
+class QWidget;
+
+namespace host {
+
+/// Hears of the pointer over a part of the window, whatever widget of it the events go to.
+class PointerWatch : public QObject
+{
+    Q_OBJECT
+public:
+    explicit PointerWatch(QObject* parent);
+
+    /// @param area from now on it is this one; null for none.
+    void Watch(QWidget* area);
+
+signals:
+    /// The pointer, with no button down, is at this place of the screen, or what is there may have
+    /// changed.
+    void Moved(QPoint place);
+    void Left();
+    /// A button goes down; the widget below does not know of it yet.
+    void Pressed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void TellMove(QPoint place);
+    void TellAgain();
+
+    QWidget* m_area = nullptr;
+    QPoint m_place;
+    bool m_isInside = false;
+};
+
+} // namespace host

@@ -1,0 +1,79 @@
+#include "RowMenu.h"
+
+#include "CaptionButtons.h"
+#include "EditMenu.h"
+
+#include <QMenu>
+
+#include <array>
+
+namespace host {
+
+namespace {
+
+constexpr int kSeparator = -1;
+constexpr int kFirstState = 1000; ///< above the numbers of all edits
+
+/// In the order of RowState.
+constexpr std::array<const char*, 3> kStates{QT_TRANSLATE_NOOP("RowMenu", "Mute"),
+                                             QT_TRANSLATE_NOOP("RowMenu", "Solo"),
+                                             QT_TRANSLATE_NOOP("RowMenu", "Lock")};
+
+} // namespace
+
+RowMenu::RowMenu(QWidget* parent, EditMenu& edits, CaptionButtons& buttons)
+    : QObject(parent), m_parent(parent), m_edits(edits), m_buttons(buttons)
+{
+}
+
+void RowMenu::Fill(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& menu)
+{
+    m_entries.clear();
+    if (!m_buttons.Concerns(track))
+        return;
+    m_edits.FillRowMenu(track, m_buttons.Has(track, RowState::Locked), menu);
+    m_entries.resize(kStates.size() + 1);
+    m_entries.front().command = kSeparator;
+    for (std::size_t i = 0; i < kStates.size(); ++i) {
+        _tmpTLMenuMapData& entry = m_entries[i + 1];
+        entry.command = kFirstState + static_cast<int>(i);
+        const bool isOn = m_buttons.Has(track, static_cast<RowState>(i));
+        entry.text = tr(kStates[i]);
+        entry.checked = isOn;
+    }
+    for (_tmpTLMenuMapData& entry : m_entries)
+        menu.push_back(&entry);
+}
+
+void RowMenu::Run(CTimelineTrackBase* track, int command)
+{
+    if (command >= kFirstState)
+        m_buttons.Toggle(track, static_cast<RowState>(command - kFirstState));
+    else
+        m_edits.RunFromRow(track, command);
+}
+
+void RowMenu::Open(CTimelineTrackBase* track, QPoint place)
+{
+    std::vector<_tmpTLMenuMapData*> entries;
+    Fill(track, entries);
+    if (entries.empty())
+        return;
+    auto* const menu = new QMenu(m_parent);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const _tmpTLMenuMapData* const entry : entries) {
+        if (entry->command < 0) {
+            menu->addSeparator();
+            continue;
+        }
+        const int command = entry->command;
+        QAction* const action =
+            menu->addAction(entry->text, this, [this, track, command] { Run(track, command); });
+        action->setCheckable(command >= kFirstState);
+        action->setChecked(entry->checked);
+        action->setEnabled(entry->enabled);
+    }
+    menu->popup(place);
+}
+
+} // namespace host

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "FrameProbe.h"
+
+#include <QObject>
+#include <QPointer>
+
+class QLabel;
+class QStatusBar;
+
+namespace host {
+
+class EditSession;
+class SceneTracks;
+class TimelinePane;
+
+/// Says at the right of the status bar what the pointer is over: the row, the frame, its time, and
+/// the key, clip or mouth shape that stands there.
+class StatusLine : public QObject
+{
+    Q_OBJECT
+public:
+    /// All are kept and outlive this object.
+    StatusLine(QStatusBar* bar, const EditSession& session, const SceneTracks& tracks);
+
+    /// Where the timeline stands from now on.
+    void SetPane(TimelinePane* pane);
+    FrameProbe& Probe() { return m_probe; }
+
+public slots:
+    /// The pointer is at this place of the screen.
+    void Look(QPoint place);
+    void Clear();
+
+private:
+    QString TextAt(QPoint place);
+
+    QLabel* m_label;
+    const EditSession& m_session;
+    const SceneTracks& m_tracks;
+    QPointer<TimelinePane> m_pane;
+    FrameProbe m_probe;
+};
+
+} // namespace host
