@@ -158,5 +158,5 @@ void tst_CFrameInfo::keepsTheStepsOfAHugeFramesPerPixelInRange()
     QCOMPARE(info.step4, 10);
 }
 
-QTEST_APPLESS_MAIN(tst_CFrameInfo)
+QTEST_MAIN(tst_CFrameInfo)
 #include "tst_CFrameInfo.moc"

@@ -257,5 +257,5 @@ void tst_FrameAxis::takesSenselessScalesForOneFramePerPixel()
     QCOMPARE(axis.PixelsToFrames(10), 10);
 }
 
-QTEST_APPLESS_MAIN(tst_FrameAxis)
+QTEST_MAIN(tst_FrameAxis)
 #include "tst_FrameAxis.moc"

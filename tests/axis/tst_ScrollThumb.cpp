@@ -1102,5 +1102,5 @@ void tst_ScrollThumb::survivesAnyCommandOnAnyThumb()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_ScrollThumb)
+QTEST_MAIN(tst_ScrollThumb)
 #include "tst_ScrollThumb.moc"

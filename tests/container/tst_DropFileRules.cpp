@@ -181,5 +181,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_DropFileRules)
+QTEST_MAIN(tst_DropFileRules)
 #include "tst_DropFileRules.moc"

@@ -422,5 +422,5 @@ void tst_BvhReader::readsTheCapturedWalk()
     QCOMPARE(motion->At(1, 0), 0.0265F);
 }
 
-QTEST_GUILESS_MAIN(tst_BvhReader)
+QTEST_MAIN(tst_BvhReader)
 #include "tst_BvhReader.moc"

@@ -198,5 +198,5 @@ void tst_CueTextReader::readsTheRealLineAsItsJsonDoes()
     QVERIFY(line->cues.mid(0, json->cues.size()) == json->cues);
 }
 
-QTEST_GUILESS_MAIN(tst_CueTextReader)
+QTEST_MAIN(tst_CueTextReader)
 #include "tst_CueTextReader.moc"

@@ -186,5 +186,5 @@ void tst_DocumentFile::noMoreFilesAreRememberedThanAMenuShows()
     QCOMPARE(recent.Paths().first(), QStringLiteral("/a/19.ktl"));
 }
 
-QTEST_GUILESS_MAIN(tst_DocumentFile)
+QTEST_MAIN(tst_DocumentFile)
 #include "tst_DocumentFile.moc"

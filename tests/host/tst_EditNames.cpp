@@ -87,5 +87,5 @@ void tst_EditNames::tellClipsAndMouthShapesFromKeys()
     QCOMPARE(inside.clips, 0);
 }
 
-QTEST_APPLESS_MAIN(tst_EditNames)
+QTEST_MAIN(tst_EditNames)
 #include "tst_EditNames.moc"

@@ -164,5 +164,5 @@ void tst_EditSession::goingBackCommitsTheEditUnderWayFirst()
     QCOMPARE(r.session.Current().frameCount, 4);
 }
 
-QTEST_APPLESS_MAIN(tst_EditSession)
+QTEST_MAIN(tst_EditSession)
 #include "tst_EditSession.moc"

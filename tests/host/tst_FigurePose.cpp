@@ -443,5 +443,5 @@ void tst_FigurePose::posesTheSampleWalk()
     QVERIFY(ways.size() == 66); // it walks on at every frame
 }
 
-QTEST_GUILESS_MAIN(tst_FigurePose)
+QTEST_MAIN(tst_FigurePose)
 #include "tst_FigurePose.moc"

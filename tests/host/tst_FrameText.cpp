@@ -40,5 +40,5 @@ void tst_FrameText::tellsFrameAndTime()
     QTEST(FrameText(frame, frameCount, frameRate), "text");
 }
 
-QTEST_GUILESS_MAIN(tst_FrameText)
+QTEST_MAIN(tst_FrameText)
 #include "tst_FrameText.moc"

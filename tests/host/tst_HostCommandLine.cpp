@@ -316,5 +316,5 @@ void tst_HostCommandLine::needsNoScreenToFindAnError()
                        "sound (.wav)\n"));
 }
 
-QTEST_GUILESS_MAIN(tst_HostCommandLine)
+QTEST_MAIN(tst_HostCommandLine)
 #include "tst_HostCommandLine.moc"

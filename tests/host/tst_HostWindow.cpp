@@ -119,5 +119,5 @@ void tst_HostWindow::looksOnARealScreenAsItDoesOffscreen()
     QVERIFY2(actual == expected, qPrintable(DifferenceOf(actual, expected)));
 }
 
-QTEST_GUILESS_MAIN(tst_HostWindow)
+QTEST_MAIN(tst_HostWindow)
 #include "tst_HostWindow.moc"

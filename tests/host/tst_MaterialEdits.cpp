@@ -459,5 +459,5 @@ void tst_MaterialEdits::cancellingBringsNothing()
     QVERIFY(reached >= share);
 }
 
-QTEST_GUILESS_MAIN(tst_MaterialEdits)
+QTEST_MAIN(tst_MaterialEdits)
 #include "tst_MaterialEdits.moc"

@@ -263,5 +263,5 @@ void tst_MouthCueReader::readsTheRealLine()
     QCOMPARE(line->cues.size(), 19);
 }
 
-QTEST_GUILESS_MAIN(tst_MouthCueReader)
+QTEST_MAIN(tst_MouthCueReader)
 #include "tst_MouthCueReader.moc"

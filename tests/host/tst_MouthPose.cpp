@@ -336,5 +336,5 @@ void tst_MouthPose::blinksAsOftenAtAnotherRate()
     QCOMPARE(LidsAt(10, 0), LidsAt(10, 0)); // a rate of nothing does no harm
 }
 
-QTEST_GUILESS_MAIN(tst_MouthPose)
+QTEST_MAIN(tst_MouthPose)
 #include "tst_MouthPose.moc"

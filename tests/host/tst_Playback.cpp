@@ -645,5 +645,5 @@ void tst_Playback::playsInRealTime()
     QVERIFY(playback.Frame() <= static_cast<int>(timer.nsecsElapsed() / 10000000));
 }
 
-QTEST_GUILESS_MAIN(tst_Playback)
+QTEST_MAIN(tst_Playback)
 #include "tst_Playback.moc"

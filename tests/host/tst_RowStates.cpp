@@ -223,5 +223,5 @@ void tst_RowStates::aRangeIsSharedByTheRowsThatFollow()
     QCOMPARE(RowsSharingRange(rows.scene, rows.arm), QVector<TrackId>{rows.arm});
 }
 
-QTEST_APPLESS_MAIN(tst_RowStates)
+QTEST_MAIN(tst_RowStates)
 #include "tst_RowStates.moc"

@@ -165,5 +165,5 @@ void tst_Scene::keepsASnapshotApartFromLaterEdits()
     QVERIFY(scene == FullScene());
 }
 
-QTEST_GUILESS_MAIN(tst_Scene)
+QTEST_MAIN(tst_Scene)
 #include "tst_Scene.moc"

@@ -510,5 +510,5 @@ void tst_SceneBuilder::buildsFromTheRealFiles()
     QVERIFY(keys > 31 * 2);
 }
 
-QTEST_GUILESS_MAIN(tst_SceneBuilder)
+QTEST_MAIN(tst_SceneBuilder)
 #include "tst_SceneBuilder.moc"

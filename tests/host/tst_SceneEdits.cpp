@@ -628,5 +628,5 @@ void tst_SceneEdits::leavesTheOriginalSceneAlone()
     QVERIFY(snapshot == Rows().scene);
 }
 
-QTEST_APPLESS_MAIN(tst_SceneEdits)
+QTEST_MAIN(tst_SceneEdits)
 #include "tst_SceneEdits.moc"

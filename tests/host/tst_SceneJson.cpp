@@ -266,5 +266,5 @@ void tst_SceneJson::anHourLongSceneIsReadQuickly()
     QVERIFY(timer.elapsed() < kPatience);
 }
 
-QTEST_APPLESS_MAIN(tst_SceneJson)
+QTEST_MAIN(tst_SceneJson)
 #include "tst_SceneJson.moc"

@@ -258,5 +258,5 @@ void tst_SoundMixer::aFileThatIsCutMeanwhileIsSilentFromThere()
     QCOMPARE(Every(0, samples), (QVector<int>{100, 100, 100, 0, 0}));
 }
 
-QTEST_GUILESS_MAIN(tst_SoundMixer)
+QTEST_MAIN(tst_SoundMixer)
 #include "tst_SoundMixer.moc"

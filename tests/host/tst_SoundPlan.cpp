@@ -132,5 +132,5 @@ void tst_SoundPlan::aSoloedRowThatIsMutedIsSilent()
     QVERIFY(SoundsOf(SceneOf({row})).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_SoundPlan)
+QTEST_MAIN(tst_SoundPlan)
 #include "tst_SoundPlan.moc"

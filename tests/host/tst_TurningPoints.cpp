@@ -154,5 +154,5 @@ void tst_TurningPoints::answersTheShortestMotions()
     QCOMPARE(RotationKeyFrames({QQuaternion()}), QVector<int>{0});
 }
 
-QTEST_GUILESS_MAIN(tst_TurningPoints)
+QTEST_MAIN(tst_TurningPoints)
 #include "tst_TurningPoints.moc"

@@ -137,5 +137,5 @@ void tst_WavReader::refusesADirectory()
     QCOMPARE(error.expected, QStringLiteral("a readable file"));
 }
 
-QTEST_APPLESS_MAIN(tst_WavReader)
+QTEST_MAIN(tst_WavReader)
 #include "tst_WavReader.moc"

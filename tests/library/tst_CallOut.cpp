@@ -114,5 +114,5 @@ void tst_CallOut::freesOnceWhatWasGivenTwice()
     QVERIFY(object.isNull());
 }
 
-QTEST_GUILESS_MAIN(tst_CallOut)
+QTEST_MAIN(tst_CallOut)
 #include "tst_CallOut.moc"

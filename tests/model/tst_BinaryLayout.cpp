@@ -396,5 +396,5 @@ void tst_BinaryLayout::aHandleIsAPlainPointer()
     QVERIFY((std::is_same<HANDLE, void*>::value));
 }
 
-QTEST_APPLESS_MAIN(tst_BinaryLayout)
+QTEST_MAIN(tst_BinaryLayout)
 #include "tst_BinaryLayout.moc"

@@ -204,5 +204,5 @@ void tst_CArrayList::addsAnItemOfItsOwn()
     QCOMPARE(list[20], 9);
 }
 
-QTEST_APPLESS_MAIN(tst_CArrayList)
+QTEST_MAIN(tst_CArrayList)
 #include "tst_CArrayList.moc"

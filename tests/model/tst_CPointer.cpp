@@ -251,5 +251,5 @@ void tst_CPointer::releasingAKeyReleasesItsSubKeys()
     QCOMPARE(deletions, 1);
 }
 
-QTEST_APPLESS_MAIN(tst_CPointer)
+QTEST_MAIN(tst_CPointer)
 #include "tst_CPointer.moc"

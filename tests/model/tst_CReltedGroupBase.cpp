@@ -85,5 +85,5 @@ void tst_CReltedGroupBase::isFreedByTheLastPointer()
     QCOMPARE(FreeWatch::freedCount, 1);
 }
 
-QTEST_APPLESS_MAIN(tst_CReltedGroupBase)
+QTEST_MAIN(tst_CReltedGroupBase)
 #include "tst_CReltedGroupBase.moc"

@@ -129,5 +129,5 @@ void tst_CTimelineClipboard::onlyItsDestructorIsVirtual()
     QCOMPARE(redeclared.calls, 0);
 }
 
-QTEST_APPLESS_MAIN(tst_CTimelineClipboard)
+QTEST_MAIN(tst_CTimelineClipboard)
 #include "tst_CTimelineClipboard.moc"

@@ -310,5 +310,5 @@ void tst_CTimelineKey::onlyItsDestructorIsVirtual()
     QCOMPARE(redeclared.calls, 0);
 }
 
-QTEST_APPLESS_MAIN(tst_CTimelineKey)
+QTEST_MAIN(tst_CTimelineKey)
 #include "tst_CTimelineKey.moc"

@@ -666,5 +666,5 @@ void tst_CTimelineKeyArray::givesItsKeysCounted()
     QCOMPARE(held->GetReferences(), 1u);
 }
 
-QTEST_APPLESS_MAIN(tst_CTimelineKeyArray)
+QTEST_MAIN(tst_CTimelineKeyArray)
 #include "tst_CTimelineKeyArray.moc"

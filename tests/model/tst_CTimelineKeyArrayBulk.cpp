@@ -329,5 +329,5 @@ void tst_CTimelineKeyArrayBulk::everyOperationLeavesWhatItsPlainStepsLeave()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_CTimelineKeyArrayBulk)
+QTEST_MAIN(tst_CTimelineKeyArrayBulk)
 #include "tst_CTimelineKeyArrayBulk.moc"

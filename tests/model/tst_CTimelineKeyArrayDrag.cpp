@@ -437,5 +437,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_CTimelineKeyArrayDrag)
+QTEST_MAIN(tst_CTimelineKeyArrayDrag)
 #include "tst_CTimelineKeyArrayDrag.moc"

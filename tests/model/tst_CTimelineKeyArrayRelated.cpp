@@ -428,5 +428,5 @@ void tst_CTimelineKeyArrayRelated::collectsAsPlacingOneRelatedKeyAfterAnotherDoe
     }
 }
 
-QTEST_APPLESS_MAIN(tst_CTimelineKeyArrayRelated)
+QTEST_MAIN(tst_CTimelineKeyArrayRelated)
 #include "tst_CTimelineKeyArrayRelated.moc"

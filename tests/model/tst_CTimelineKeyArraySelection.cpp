@@ -832,5 +832,5 @@ void tst_CTimelineKeyArraySelection::aNegativeEntryMeansNoKey()
     QCOMPARE(MarkedOf(array), QVector<int>());
 }
 
-QTEST_APPLESS_MAIN(tst_CTimelineKeyArraySelection)
+QTEST_MAIN(tst_CTimelineKeyArraySelection)
 #include "tst_CTimelineKeyArraySelection.moc"

@@ -121,5 +121,5 @@ void tst_RelationTable::keepsUnknownKinds()
     QCOMPARE(table.Rows()[0].kind, 2);
 }
 
-QTEST_APPLESS_MAIN(tst_RelationTable)
+QTEST_MAIN(tst_RelationTable)
 #include "tst_RelationTable.moc"

@@ -259,5 +259,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_Artwork)
+QTEST_MAIN(tst_Artwork)
 #include "tst_Artwork.moc"

@@ -526,5 +526,5 @@ void tst_CProfile::aVeryLongLineIsReadWhole()
     QCOMPARE(profile.GetString(L"a", QString::fromLatin1(line).toStdWString(), text), kSuccess);
 }
 
-QTEST_APPLESS_MAIN(tst_CProfile)
+QTEST_MAIN(tst_CProfile)
 #include "tst_CProfile.moc"

@@ -53,5 +53,5 @@ void tst_SkinSource::aFileThatIsGoneAnswersNothingAnyMore()
     QCOMPARE(number, 7);
 }
 
-QTEST_GUILESS_MAIN(tst_SkinSource)
+QTEST_MAIN(tst_SkinSource)
 #include "tst_SkinSource.moc"

@@ -128,5 +128,5 @@ void tst_SkinValues::aBrushIsSolidAndOpaque()
     QCOMPARE(brush.colour.ToColor(), QColor(10, 20, 30));
 }
 
-QTEST_APPLESS_MAIN(tst_SkinValues)
+QTEST_MAIN(tst_SkinValues)
 #include "tst_SkinValues.moc"

@@ -127,5 +127,5 @@ void tst_StrictUtf8::refusesAnOutputThatIsTooSmall()
     QCOMPARE(units[1], char16_t(0xDE00));
 }
 
-QTEST_APPLESS_MAIN(tst_StrictUtf8)
+QTEST_MAIN(tst_StrictUtf8)
 #include "tst_StrictUtf8.moc"

@@ -349,5 +349,5 @@ void tst_SkinCheck::recordsEveryKeyOfTheDefaultSkin()
     QCOMPARE(read, written);
 }
 
-QTEST_GUILESS_MAIN(tst_SkinCheck)
+QTEST_MAIN(tst_SkinCheck)
 #include "tst_SkinCheck.moc"

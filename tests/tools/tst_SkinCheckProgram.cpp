@@ -122,5 +122,5 @@ void tst_SkinCheckProgram::tellsHowItIsUsed()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_SkinCheckProgram)
+QTEST_MAIN(tst_SkinCheckProgram)
 #include "tst_SkinCheckProgram.moc"

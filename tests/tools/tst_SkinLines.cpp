@@ -158,5 +158,5 @@ void tst_SkinLines::agreesWithTheReaderOnDamagedSkins()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_SkinLines)
+QTEST_MAIN(tst_SkinLines)
 #include "tst_SkinLines.moc"

@@ -85,5 +85,5 @@ void tst_SkinReference::aSkinThatCannotBeReadIsToldOf()
     QVERIFY(program.readAllStandardError().contains("/missing.ini: there is no such file"));
 }
 
-QTEST_GUILESS_MAIN(tst_SkinReference)
+QTEST_MAIN(tst_SkinReference)
 #include "tst_SkinReference.moc"

@@ -642,5 +642,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_ClipEdges)
+QTEST_MAIN(tst_ClipEdges)
 #include "tst_ClipEdges.moc"

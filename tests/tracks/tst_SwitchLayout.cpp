@@ -289,5 +289,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_SwitchLayout)
+QTEST_MAIN(tst_SwitchLayout)
 #include "tst_SwitchLayout.moc"

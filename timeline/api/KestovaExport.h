@@ -4,8 +4,10 @@
 /// KESTOVA_EXPORT marks what leaves the library; nothing else is visible in the shared object.
 
 /// Stands before every class that a host uses: exports it while the library is built, imports it
-/// everywhere else.
-#if defined(_WIN32)
+/// everywhere else. KESTOVA_STATIC is for programs that link the library's objects themselves.
+#if defined(_WIN32) && defined(KESTOVA_STATIC)
+#define KESTOVA_EXPORT
+#elif defined(_WIN32)
 #if defined(KESTOVA_BUILDING)
 #define KESTOVA_EXPORT __declspec(dllexport)
 #else
