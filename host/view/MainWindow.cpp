@@ -367,6 +367,11 @@ void MainWindow::ClickCaptionButton(CTimelineTrackBase* track, int button, QPoin
     UpdateCommands();
 }
 
+FrameProbe& MainWindow::Probe()
+{
+    return m_statusLine->Probe();
+}
+
 void MainWindow::Tell(const QString& text)
 {
     statusBar()->showMessage(text, kMessageTime);

@@ -19,6 +19,7 @@
 namespace host {
 
 class EditMenu;
+class FrameProbe;
 class ImportCommand;
 class RowMenu;
 class SkinMenu;
@@ -69,6 +70,8 @@ public:
     WindowDrops& Drops() { return *m_windowDrops; }
     Transport& Player() { return *m_transport; }
     const SceneTracks& Tracks() const { return m_tracks; }
+    /// Says what lies at a point of the timeline.
+    FrameProbe& Probe();
     /// What was done, to be undone.
     UndoHistory& History() { return m_history; }
     /// The first menu, which is empty as long as nobody fills it.
