@@ -72,8 +72,9 @@ bool TakeSize(const QString& word, ScriptCommand& command)
     return size.has_value();
 }
 
-/// Whether @p word is what @p part of a form stands for; it is then put into @p command.
-bool TakeWord(const QString& part, const QString& word, ScriptCommand& command)
+/// Whether @p word is what @p part of a form stands for; it is then put into @p command, unless
+/// nothing else could stand there.
+bool TakeWord(const QString& part, bool isOptional, const QString& word, ScriptCommand& command)
 {
     if (part == QLatin1String("WxH"))
         return TakeSize(word, command);
@@ -86,7 +87,7 @@ bool TakeWord(const QString& part, const QString& word, ScriptCommand& command)
         return !word.isEmpty();
     }
     const QStringList choices = part.split(u'|');
-    if (choices.size() > 1 && choices.contains(word))
+    if ((isOptional || choices.size() > 1) && choices.contains(word))
         command.words.append(word);
     return choices.contains(word);
 }
@@ -103,11 +104,13 @@ int Fit(const QString& form, const QStringList& words, ScriptCommand& command, b
         const bool isRepeated = part.endsWith(QLatin1String("..."));
         if (isRepeated)
             part.chop(3);
-        const bool isThere = taken < words.size() && TakeWord(part, words[taken], command);
+        const bool isThere =
+            taken < words.size() && TakeWord(part, isOptional, words[taken], command);
         if (!isThere && !isOptional)
             return taken;
         taken += isThere ? 1 : 0;
-        while (isRepeated && taken < words.size() && TakeWord(part, words[taken], command))
+        while (isRepeated && taken < words.size() &&
+               TakeWord(part, isOptional, words[taken], command))
             ++taken;
     }
     isWhole = taken == words.size();

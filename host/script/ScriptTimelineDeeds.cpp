@@ -61,6 +61,32 @@ QPoint PressPoint(const FrameCell& cell, const ScriptCommand& command)
     return command.Says("end") ? cell.End() : cell.Middle();
 }
 
+/// Where a row neither has keys nor an end of its time range, both of which a press would grab; -1
+/// when there is no such frame between the two.
+int EmptyFrame(const SceneTrack& row, int first, int last)
+{
+    constexpr int kReach = 2; // frames that a handle may be grabbed from, drawn small
+    for (int frame = first + kReach; frame <= last - kReach; ++frame) {
+        if (!IsOnKey(row, frame))
+            return frame;
+    }
+    return -1;
+}
+
+/// Gives the row's time range up, as its ends would be grabbed where a new one is to begin.
+void LeaveTimeRange(ScriptStage& stage, const SceneTrack& row)
+{
+    CTimelineTrackBase* const track = stage.window.Tracks().TrackOf(row.id);
+    int first = -1;
+    int last = -1;
+    stage.window.Timeline().GetTrackSelFrame(track, first, last);
+    const int empty = first < 0 ? -1 : EmptyFrame(row, first, last);
+    QString ignored;
+    const auto cell = empty < 0 ? std::nullopt : stage.timeline.Cell(row.id, empty, ignored);
+    if (cell)
+        stage.hand.Click(*cell->row, cell->Middle());
+}
+
 /// Selects all from one frame to another. A rubber band begins beside the keys; where keys stand at
 /// both ends, one is clicked and the other Shift-clicked.
 void SelectRange(ScriptStage& stage, const Place& place, int first, const FrameCell& other,
@@ -69,6 +95,8 @@ void SelectRange(ScriptStage& stage, const Place& place, int first, const FrameC
     const bool startsOnKey = IsOnKey(*place.row, first);
     const bool endsOnKey = IsOnKey(*place.row, last);
     QWidget& row = *place.cell.row;
+    if (!modifiers)
+        LeaveTimeRange(stage, *place.row);
     if (!startsOnKey) {
         stage.timeline.Drag(row, place.cell.Middle(), other.Middle(), modifiers);
     } else if (!endsOnKey) {

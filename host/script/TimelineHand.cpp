@@ -40,7 +40,7 @@ QList<QWidget*> TimelineHand::ShownRows()
         return rows;
     for (QWidget* const row :
          timeline->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (row->isVisible() && FrameAt(*row, 0))
+        if (row->isVisible() && !row->size().isEmpty() && FrameAt(*row, 0))
             rows.append(row);
     }
     std::sort(rows.begin(), rows.end(),
@@ -110,7 +110,7 @@ std::optional<FrameCell> TimelineHand::CellOn(QWidget& row, int frame, QString& 
     const std::optional<int> there = FrameAt(row, cell.left);
     if (there && *there == frame && cell.left < cell.right)
         return cell;
-    const bool isBetween = there && cell.left > 0;
+    const bool isBetween = there && cell.left > 0 && cell.left < row.width();
     error = isBetween ? QStringLiteral("frame %1 has no pixel of its own: zoom in").arg(frame)
                       : QStringLiteral("frame %1 is out of view").arg(frame);
     return std::nullopt;

@@ -90,6 +90,7 @@ private:
     void AddPlayback();
     void AddMenus();
     void WatchPointer();
+    void FocusTimeline();
     bool DrawIn(const QString& skinPath);
     bool RedrawIn(const QString& skinPath);
     void ShowTimes(const Scene& scene);

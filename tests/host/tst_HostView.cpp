@@ -150,6 +150,7 @@ private slots:
     void aGivenSizeIsKept();
     void theAboutBoxTellsTheVersions();
     void aPressInTheTimelineTakesTheFocus();
+    void keysStayWithTheTimelineAfterScrubbing();
     void shortcutsDoNotFight();
 };
 
@@ -644,6 +645,19 @@ void tst_HostView::aPressInTheTimelineTakesTheFocus()
     editor.ClickTool("Clip Speed");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 0);
+}
+
+void tst_HostView::keysStayWithTheTimelineAfterScrubbing()
+{
+    ViewEditor editor;
+    QWidget* const ruler = editor.Ruler();
+    editor.pointer.Press(ruler, QPoint(205, ruler->height() / 2));
+    editor.pointer.MoveTo(ruler, QPoint(305, ruler->height() / 2));
+    editor.pointer.Release();
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 30);
+    QVERIFY(QApplication::focusWidget());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 90);
 }
 
 void tst_HostView::shortcutsDoNotFight()
