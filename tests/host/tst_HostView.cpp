@@ -121,6 +121,7 @@ class tst_HostView : public QObject
 
 private slots:
     void theStatusLineTellsWhatThePointerIsOver();
+    void theStatusLineFollowsADragToItsEnd();
     void theStatusLineFollowsTheZoom();
     void theStatusLineIsEmptyOutsideTheTimeline();
     void lookingChangesNothing();
@@ -172,6 +173,14 @@ void tst_HostView::theStatusLineTellsWhatThePointerIsOver()
     QCOMPARE(editor.PlaceText(), QStringLiteral("Motion"));
     editor.pointer.MoveTo(timeline, QPoint(editor.WidgetOf("Lips")->x() + 205, 10));
     QCOMPARE(editor.PlaceText(), QStringLiteral("Ruler   frame 20   00:00:20"));
+}
+
+void tst_HostView::theStatusLineFollowsADragToItsEnd()
+{
+    ViewEditor editor;
+    editor.Drag("LeftArm", editor.At("LeftArm", 15), {editor.At("LeftArm", 20)});
+    QCoreApplication::processEvents();
+    QCOMPARE(editor.PlaceText(), QStringLiteral("Left Arm   frame 20   00:00:20   key"));
 }
 
 void tst_HostView::theStatusLineFollowsTheZoom()

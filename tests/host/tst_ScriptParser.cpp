@@ -78,6 +78,7 @@ private slots:
     void tellsTheFirstFaultyLineAlone();
     void refusesWhatIsNoFile();
     void readsSizes();
+    void everyCommandIsOnItsPage();
     void findsRowsByCaptionAndThenByName();
     void tellsRowsThatAreNotThereOrNotAlone();
     void knowsWhereKeysBegin();
@@ -286,6 +287,17 @@ void tst_ScriptParser::readsSizes()
     QCOMPARE(host::ReadWindowSize(QStringLiteral("16384x1")), std::optional<QSize>({16384, 1}));
     for (const char* text : {"", "x", "10", "0x10", "10x0", "16385x1", "-1x5", "1x2x3", " 1x2"})
         QVERIFY2(!host::ReadWindowSize(QLatin1String(text)), text);
+}
+
+void tst_ScriptParser::everyCommandIsOnItsPage()
+{
+    const QString page =
+        QString::fromUtf8(BytesOf(QStringLiteral(KESTOVA_DOCS_DIR "/scripting.md")));
+    QVERIFY(!page.isEmpty());
+    for (QString form : host::ScriptForms()) {
+        form.replace(u'|', QLatin1String("\\|")); // as tables have it
+        QVERIFY2(page.contains(QStringLiteral("\n| `%1` |").arg(form)), qPrintable(form));
+    }
 }
 
 void tst_ScriptParser::findsRowsByCaptionAndThenByName()

@@ -71,6 +71,8 @@ private slots:
     void leavesNothingToRecover();
     void staysOpenWithoutQuit();
     void runsTheExampleOfItsPage();
+    void makesThePicturesOfTheDocs_data();
+    void makesThePicturesOfTheDocs();
 
 private:
     QString Path(const QString& name) const { return m_directory->filePath(name); }
@@ -231,6 +233,29 @@ void tst_ScriptProgram::runsTheExampleOfItsPage()
     QCOMPARE(run.exitCode, 0);
     QVERIFY(!QImage(Path("arm-moved.png")).isNull());
     QVERIFY(QFile::exists(Path("moved.ktl")));
+}
+
+void tst_ScriptProgram::makesThePicturesOfTheDocs_data()
+{
+    QTest::addColumn<QString>("script");
+    const QDir scripts(QStringLiteral(KESTOVA_DOCS_DIR "/scripts"));
+    const QStringList names = scripts.entryList({"*.txt"}, QDir::Files);
+    QVERIFY(names.contains(QStringLiteral("demo.txt")));
+    for (const QString& name : names)
+        QTest::newRow(qPrintable(name)) << scripts.filePath(name);
+}
+
+void tst_ScriptProgram::makesThePicturesOfTheDocs()
+{
+    QFETCH(QString, script);
+    const HostRun run = RunHost({"--script", script});
+    QCOMPARE(ErrorsOf(run), QString());
+    QCOMPARE(run.exitCode, 0);
+    // Each under the name of its script, beside the one that the page shows.
+    const QString name = QFileInfo(script).completeBaseName() + QStringLiteral(".png");
+    const QImage made(Path(name));
+    QVERIFY(!made.isNull());
+    QCOMPARE(QImage(QStringLiteral(KESTOVA_DOCS_DIR "/images/") + name).size(), made.size());
 }
 
 QTEST_GUILESS_MAIN(tst_ScriptProgram)
