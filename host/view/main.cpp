@@ -8,6 +8,8 @@
 #include "files/DocumentDialogs.h"
 #include "import/NewScene.h"
 #include "import/SceneFiles.h"
+#include "script/ScriptReader.h"
+#include "script/ScriptedRun.h"
 #include "storage/DocumentFile.h"
 
 #include <QApplication>
@@ -20,6 +22,9 @@
 
 namespace {
 
+const QString kNoWindow =
+    QStringLiteral("kestova-host: expected the window to come up on the screen");
+
 /// What the program needs to open its window.
 struct Start
 {
@@ -29,12 +34,20 @@ struct Start
     host::SceneDocument document;
     bool isLeft = false; ///< an earlier run has left work on the document: the window asks about it
     QString skin;
+    std::optional<host::Script> script;
 };
 
-/// Whether the program only writes a picture: nobody is there to be asked anything.
+/// Whether the program only writes a picture.
 bool IsForPicture(const host::HostOptions& options)
 {
     return !options.screenshot.isEmpty() || !options.screenGrab.isEmpty();
+}
+
+/// Whether nobody is there to be asked anything. Such a run does not depend on what was left
+/// behind.
+bool IsUnattended(const host::HostOptions& options)
+{
+    return IsForPicture(options) || !options.script.isEmpty();
 }
 
 int Fail(const QString& message)
@@ -47,7 +60,7 @@ int Fail(const QString& message)
 int WritePicture(host::MainWindow& window, const host::HostOptions& options)
 {
     if (!host::WaitUntilExposed(window))
-        return Fail(QStringLiteral("kestova-host: expected the window to come up on the screen"));
+        return Fail(kNoWindow);
     const bool fromScreen = !options.screenGrab.isEmpty();
     const QString path = fromScreen ? options.screenGrab : options.screenshot;
     const QImage picture =
@@ -83,8 +96,7 @@ QString SkinOf(const host::HostOptions& options)
 {
     if (!options.skin.isEmpty())
         return options.skin;
-    // Pictures do not depend on what was left behind.
-    const QString remembered = IsForPicture(options) ? QString() : host::RememberedSkin();
+    const QString remembered = IsUnattended(options) ? QString() : host::RememberedSkin();
     return QFileInfo(remembered).isFile() ? remembered : host::DefaultSkin();
 }
 
@@ -101,7 +113,7 @@ std::optional<Start> Prepare(QString& error)
     if (options->files.size() == 1 && host::IsDocument(options->files.first()))
         start.path = options->files.first();
     start.stamp = host::StampOf(start.path);
-    start.isLeft = !start.path.isEmpty() && !IsForPicture(*options) &&
+    start.isLeft = !start.path.isEmpty() && !IsUnattended(*options) &&
                    !host::FindLeftoversOf(start.path).leftovers.isEmpty();
     const auto document = start.isLeft ? host::SceneDocument{host::NewScene(), {}, {}}
                                        : ReadFiles(options->files, error);
@@ -113,17 +125,22 @@ std::optional<Start> Prepare(QString& error)
         error = start.skin + QStringLiteral(": expected a skin file");
         return std::nullopt;
     }
-    return start;
+    if (options->script.isEmpty())
+        return start;
+    start.script = host::ReadScript(options->script, error);
+    return start.script ? std::optional<Start>(start) : std::nullopt;
 }
 
 /// Offers what earlier runs have left behind: of the document, then all else.
-void OfferWork(host::DocumentActions& documents, const Start& start)
+void OfferWork(host::MainWindow& window, host::DocumentActions& documents, const Start& start)
 {
     if (start.isLeft)
         documents.Open(start.path);
     else
         documents.NoteOpened();
     documents.OfferLeftovers(start.path);
+    if (start.options.frame) // of what was recovered too
+        window.GotoFrame(*start.options.frame);
 }
 
 /// Draws the window in the skin. False, and @p error says why, when it does not do for the scene.
@@ -164,8 +181,9 @@ int Open(const Start& start)
     if (!DrawIn(window, start, remark, error))
         return Fail(error);
     host::DocumentDialogs dialogs(&window);
-    host::DocumentActions documents(window, dialogs);
-    if (!IsForPicture(start.options))
+    host::ScriptPrompts prompts(dialogs);
+    host::DocumentActions documents(window, prompts);
+    if (!IsUnattended(start.options))
         new host::WindowLayout(window, start.options.isSizeGiven); // the window's
     window.show();
     documents.Current().Show(start.isLeft ? QString() : start.path, start.document, start.stamp);
@@ -173,9 +191,12 @@ int Open(const Start& start)
         window.GotoFrame(start.options.frame.value_or(0));
     if (IsForPicture(start.options))
         return WritePicture(window, start.options);
-    OfferWork(documents, start);
-    if (start.options.frame) // of what was recovered too
-        window.GotoFrame(*start.options.frame);
+    if (!start.script)
+        OfferWork(window, documents, start);
+    else if (!host::WaitUntilExposed(window))
+        return Fail(kNoWindow);
+    else
+        host::RunScript(window, prompts, *start.script);
     if (!remark.isEmpty())
         window.Tell(remark);
     return QApplication::exec();
