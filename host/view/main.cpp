@@ -6,6 +6,7 @@
 #include "WindowPicture.h"
 #include "files/DocumentActions.h"
 #include "files/DocumentDialogs.h"
+#include "files/StartOffers.h"
 #include "import/NewScene.h"
 #include "import/SceneFiles.h"
 #include "script/ScriptReader.h"
@@ -131,18 +132,6 @@ std::optional<Start> Prepare(QString& error)
     return start.script ? std::optional<Start>(start) : std::nullopt;
 }
 
-/// Offers what earlier runs have left behind: of the document, then all else.
-void OfferWork(host::MainWindow& window, host::DocumentActions& documents, const Start& start)
-{
-    if (start.isLeft)
-        documents.Open(start.path);
-    else
-        documents.NoteOpened();
-    documents.OfferLeftovers(start.path);
-    if (start.options.frame) // of what was recovered too
-        window.GotoFrame(*start.options.frame);
-}
-
 /// Draws the window in the skin. False, and @p error says why, when it does not do for the scene.
 bool DrawIn(host::MainWindow& window, const QString& skin, const Start& start, QString& error)
 {
@@ -192,7 +181,7 @@ int Open(const Start& start)
     if (IsForPicture(start.options))
         return WritePicture(window, start.options);
     if (!start.script)
-        OfferWork(window, documents, start);
+        host::OfferAtStart(window, documents, {start.path, !start.isLeft, start.options.frame});
     else if (!host::WaitUntilExposed(window))
         return Fail(kNoWindow);
     else

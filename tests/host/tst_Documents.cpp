@@ -3,6 +3,7 @@
 
 #include "files/DocumentActions.h"
 #include "files/DocumentDialogs.h"
+#include "files/StartOffers.h"
 #include "storage/DocumentFile.h"
 #include "storage/PathList.h"
 
@@ -149,6 +150,7 @@ private slots:
     void startingAfterACrashOffersWhatWasNeverSaved();
     void startingAfterACrashOffersTheDocumentThatWasOpen();
     void startingWithADocumentOffersTheRestToo();
+    void startingAtAFrameGoesThereWhateverIsRecovered();
     void startingOffersNothingMoreOnceSomethingWasRecovered();
     void whatIsLeftOfOneDocumentIsOfferedOneByOne();
     void whatIsOlderThanTheFileIsOfferedAsSuch();
@@ -603,12 +605,28 @@ void tst_Documents::startingWithADocumentOffersTheRestToo()
     editor.MoveAKey();
     editor.Crash();
     editor.StartAgain();
-    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
-    QCOMPARE(editor.answers.Take(), Asked("recover walk.ktl?"));
+    host::OfferAtStart(editor.window, *editor.actions, {editor.Path("walk.ktl"), false, {}});
+    QCOMPARE(editor.answers.Take(), (QStringList{QStringLiteral("recover walk.ktl?"),
+                                                 QStringLiteral("recover Untitled?")}));
+    QCOMPARE(editor.Document().Path(), editor.Path("walk.ktl")); // the others stay for later
     editor.answers.toRecover = DocumentPrompts::RecoverAnswer::Recover;
-    editor.actions->OfferLeftovers(editor.Path("walk.ktl"));
+    host::OfferAtStart(editor.window, *editor.actions, {editor.Path("walk.ktl"), true, {}});
     QCOMPARE(editor.answers.Take(), Asked("recover Untitled?"));
     QVERIFY(editor.Scene() == untitled);
+}
+
+void tst_Documents::startingAtAFrameGoesThereWhateverIsRecovered()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    editor.Crash();
+    editor.StartAgain();
+    editor.Timeline().SetCurrentFrame(0);
+    editor.answers.toRecover = DocumentPrompts::RecoverAnswer::Recover;
+    host::OfferAtStart(editor.window, *editor.actions, {editor.Path("walk.ktl"), false, 33});
+    QVERIFY(editor.Document().IsDirty());
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 33);
 }
 
 void tst_Documents::startingOffersNothingMoreOnceSomethingWasRecovered()
