@@ -133,6 +133,7 @@ void MainWindow::WatchPointer()
 void MainWindow::ConnectTimeline()
 {
     m_callbacks.situationChanged = [this] { UpdateCommands(); };
+    m_callbacks.selectionChanged = [this] { m_ranges.DropLeftEnds(); };
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         MoveTimeMark(mark, frame, isFinal);
     };

@@ -27,6 +27,7 @@ void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
 
 void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase*, CTimelineTrackBase*)
 {
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 
@@ -61,11 +62,13 @@ void TimelineCallbacks::OnSelectedTrackRightMenu(CTimelineTrackBase* track, int 
 
 void TimelineCallbacks::OnSelectedDataCleared()
 {
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 
 void TimelineCallbacks::OnSelectedDataChanged()
 {
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 

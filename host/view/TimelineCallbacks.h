@@ -14,6 +14,8 @@ public:
     /// Something changed that commands depend on: the selection, the active track, the current
     /// frame.
     std::function<void()> situationChanged;
+    /// The selection is another one, or another track is active; told before situationChanged.
+    std::function<void()> selectionChanged;
     /// A marker of the ruler stands at @p frame now. @p mark: 0 start, 1 end. @p isFinal: it was
     /// let go.
     std::function<void(int mark, int frame, bool isFinal)> timeMarkMoved;
