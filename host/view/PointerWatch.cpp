@@ -40,6 +40,9 @@ bool PointerWatch::eventFilter(QObject* watched, QEvent* event)
             emit Pressed();
         break;
     case QEvent::MouseButtonRelease:
+        if (m_area->isAncestorOf(static_cast<QWidget*>(watched)))
+            QMetaObject::invokeMethod(this, &PointerWatch::Released, Qt::QueuedConnection);
+        Q_FALLTHROUGH();
     case QEvent::KeyPress:
     case QEvent::Wheel:
         // When it has been handled something else may be there.

@@ -24,6 +24,8 @@ signals:
     void Left();
     /// A button goes down; the widget below does not know of it yet.
     void Pressed();
+    /// A button that went down in the area was let go, and what follows from it has been done.
+    void Released();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -25,8 +25,9 @@ void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
     Tell(timeMarkMoved, mark, frame, flag);
 }
 
-void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase*, CTimelineTrackBase*)
+void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase* root, CTimelineTrackBase* child)
 {
+    Tell(activeTrackChanged, root, child);
     Tell(selectionChanged);
     Tell(situationChanged);
 }

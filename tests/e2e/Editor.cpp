@@ -123,8 +123,7 @@ int Editor::CountOfWindows() const
 {
     bool isDone = false;
     const QString found = RunTool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                   QStringLiteral("--pid"), QString::number(m_program.processId()),
-                                   QStringLiteral("--name"), QStringLiteral(".*")},
+                                   QStringLiteral("--pid"), QString::number(m_program.processId())},
                                   &isDone);
     return found.split(u'\n', Qt::SkipEmptyParts).size();
 }

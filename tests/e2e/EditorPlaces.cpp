@@ -15,9 +15,10 @@ constexpr int kCaptionX = 40;
 constexpr int kMenuX = 104;
 constexpr int kMuteX = 141;
 constexpr int kLockX = 159;
-constexpr int kEdgeX = 2; ///< nothing but the edges of captions
+constexpr int kEdgeX = 2; ///< in the stripe that every caption begins with
 
-constexpr QRgb kRowLine = qRgb(0x1E, 0x20, 0x24); ///< between two captions
+constexpr QRgb kRowEdge = qRgb(0x46, 0x4B, 0x53);
+constexpr QRgb kActiveRowEdge = qRgb(0xEE, 0xC4, 0x6E);
 constexpr QRgb kCurrentMarker = qRgb(0x58, 0xD8, 0xC0);
 
 /// The rows of the sample scene, from the top.
@@ -28,17 +29,24 @@ const QStringList kRows{
     QStringLiteral("Hips"),         QStringLiteral("Spine"),     QStringLiteral("Chest"),
     QStringLiteral("Neck"),         QStringLiteral("Head")};
 
-/// The middle of every row that is seen whole.
+bool IsRowEdge(QRgb colour)
+{
+    return colour == kRowEdge || colour == kActiveRowEdge;
+}
+
+/// The middle of what is seen of every row.
 QVector<int> RowMiddles(const QImage& window)
 {
     QVector<int> middles;
-    int line = -1;
+    int top = -1;
     for (int y = kRowsTop; y < window.height(); ++y) {
-        if (window.pixel(kEdgeX, y) != kRowLine)
+        const bool isRow = IsRowEdge(window.pixel(kEdgeX, y));
+        if (isRow && top < 0)
+            top = y;
+        if (isRow || top < 0)
             continue;
-        if (line >= 0)
-            middles.append((line + y) / 2);
-        line = y;
+        middles.append((top + y) / 2);
+        top = -1;
     }
     return middles;
 }

@@ -42,7 +42,7 @@ QPoint Cell(const QImage& window, const QString& row, int frame);
 QPoint Caption(const QImage& window, const QString& row);
 QPoint Button(const QImage& window, const QString& row, CaptionButton button);
 
-/// How many rows are seen whole.
+/// How many rows are seen, at least in part.
 int CountOfRows(const QImage& window);
 /// Where the ruler's marker of the current frame stands; -1 when it is not seen.
 int CurrentFrame(const QImage& window);

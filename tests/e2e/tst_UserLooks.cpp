@@ -57,7 +57,7 @@ void tst_UserLooks::seesFaceFigureAndFrameTextFollowTheRuler()
         return further.face != scrubbed.face && further.figure != scrubbed.figure &&
                further.frameText != scrubbed.frameText;
     }));
-    editor.Click(Places::Ruler(0));
+    editor.Strike(QStringLiteral("Home"));
     ExpectPicture(editor, Places::kFace, atStart.face);
     ExpectPicture(editor, Places::kFigure, atStart.figure);
     ExpectPicture(editor, Places::kFrameText, atStart.frameText);
@@ -82,10 +82,11 @@ void tst_UserLooks::playsAndPausesBySpace()
 {
     Editor editor(MyHome());
     QVERIFY(editor.Opens());
-    const QImage buttons = editor.StillPicture(Places::kTransport);
+    const QImage start = editor.StillPicture();
+    const QImage buttons = start.copy(Places::kTransport);
+    const Views before = ViewsOf(editor);
     editor.Strike(kSpace);
     QVERIFY(Sees([&] { return editor.Picture(Places::kTransport) != buttons; })); // pause
-    const Views before = ViewsOf(editor);
     QVERIFY(Sees([&] { return editor.CurrentFrame() >= 5; }));
     QVERIFY(Sees([&] {
         const Views playing = ViewsOf(editor);
@@ -93,15 +94,13 @@ void tst_UserLooks::playsAndPausesBySpace()
     }));
     editor.Strike(kSpace);
     ExpectPicture(editor, Places::kTransport, buttons); // play again
-    const QImage paused = editor.StillPicture();
-    const int frame = Places::CurrentFrame(paused);
+    const int frame = Places::CurrentFrame(editor.StillPicture());
     QVERIFY(frame >= 5 && frame < 90);
 
     editor.Strike(kSpace); // goes on from there
     QVERIFY(Sees([&] { return editor.CurrentFrame() > frame; }));
-    editor.Strike(QStringLiteral("shift+space")); // and back to where that began
-    QVERIFY(Sees([&] { return editor.CurrentFrame() == frame; }));
-    ExpectPicture(editor, Places::kAllButStatus, paused);
+    editor.Strike(QStringLiteral("shift+space")); // and back to where the user was last
+    ExpectPicture(editor, Places::kAllButStatus, start);
 }
 
 void tst_UserLooks::playsToTheEndAndStops()
@@ -166,8 +165,9 @@ void tst_UserLooks::findsTheChosenSkinAfterARestart()
         QVERIFY(Sees([&] { return editor.CountOfWindows() == 3; }));
         Hand::Strike({QStringLiteral("Down"), QStringLiteral("Return")});
         QVERIFY(Sees([&] { return editor.CountOfWindows() == 1; }));
+        QVERIFY(Sees(
+            [&] { return editor.Picture(Places::kTimeline) != dark.copy(Places::kTimeline); }));
         chosen = editor.StillPicture();
-        QVERIFY(chosen != dark);
         QCOMPARE(editor.Quit(), EXIT_SUCCESS);
     }
     Editor editor(MyHome());
