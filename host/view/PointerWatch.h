@@ -24,7 +24,7 @@ signals:
     void Left();
     /// A button goes down; the widget below does not know of it yet.
     void Pressed();
-    /// A button that went down in the area was let go, and what follows from it has been done.
+    /// A button that went down over the area has come up, and that has been handled.
     void Released();
 
 protected:
