@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kStep = 8;                 ///< pixels that a drag goes at a time
 constexpr qint64 kDoubleClickTime = 500; ///< milliseconds; more than the toolkit's 400
+constexpr int kDoubleClickDistance = 20; ///< pixels; more than the toolkit's
 const QString kWheelAway = QStringLiteral("4");
 const QString kWheelToward = QStringLiteral("5");
 
@@ -24,11 +25,14 @@ QStringList MoveWords(QPoint place)
     return {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
 }
 
-/// Lets the time of a double click pass since the click before.
-void ComeApart()
+/// Lets the time of a double click pass since the click before, when that was at this place.
+void ComeApart(QPoint place)
 {
     static QElapsedTimer sinceClick;
-    if (sinceClick.isValid() && sinceClick.elapsed() < kDoubleClickTime)
+    static QPoint clicked;
+    const bool isNear = (place - clicked).manhattanLength() <= kDoubleClickDistance;
+    clicked = place;
+    if (isNear && sinceClick.isValid() && sinceClick.elapsed() < kDoubleClickTime)
         QTest::qWait(static_cast<int>(kDoubleClickTime - sinceClick.elapsed()));
     sinceClick.start();
 }
@@ -47,13 +51,13 @@ void MoveAway()
 
 void Click(QPoint place, int button)
 {
-    ComeApart();
+    ComeApart(place);
     RunTool(MoveWords(place) + QStringList{QStringLiteral("click"), QString::number(button)});
 }
 
 void PressAndMove(const QVector<QPoint>& way)
 {
-    ComeApart();
+    ComeApart(way.first());
     QStringList words = MoveWords(way.first());
     words << QStringLiteral("mousedown") << QStringLiteral("1");
     for (const QPoint& place : way)
