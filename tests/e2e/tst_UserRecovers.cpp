@@ -144,6 +144,7 @@ void tst_UserRecovers::isAskedAgainAboutWorkThatWasKeptForLater()
     Editor editor(MyHome());
     QVERIFY(editor.OpensBehind(kQuestion));
     QVERIFY(editor.Answer(kQuestion, kRecover));
+    QVERIFY(editor.Becomes(QStringLiteral("Untitled* - Kestova Host")));
     const QString path = Path(QStringLiteral("saved.ktl"));
     QVERIFY(editor.SaveAs(path));
     QVERIFY(SavedScene(path).Frames(kHips).contains(20));
@@ -172,9 +173,11 @@ void tst_UserRecovers::worksInTwoWindowsAtOnceAndLosesNeitherWork()
     Editor third(MyHome());
     QVERIFY(third.OpensBehind(kQuestion));
     QVERIFY(third.Answer(kQuestion, kRecover));
+    QVERIFY(third.Becomes(QStringLiteral("Untitled* - Kestova Host"))); // and has taken it over
     Editor fourth(MyHome(), {}, kBeside);
     QVERIFY(fourth.OpensBehind(kQuestion));
     QVERIFY(fourth.Answer(kQuestion, kRecover));
+    QVERIFY(fourth.Becomes(QStringLiteral("Untitled* - Kestova Host")));
     QVERIFY(third.SaveAs(Path(QStringLiteral("third.ktl"))));
     QVERIFY(fourth.SaveAs(Path(QStringLiteral("fourth.ktl"))));
     const SavedScene hips(Path(QStringLiteral("third.ktl")));
@@ -206,6 +209,7 @@ void tst_UserRecovers::worksOnOneDocumentInTwoWindowsAndLosesNeitherWork()
     Editor third(MyHome(), {path});
     QVERIFY(third.OpensBehind(kQuestion));
     QVERIFY(third.Answer(kQuestion, kRecover));
+    QVERIFY(third.Becomes(QStringLiteral("walk.ktl* - Kestova Host")));
     QVERIFY(third.SaveAs(Path(QStringLiteral("other.ktl"))));
     QVERIFY(SavedScene(path).Frames(kHips).contains(20));
     QVERIFY(SavedScene(Path(QStringLiteral("other.ktl"))).Frames(kSpine).contains(21));
