@@ -20,6 +20,8 @@ public:
 
     /// One line about a sound that cannot be played; empty when all can.
     QString Problem() const { return m_problem; }
+    /// Where the next piece begins.
+    double Seconds() const { return static_cast<double>(m_position) / m_rate; }
     /// Writes the next @p frames moments, two samples each.
     void Mix(qint16* samples, int frames);
 
