@@ -107,13 +107,9 @@ FaceRows AddFaceTracks(Scene& scene)
     return rows;
 }
 
-TrackId SoundRowOf(const Scene& scene)
+bool IsSoundRow(const SceneTrack& row)
 {
-    for (const SceneTrack& track : scene.tracks) {
-        if (track.kind == TrackKind::Clip && track.name == kSoundRow)
-            return track.id;
-    }
-    return kNoTrack;
+    return row.kind == TrackKind::Clip && row.name == kSoundRow;
 }
 
 } // namespace host

@@ -125,6 +125,8 @@ private slots:
     void soundsAreDroppedBesideTheRows();
     void otherFilesAreNotTaken();
     void aDroppedSoundMakesTheSceneLonger();
+    void saysWhatADroppedSoundCovers_data();
+    void saysWhatADroppedSoundCovers();
 };
 
 void tst_ImportCommand::isOneEditThatTheTimelineShows()
@@ -175,8 +177,13 @@ void tst_ImportCommand::aSoundStartsAtTheCurrentFrame()
     editor.Timeline().SetCurrentFrame(12);
     const QString path = editor.File("hello.wav", WavBytes(4000, 4000));
     QVERIFY(editor.Import({path}));
-    QCOMPARE(editor.FramesOf("Sound"), (QVector<int>{0, 12})); // the sample's own, and this one
-    QCOMPARE(editor.KeysOf("Sound")[1].sound, path);
+    QCOMPARE(editor.FramesOf("Sound"), QVector<int>{0}); // the sample's own, and this one beside
+    const auto added =
+        std::find_if(editor.Scene().tracks.cbegin(), editor.Scene().tracks.cend(),
+                     [](const SceneTrack& row) { return row.caption == QLatin1String("Sound 2"); });
+    QVERIFY(added != editor.Scene().tracks.cend());
+    QCOMPARE(added->keys[0].frame, 12);
+    QCOMPARE(added->keys[0].sound, path);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -352,6 +359,36 @@ void tst_ImportCommand::aDroppedSoundMakesTheSceneLonger()
     QCOMPARE(editor.KeysOf("Sound")[1].sound, path);
     QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop Sound")});
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::saysWhatADroppedSoundCovers_data()
+{
+    QTest::addColumn<int>("frame");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a clip") << 20 << QStringLiteral("Drop Sound: one was replaced");
+    QTest::newRow("its end") << 25 << QStringLiteral("Drop Sound: the end of one is covered");
+    QTest::newRow("itself") << 10 << QStringLiteral("Drop Sound: heard until one begins");
+    QTest::newRow("nothing") << 40 << QStringLiteral("Drop Sound");
+}
+
+void tst_ImportCommand::saysWhatADroppedSoundCovers()
+{
+    QFETCH(int, frame);
+    QFETCH(QString, text);
+    ImportingEditor editor;
+    host::Scene scene = editor.Scene();
+    SceneKey clip;
+    clip.name = QStringLiteral("one");
+    clip.frame = 20;
+    clip.clip = ClipSpan{10, 1, 0, 10, 10};
+    scene.FindTrack(editor.Id("Sound"))->keys = {clip};
+    scene.NumberKeys(scene.FindTrack(editor.Id("Sound"))->keys);
+    QVERIFY(editor.window.SetScene(scene));
+    editor.Timeline().SetActiveChildTrack(editor.Row("Sound"));
+    editor.Timeline().SetCurrentFrame(frame);
+    const QString path = editor.File("hello.wav", WavBytes(4000, 4000));
+    QVERIFY(editor.Timeline().ReceiveTrackDrop(TL_DROP_SOUND_FIRST, path));
+    QCOMPARE(editor.StatusText(), text);
 }
 
 QTEST_MAIN(tst_ImportCommand)

@@ -456,7 +456,7 @@ void tst_SceneBuilder::growsForALongerSound()
     const auto sound = SoundOfLine("{\"metadata\":{\"soundFile\":\"greeting.wav\"}}",
                                    SamplePath(QStringLiteral("line.json")));
     QVERIFY(sound);
-    AddSoundClips(scene, SoundRowOf(scene), {*sound}, 0);
+    AddSounds(scene, {*sound}, 0);
     QCOMPARE(scene.frameCount, 90);
     QCOMPARE(scene.timeMark.end, 89);
     QCOMPARE(RowNamed(scene, QStringLiteral("Sound"))->keys[0].clip->length, 89);
