@@ -19,7 +19,8 @@ FaceRows AddFaceTracks(Scene& scene);
 /// gives it.
 bool IsSoundRow(const SceneTrack& row);
 
-/// The number of frames that a line takes: those that begin before it ends.
+/// The number of frames that a line takes: those that begin before it ends, and the one nearest to
+/// the start of its last cue.
 int SceneFramesOf(const SpokenLine& line, int frameRate);
 
 } // namespace host

@@ -95,6 +95,7 @@ private slots:
     void putsTheLipsIntoOneClipOfSubKeys();
     void letsTheLipsClipCoverTheLine_data();
     void letsTheLipsClipCoverTheLine();
+    void keepsTheKeyOfALateCueInsideTheScene();
     void showsTheLongestOfTheCuesOnOneFrame();
     void blendsWhereTheMouthComesToRest();
     void blendsAtBothEndsOfTheMotion();
@@ -213,6 +214,16 @@ void tst_SceneBuilder::letsTheLipsClipCoverTheLine()
     const Scene scene = SceneOfCues(duration, {{0, lastCueEnd, 1}});
     QCOMPARE(scene.frameCount, frameCount);
     QCOMPARE(LipsOf(scene).clip->length, frameCount - 1);
+}
+
+void tst_SceneBuilder::keepsTheKeyOfALateCueInsideTheScene()
+{
+    const Scene scene = SceneOfCues(1, {{0, 0.985, 1}, {0.985, 1, kClosedMouth}});
+    const SceneKey& lips = LipsOf(scene);
+    QCOMPARE(lips.subKeys.last().frame, 30); // the nearest to 0.985 seconds
+    QCOMPARE(scene.frameCount, 31);
+    QCOMPARE(lips.clip->length, 30);
+    VerifyIsSound(scene);
 }
 
 void tst_SceneBuilder::showsTheLongestOfTheCuesOnOneFrame()
