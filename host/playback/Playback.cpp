@@ -97,8 +97,11 @@ void Playback::FollowFrame(int frame)
 {
     if (m_isReaching || frame == m_frame)
         return;
+    const int last = m_session.Current().frameCount - 1;
+    const bool isForced = m_frame > last && frame == last; // the scene has become shorter
     m_frame = frame;
-    m_origin = frame;
+    if (!isForced)
+        m_origin = frame;
     if (!IsPlaying())
         return;
     // While the user scrubs this comes many times a frame; the sound waits for the next frame.

@@ -75,6 +75,8 @@ void MainWindow::ConnectHistory()
     new UndoActions(static_cast<QMenu*>(m_editMenu->parent()), m_history, m_session);
     connect(this, &MainWindow::CurrentFrameChanged, &m_history, &UndoHistory::FollowFrame);
     connect(&m_session, &EditSession::Restored, this, &MainWindow::ShowScene);
+    // What is edited while it plays is heard and seen where it plays.
+    m_history.keepsFrame = [this] { return m_transport->IsUnderWay(); };
     connect(&m_history, &UndoHistory::Undone, this,
             [this](const QString& name) { Tell(tr("Undone: %1").arg(name)); });
     connect(&m_history, &UndoHistory::Redone, this,

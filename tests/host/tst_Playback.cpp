@@ -140,6 +140,7 @@ private slots:
     void theSameFrameToldAgainLosesNoTime();
     void anotherFrameRateGoesOnFromTheSamePlace();
     void aShorterSceneEndsThePlaying();
+    void aShorterSceneLeavesWhereStopGoes();
     void anotherSceneEndsThePlaying();
     void aSceneWithoutFramesCannotBePlayed();
     void soundStartsWithTheFrameAndStopsWithIt();
@@ -494,6 +495,19 @@ void tst_Playback::aShorterSceneEndsThePlaying()
     QCOMPARE(player.playback.Frame(), 19);
     player.playback.Stop();
     QCOMPARE(player.playback.Frame(), 19);
+}
+
+void tst_Playback::aShorterSceneLeavesWhereStopGoes()
+{
+    Player player(SceneOf(100));
+    player.playback.FollowFrame(20);
+    player.playback.Play();
+    player.Pass(5);
+    player.playback.Pause();
+    player.session.Apply(QStringLiteral("Cut"), SceneOf(50));
+    player.playback.FollowFrame(49); // as the timeline holds it inside the scene
+    player.playback.Stop();
+    QCOMPARE(player.playback.Frame(), 20);
 }
 
 void tst_Playback::anotherSceneEndsThePlaying()

@@ -94,6 +94,8 @@ private slots:
     void loopingRepeatsTheTimeMark();
     void scrubbingWhilePlayingMovesThePlayhead();
     void editingWhilePlayingIsAllowed();
+    void undoLeavesThePlayheadAlone_data();
+    void undoLeavesThePlayheadAlone();
     void commandsKnowTheFrameWherePlayingEnded();
     void noShortcutIsGivenTwice();
     void keysWorkWhereverTheFocusIs_data();
@@ -272,6 +274,41 @@ void tst_Transport::editingWhilePlayingIsAllowed()
     QVERIFY(editor.Player().IsPlaying());
     QVERIFY(editor.Reaches(editor.Frame() + 2));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_Transport::undoLeavesThePlayheadAlone_data()
+{
+    QTest::addColumn<bool>("isPaused");
+    QTest::newRow("while playing") << false;
+    QTest::newRow("while paused") << true;
+}
+
+void tst_Transport::undoLeavesThePlayheadAlone()
+{
+    QFETCH(bool, isPaused);
+    PlayingEditor editor;
+    editor.ShowLongScene();
+    editor.Timeline().SetCurrentFrame(200);
+    host::Scene scene = editor.Scene();
+    scene.FindTrack(editor.Id("Lips"))->muted = true;
+    editor.window.Session().Apply(QStringLiteral("Mute"), scene);
+    QCoreApplication::processEvents(); // the edit is through
+    editor.Timeline().SetCurrentFrame(1000);
+    editor.Player().Play();
+    QVERIFY(editor.Reaches(1002));
+    if (isPaused)
+        editor.Player().Pause();
+    editor.window.History().Undo();
+    QCOMPARE(editor.window.History().Stack().index(), 0);
+    QVERIFY(!editor.Scene().FindTrack(editor.Id("Lips"))->muted);
+    QVERIFY(editor.Frame() >= 1002);
+    QCOMPARE(editor.Player().IsPlaying(), !isPaused);
+    editor.window.History().Redo();
+    QVERIFY(editor.Frame() >= 1002);
+    editor.Player().Stop();
+    QCOMPARE(editor.Frame(), 1000);
+    editor.window.History().Undo(); // at rest it goes where the edit was made
+    QCOMPARE(editor.Frame(), 200);
 }
 
 void tst_Transport::commandsKnowTheFrameWherePlayingEnded()
