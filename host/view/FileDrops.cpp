@@ -3,6 +3,7 @@
 #include "import/SoundClips.h"
 #include "import/SoundRows.h"
 #include "import/WavReader.h"
+#include "playback/WavFile.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -49,16 +50,18 @@ bool FileDrops::Drop(TLDropFileType type, const QString& path)
     const int frame = m_manager.GetCurrentFrame();
     const Sound sound{QFileInfo(path).absoluteFilePath(), *seconds};
     Scene scene = m_session.Current();
-    const QString covered = CoveredOn(*qAsConst(scene).FindTrack(m_tracks.IdOf(track)), frame,
-                                      LastFrameOf(sound, frame, scene.frameRate));
+    QString also = CoveredOn(*qAsConst(scene).FindTrack(m_tracks.IdOf(track)), frame,
+                             LastFrameOf(sound, frame, scene.frameRate));
     AddSoundClip(scene, m_tracks.IdOf(track), sound, frame);
     m_session.Begin();
     m_session.Step(Translated("Drop Sound"), scene);
     if (sceneChanged)
         sceneChanged();
     m_session.Commit();
-    if (!covered.isEmpty()) // in place of the name of the edit, which is told by others
-        Tell(Translated("Drop Sound") + QStringLiteral(": ") + covered);
+    if (also.isEmpty())
+        also = SilenceOf(path);
+    if (!also.isEmpty()) // in place of the name of the edit, which is told by others
+        Tell(Translated("Drop Sound") + QStringLiteral(": ") + also);
     m_manager.SetDropTrackFocusAndPickJustLoadClip(track);
     return true;
 }

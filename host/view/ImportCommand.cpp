@@ -112,6 +112,8 @@ void ImportCommand::Apply(const Material& material, const QString& name)
     if (sceneChanged)
         sceneChanged();
     m_session.Commit();
+    if (!material.problems.isEmpty()) // in place of the name of the edit, which is told by others
+        Tell(tr("Import %1, silent: %2").arg(name, material.problems.join(QStringLiteral("; "))));
 }
 
 void ImportCommand::Tell(const QString& text) const

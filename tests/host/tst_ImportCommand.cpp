@@ -123,6 +123,8 @@ private slots:
     void theMenuAsksForFiles();
     void filesAreDroppedOnRows();
     void soundsAreDroppedBesideTheRows();
+    void severalSoundsOnARowAreAllTaken();
+    void saysWhichSoundsAreSilent();
     void otherFilesAreNotTaken();
     void aDroppedSoundMakesTheSceneLonger();
     void saysWhatADroppedSoundCovers_data();
@@ -166,9 +168,9 @@ void tst_ImportCommand::aLongerSceneCanBeScrubbedToItsEnd()
 {
     ImportingEditor editor;
     QVERIFY(editor.Import({editor.File("hello.tsv", kCues)}));
-    QCOMPARE(editor.Scene().frameCount, 121 - 1);
+    QCOMPARE(editor.Scene().frameCount, 121); // the last mouth shape has its frame
     editor.window.GotoFrame(1000);
-    QCOMPARE(editor.Timeline().GetCurrentFrame(), 119);
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 120);
 }
 
 void tst_ImportCommand::aSoundStartsAtTheCurrentFrame()
@@ -336,6 +338,44 @@ void tst_ImportCommand::soundsAreDroppedBesideTheRows()
     QVERIFY(ImportingEditor::DropOn(&editor.window, {editor.File("a.wav", WavBytes(4000, 4000))}));
     QVERIFY(editor.Finishes());
     QCOMPARE(editor.FramesOf("Sound"), QVector<int>{0});
+}
+
+void tst_ImportCommand::severalSoundsOnARowAreAllTaken()
+{
+    ImportingEditor editor;
+    editor.Timeline().SetCurrentFrame(95); // behind the sample's own
+    host::Scene scene = editor.Scene();
+    scene.frameCount = 200;
+    QVERIFY(editor.window.SetScene(scene));
+    editor.Timeline().SetCurrentFrame(95);
+    QVERIFY(ImportingEditor::DropOn(
+        editor.WidgetOf("Sound"),
+        {editor.File("a.wav", WavBytes(4000, 4000)), editor.File("b.wav", WavBytes(4000, 4000))}));
+    QVERIFY(editor.Finishes());
+    QCOMPARE(editor.FramesOf("Sound"), (QVector<int>{0, 95, 125}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import 2 Files")});
+}
+
+void tst_ImportCommand::saysWhichSoundsAreSilent()
+{
+    ImportingEditor editor;
+    QByteArray compressed = WavBytes(4000, 4000);
+    compressed[20] = 0x55; // the kind of samples
+    const QString a = editor.File("a.wav", compressed);
+    const QString b = editor.File("b.wav", compressed);
+    QVERIFY(editor.Import({a, b}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import 2 Files")});
+    const QString reason =
+        QStringLiteral(": expected samples that are not compressed, to be heard");
+    QCOMPARE(editor.StatusText(), QStringLiteral("Import 2 Files, silent: ") + a + reason +
+                                      QStringLiteral("; ") + b + reason);
+    const QString cues =
+        editor.File("line.json", "{\"metadata\":{\"duration\":1,\"soundFile\":\"none.wav\"},"
+                                 "\"mouthCues\":[{\"start\":0,\"end\":1,\"value\":\"A\"}]}");
+    QVERIFY(editor.Import({cues}));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Import line.json, silent: ") +
+                                      editor.directory.filePath(QStringLiteral("none.wav")) +
+                                      QStringLiteral(": expected a readable file"));
 }
 
 void tst_ImportCommand::otherFilesAreNotTaken()

@@ -42,7 +42,7 @@ SpokenLine Line(double seconds, const QString& name = QStringLiteral("hello"))
 
 Material Made(const Motion& motion, const SpokenLine& line, const QVector<Sound>& sounds = {})
 {
-    return {*BuildScene(motion, line, {kSceneFrameRate, !sounds.isEmpty(), {}}), sounds};
+    return {*BuildScene(motion, line, {kSceneFrameRate, !sounds.isEmpty(), {}}), sounds, {}};
 }
 
 TrackId Id(const Scene& scene, const char* name)
