@@ -255,6 +255,7 @@ bool MainWindow::SetScene(const Scene& scene)
     if (!m_tracks.Show(scene))
         return false;
     ShowRowStates();
+    m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // the scene may end before it
     if (CTimelineTrackBase* const lips = m_manager.GetLipsTrack())
         m_manager.SetActiveChildTrack(lips);
     return true;

@@ -105,6 +105,7 @@ private slots:
     void theTimelineKeepsItsKeys();
     void aMissingDeviceIsToldOnce();
     void anotherSceneEndsThePlaying();
+    void aShorterSceneHoldsTheFrameInside();
     void theWindowMayCloseWhilePlaying();
     void noTimerRunsAtRest();
 };
@@ -475,6 +476,21 @@ void tst_Transport::anotherSceneEndsThePlaying()
     QVERIFY(editor.window.SetScene(editor.Sample()));
     QVERIFY(!editor.Player().IsPlaying());
     QVERIFY(editor.Command(QStringLiteral("Play")));
+}
+
+void tst_Transport::aShorterSceneHoldsTheFrameInside()
+{
+    PlayingEditor editor;
+    editor.ShowLongScene();
+    editor.Timeline().SetCurrentFrame(5000);
+    int told = -1;
+    QObject::connect(&editor.window, &MainWindow::CurrentFrameChanged, &editor.window,
+                     [&told](int frame) { told = frame; });
+    const host::Scene shorter = editor.Sample();
+    QVERIFY(editor.window.SetScene(shorter));
+    QCOMPARE(editor.Frame(), shorter.frameCount - 1);
+    QCOMPARE(told, shorter.frameCount - 1);
+    QCOMPARE(editor.Player().Frame(), shorter.frameCount - 1);
 }
 
 void tst_Transport::theWindowMayCloseWhilePlaying()
