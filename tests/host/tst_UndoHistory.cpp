@@ -362,6 +362,8 @@ private slots:
     void anUndoneSwitchShowsItsRowsAgain();
     void anUndoneMarkerGoesBack();
     void theMenuSaysWhatWillBeUndone();
+    void aDragThereAndBackLeavesTheMenuAsItWas();
+    void theMenuShowsNamesAsTheyAre();
     void undoDuringADragEndsItFirst();
     void undoDuringADragOfCopiesEndsItFirst();
     void undoWithNothingToUndoDoesNothing();
@@ -470,6 +472,32 @@ void tst_UndoHistory::theMenuSaysWhatWillBeUndone()
     undo->trigger();
     QVERIFY(!editor.Command(QStringLiteral("Undo"))->isEnabled());
     QVERIFY(editor.Command(QStringLiteral("Redo Move 1 key by 5 frames"))->isEnabled());
+}
+
+void tst_UndoHistory::aDragThereAndBackLeavesTheMenuAsItWas()
+{
+    WitnessedEditor editor;
+    editor.Drag("LeftArm", editor.At("LeftArm", 15), {editor.At("LeftArm", 20)});
+    editor.PressUndo();
+    const host::Scene before = editor.Scene();
+    editor.Drag("LeftArm", editor.At("LeftArm", 15),
+                {editor.At("LeftArm", 18), editor.At("LeftArm", 15)});
+    QVERIFY(editor.Scene() == before);
+    QVERIFY(!editor.Command(QStringLiteral("Undo"))->isEnabled());
+    QVERIFY(editor.Command(QStringLiteral("Redo Move 1 key by 5 frames"))->isEnabled());
+    editor.PressRedo();
+    QVERIFY(editor.Scene() != before);
+}
+
+void tst_UndoHistory::theMenuShowsNamesAsTheyAre()
+{
+    WitnessedEditor editor;
+    host::Scene scene = editor.Scene();
+    ++scene.frameCount;
+    editor.window.Session().Apply(QStringLiteral("Add Tom & Ann"), scene);
+    QVERIFY(editor.Command(QStringLiteral("Undo Add Tom && Ann"))->isEnabled());
+    editor.PressUndo();
+    QVERIFY(editor.Command(QStringLiteral("Redo Add Tom && Ann"))->isEnabled());
 }
 
 void tst_UndoHistory::undoDuringADragEndsItFirst()
