@@ -140,6 +140,10 @@ void MainWindow::FocusTimeline()
 void MainWindow::ConnectTimeline()
 {
     m_callbacks.situationChanged = [this] { UpdateCommands(); };
+    m_callbacks.selectionChanged = [this] { m_ranges.DropLeftEnds(); };
+    m_callbacks.activeTrackChanged = [this](CTimelineTrackBase* root, CTimelineTrackBase* child) {
+        LeaveOtherRoot(root, child);
+    };
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         MoveTimeMark(mark, frame, isFinal);
     };
@@ -351,6 +355,14 @@ void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
         m_tracks.SetRowShown(scene, track, IsRowShown(scene, track));
     m_session.Step(RowsName(toggled.text, toggled.on), scene);
     m_session.Commit();
+}
+
+/// A root row without rows of its own stays active when the user goes on to a row of another root.
+void MainWindow::LeaveOtherRoot(CTimelineTrackBase* root, CTimelineTrackBase* child)
+{
+    const SceneTrack* const row = CurrentScene().FindTrack(m_tracks.IdOf(child));
+    if (root && row && row->parent != kNoTrack && row->parent != m_tracks.IdOf(root))
+        m_manager.SetActiveRootTrack(nullptr);
 }
 
 void MainWindow::MoveTimeMark(int mark, int frame, bool isFinal)

@@ -100,6 +100,7 @@ private:
     void UpdateCommands();
     void TellOfLocks(TLEditType type, const TrackList& list);
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
+    void LeaveOtherRoot(CTimelineTrackBase* root, CTimelineTrackBase* child);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
     void ClickCaptionButton(CTimelineTrackBase* track, int button, QPoint place);
