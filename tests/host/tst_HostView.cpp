@@ -213,8 +213,6 @@ void tst_HostView::lookingChangesNothing()
 void tst_HostView::theWheelScrollsTheRows()
 {
     ViewEditor editor;
-    editor.window.resize(1280, 260);
-    QCoreApplication::processEvents();
     QVERIFY(editor.VerticalBar().maximum() > 0);
     QCOMPARE(editor.VerticalBar().value(), 0);
     editor.Turn("Lips", -kNotch, Qt::NoModifier);
