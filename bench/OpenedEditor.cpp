@@ -87,8 +87,9 @@ host::TrackId OpenedEditor::IdOf(const QString& name) const
 
 void OpenedEditor::HaveKeyAt(const QString& row, int x)
 {
-    QWidget* const widget = Row(row);
-    m_hand.Click(widget, QPoint(x, widget->height() / 2));
+    m_hand.Click(Ruler(), QPoint(x, 1)); // a click in the row would leave a range there
+    m_window.Timeline().SetActiveChildTrack(m_window.Tracks().TrackOf(IdOf(row)));
+    Row(row);
     Choose(QStringLiteral("Insert Key"));
 }
 

@@ -9,11 +9,13 @@
 #include "playback/Transport.h"
 #include "storage/DocumentFile.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <benchmark/benchmark.h>
 
@@ -203,6 +205,11 @@ void Hover(benchmark::State& state)
         steps.Take([&] { editor.Hand().MoveTo(row, QPoint(sweep.Next(), row->height() / 2)); });
 }
 
+QPoint MiddleOf(const QWidget& row)
+{
+    return {row.width() / 2, row.height() / 2};
+}
+
 enum class Dragged
 {
     OneKey,     ///< of a row that nothing depends on
@@ -216,8 +223,8 @@ void Drag(benchmark::State& state, Dragged dragged)
     const QString name =
         dragged == Dragged::RelatedKey ? QStringLiteral("LeftContact") : QStringLiteral("Joint6");
     QWidget* const row = editor.Row(name);
-    const int edits = editor.Window().History().Stack().count();
-    const QPoint from(row->width() / 2, row->height() / 2);
+    const int edits = editor.Window().History().Stack().index();
+    const QPoint from = MiddleOf(*row);
     editor.HaveKeyAt(name, from.x());
     if (dragged == Dragged::AllKeys)
         editor.SelectAll(name);
@@ -226,7 +233,7 @@ void Drag(benchmark::State& state, Dragged dragged)
     const auto counting = QObject::connect(&editor.Window().Session(), &host::EditSession::Changed,
                                            [&changes] { ++changes; });
     editor.Hand().Press(row, from);
-    Sweep sweep(row->width() / 2, 11);
+    Sweep sweep(row->width() / 4, 11); // no key comes to the scene's end
     for (int i = 0; i < 3; ++i)
         editor.Hand().MoveTo(row, from + QPoint(sweep.Next(), 0));
     changes = 0;
@@ -237,6 +244,7 @@ void Drag(benchmark::State& state, Dragged dragged)
     }
     state.counters["changed"] =
         static_cast<double>(changes) / static_cast<double>(state.iterations());
+    editor.Hand().MoveTo(row, from + QPoint(33, 0)); // not where it came from
     const auto start = Clock::now();
     editor.Hand().Release();
     state.counters["release_ms"] = MillisecondsSince(start);
@@ -253,7 +261,7 @@ void UndoAndRedo(benchmark::State& state, bool isUndo)
     OpenedEditor& editor = Workshop::Instance().Editor(CaptureOf(state), ViewOf(state));
     const QString name = QStringLiteral("Joint6");
     QWidget* const row = editor.Row(name);
-    const QPoint from(row->width() / 2, row->height() / 2);
+    const QPoint from = MiddleOf(*row);
     editor.HaveKeyAt(name, from.x());
     editor.Hand().Press(row, from);
     editor.Hand().MoveTo(row, from + QPoint(33, 0));
@@ -275,13 +283,28 @@ void Insert(benchmark::State& state)
     OpenedEditor& editor = Workshop::Instance().Editor(CaptureOf(state), ViewOf(state));
     const QString name = QStringLiteral("Joint6");
     QWidget* const row = editor.Row(name);
-    editor.HaveKeyAt(name, row->width() / 2);
+    editor.HaveKeyAt(name, MiddleOf(*row).x());
     editor.Choose(QStringLiteral("Delete"));
     Steps steps(state);
     for (auto _ : state) {
         steps.Take([&] { editor.Choose(QStringLiteral("Insert Key")); });
         editor.Undo();
     }
+}
+
+/// Sleeps for a while or until something is to be done, and does it; the time that it took.
+double WaitForEvents()
+{
+    constexpr int kWhile = 5; // milliseconds
+    QTimer alarm;
+    alarm.start(kWhile);
+    Clock::time_point awake;
+    const auto notice =
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                         [&awake] { awake = Clock::now(); });
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QObject::disconnect(notice);
+    return MillisecondsSince(awake);
 }
 
 double ThreadMilliseconds()
@@ -300,7 +323,7 @@ void Recovery(benchmark::State& state)
     const QString file =
         Workshop::Instance().PathOf(CaptureOf(state)) + QStringLiteral(".recovery");
     const QString name = QStringLiteral("Joint6");
-    editor.HaveKeyAt(name, editor.Row(name)->width() / 2);
+    editor.HaveKeyAt(name, MiddleOf(*editor.Row(name)).x());
     editor.Document().Secure();
     double longest = 0;
     double written = 0;
@@ -311,11 +334,8 @@ void Recovery(benchmark::State& state)
         editor.Undo(); // changes the stack again: the scene is still another than saved
         const auto start = Clock::now();
         const double startCpu = ThreadMilliseconds();
-        while (!QFileInfo::exists(file)) {
-            const auto round = Clock::now();
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-            longest = std::max(longest, MillisecondsSince(round));
-        }
+        while (!QFileInfo::exists(file))
+            longest = std::max(longest, WaitForEvents());
         state.SetIterationTime((ThreadMilliseconds() - startCpu) / 1000);
         written += MillisecondsSince(start);
     }
@@ -349,7 +369,7 @@ void Play(benchmark::State& state)
         const auto start = Clock::now();
         playback.Play();
         while (MillisecondsSince(start) < kSeconds * 1000)
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+            WaitForEvents();
         playback.Pause();
     }
     QObject::disconnect(counting);
