@@ -213,6 +213,8 @@ void tst_HostView::lookingChangesNothing()
 void tst_HostView::theWheelScrollsTheRows()
 {
     ViewEditor editor;
+    editor.window.resize(1280, 480);
+    QCoreApplication::processEvents();
     QVERIFY(editor.VerticalBar().maximum() > 0);
     QCOMPARE(editor.VerticalBar().value(), 0);
     editor.Turn("Lips", -kNotch, Qt::NoModifier);
