@@ -22,9 +22,12 @@ void PlaceKeys(QVector<SceneKey>& keys, const QVector<SceneKey>& placed)
         return !key.locked && frames.contains(key.frame);
     };
     keys.erase(std::remove_if(keys.begin(), keys.end(), isReplaced), keys.end());
+    const int stayed = keys.size();
     keys += placed;
-    std::stable_sort(keys.begin(), keys.end(),
-                     [](const SceneKey& a, const SceneKey& b) { return a.frame < b.frame; });
+    const auto isEarlier = [](const SceneKey& a, const SceneKey& b) { return a.frame < b.frame; };
+    // What stayed is in order; most often there is much of it and little that was placed.
+    std::stable_sort(keys.begin() + stayed, keys.end(), isEarlier);
+    std::inplace_merge(keys.begin(), keys.begin() + stayed, keys.end(), isEarlier);
 }
 
 const SceneKey* FindKey(const Scene& scene, TrackId track, KeyId key)

@@ -89,7 +89,7 @@ private:
     void WatchPointer();
     bool DrawIn(const QString& skinPath);
     bool RedrawIn(const QString& skinPath);
-    void ShowTimes(const Scene& scene);
+    bool ShowTimes(const Scene& scene);
     void ShowScene();
     void ShowRowStates();
     void ShowArrows();
