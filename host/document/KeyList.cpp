@@ -25,9 +25,11 @@ void PlaceKeys(QVector<SceneKey>& keys, const QVector<SceneKey>& placed)
     const int stayed = keys.size();
     keys += placed;
     const auto isEarlier = [](const SceneKey& a, const SceneKey& b) { return a.frame < b.frame; };
-    // What stayed is in order; most often there is much of it and little that was placed.
-    std::stable_sort(keys.begin() + stayed, keys.end(), isEarlier);
-    std::inplace_merge(keys.begin(), keys.begin() + stayed, keys.end(), isEarlier);
+    // What stayed is in order, and most often so is what was placed.
+    const auto firstPlaced = keys.begin() + stayed;
+    if (!std::is_sorted(firstPlaced, keys.end(), isEarlier))
+        std::stable_sort(firstPlaced, keys.end(), isEarlier);
+    std::inplace_merge(keys.begin(), firstPlaced, keys.end(), isEarlier);
 }
 
 const SceneKey* FindKey(const Scene& scene, TrackId track, KeyId key)
