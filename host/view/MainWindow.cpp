@@ -270,20 +270,23 @@ bool MainWindow::SetScene(const Scene& scene)
     return true;
 }
 
-void MainWindow::ShowTimes(const Scene& scene)
+/// Whether frames are counted or told in another way than before.
+bool MainWindow::ShowTimes(const Scene& scene)
 {
-    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
+    const bool isOther = Window()->SetTimeBase(scene.frameRate, scene.frameCount);
     m_manager.SetFrameCount(scene.frameCount);
     m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+    return isOther;
 }
 
 /// Brings the timeline into line with a scene that may have other rows or another length.
 void MainWindow::ShowScene()
 {
-    ShowTimes(CurrentScene());
+    const bool isOtherTime = ShowTimes(CurrentScene());
     m_tracks.Update(CurrentScene());
     ShowRowStates();
-    m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
+    if (isOtherTime) // paints all at once
+        m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
     CTimelineTrackBase* const lips = m_manager.GetLipsTrack();
     if (lips && !m_manager.GetActiveChildTrack())
         m_manager.SetActiveChildTrack(lips);
