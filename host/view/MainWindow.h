@@ -93,7 +93,7 @@ private:
     void FocusTimeline();
     bool DrawIn(const QString& skinPath);
     bool RedrawIn(const QString& skinPath);
-    void ShowTimes(const Scene& scene);
+    bool ShowTimes(const Scene& scene);
     void ShowScene();
     void ShowRowStates();
     void ShowArrows();
