@@ -50,6 +50,8 @@ Joint ReadJoint(const JsonNode& node, int index, int channelCount)
     });
     if (joint.channels.size() > channelCount - joint.firstChannel)
         first.Refuse(QStringLiteral("channels that a sample has"));
+    members.ForEach(
+        "ends", [&joint](const JsonNode& element, int) { joint.ends.append(ReadOffset(element)); });
     members.Finish();
     return joint;
 }

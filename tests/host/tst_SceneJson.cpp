@@ -41,7 +41,7 @@ SceneDocument Small()
     scene.motion.channelCount = 2;
     scene.motion.sampleCount = 1;
     scene.motion.joints = {
-        {QStringLiteral("Hips"), -1, {}, {Channel::XPosition, Channel::YRotation}, 0}};
+        {QStringLiteral("Hips"), -1, {}, {Channel::XPosition, Channel::YRotation}, 0, {{0, 1, 2}}}};
     scene.motion.samples = {1, 2};
     scene.line.cues = {{0, 1, 2}};
     return document;

@@ -361,6 +361,7 @@ private slots:
     void aDragOfCopiesIsOneEntry();
     void anUndoneSwitchShowsItsRowsAgain();
     void anUndoneMarkerGoesBack();
+    void anUndoneLengthIsShownAtOnce();
     void theMenuSaysWhatWillBeUndone();
     void aDragThereAndBackLeavesTheMenuAsItWas();
     void theMenuShowsNamesAsTheyAre();
@@ -459,6 +460,23 @@ void tst_UndoHistory::anUndoneMarkerGoesBack()
     editor.PressUndo();
     QCOMPARE(editor.Scene().timeMark.start, 0);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_UndoHistory::anUndoneLengthIsShownAtOnce()
+{
+    WitnessedEditor editor;
+    host::Scene longer = editor.Scene();
+    longer.frameCount += 100;
+    editor.window.Session().Apply(QStringLiteral("Lengthen"), longer);
+    editor.PressUndo();
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 0 of 90   00:00:00"));
+    editor.PressRedo();
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 0 of 190   00:00:00"));
+    QCOMPARE(editor.Timeline().GetFrameCount(), 191);
+    editor.Timeline().SetCurrentFrame(150); // there are fewer after the next undo
+    editor.PressUndo();
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 0);
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 0 of 90   00:00:00"));
 }
 
 void tst_UndoHistory::theMenuSaysWhatWillBeUndone()
