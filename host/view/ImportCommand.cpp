@@ -87,7 +87,9 @@ void ImportCommand::Finish()
 {
     // Gone before the scene changes: whoever hears of that may import again.
     const std::unique_ptr<ImportJob> job = std::move(m_job);
-    m_progress.reset();
+    // A dialog that shows how far it is handles events meanwhile, and this may be one of them.
+    m_progress->hide();
+    m_progress.release()->deleteLater();
     const QString name = NameOf(job->Files());
     if (job->Result())
         Apply(*job->Result(), name);

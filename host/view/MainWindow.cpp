@@ -140,6 +140,10 @@ void MainWindow::FocusTimeline()
 void MainWindow::ConnectTimeline()
 {
     m_callbacks.situationChanged = [this] { UpdateCommands(); };
+    m_callbacks.selectionChanged = [this] { m_ranges.DropLeftEnds(); };
+    m_callbacks.activeTrackChanged = [this](CTimelineTrackBase* root, CTimelineTrackBase* child) {
+        LeaveOtherRoot(root, child);
+    };
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         MoveTimeMark(mark, frame, isFinal);
     };
@@ -266,20 +270,23 @@ bool MainWindow::SetScene(const Scene& scene)
     return true;
 }
 
-void MainWindow::ShowTimes(const Scene& scene)
+/// Whether frames are counted or told in another way than before.
+bool MainWindow::ShowTimes(const Scene& scene)
 {
-    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
+    const bool isOther = Window()->SetTimeBase(scene.frameRate, scene.frameCount);
     m_manager.SetFrameCount(scene.frameCount);
     m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+    return isOther;
 }
 
 /// Brings the timeline into line with a scene that may have other rows or another length.
 void MainWindow::ShowScene()
 {
-    ShowTimes(CurrentScene());
+    const bool isOtherTime = ShowTimes(CurrentScene());
     m_tracks.Update(CurrentScene());
     ShowRowStates();
-    m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
+    if (isOtherTime) // paints all at once
+        m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
     CTimelineTrackBase* const lips = m_manager.GetLipsTrack();
     if (lips && !m_manager.GetActiveChildTrack())
         m_manager.SetActiveChildTrack(lips);
@@ -351,6 +358,14 @@ void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
         m_tracks.SetRowShown(scene, track, IsRowShown(scene, track));
     m_session.Step(RowsName(toggled.text, toggled.on), scene);
     m_session.Commit();
+}
+
+/// A root row without rows of its own stays active when the user goes on to a row of another root.
+void MainWindow::LeaveOtherRoot(CTimelineTrackBase* root, CTimelineTrackBase* child)
+{
+    const SceneTrack* const row = CurrentScene().FindTrack(m_tracks.IdOf(child));
+    if (root && row && row->parent != kNoTrack && row->parent != m_tracks.IdOf(root))
+        m_manager.SetActiveRootTrack(nullptr);
 }
 
 void MainWindow::MoveTimeMark(int mark, int frame, bool isFinal)

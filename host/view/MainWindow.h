@@ -93,13 +93,14 @@ private:
     void FocusTimeline();
     bool DrawIn(const QString& skinPath);
     bool RedrawIn(const QString& skinPath);
-    void ShowTimes(const Scene& scene);
+    bool ShowTimes(const Scene& scene);
     void ShowScene();
     void ShowRowStates();
     void ShowArrows();
     void UpdateCommands();
     void TellOfLocks(TLEditType type, const TrackList& list);
     int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
+    void LeaveOtherRoot(CTimelineTrackBase* root, CTimelineTrackBase* child);
     void ToggleRows(CTimelineTrackBase* switchTrack, int button);
     void MoveTimeMark(int mark, int frame, bool isFinal);
     void ClickCaptionButton(CTimelineTrackBase* track, int button, QPoint place);
