@@ -7,7 +7,6 @@
 #include <QFileInfo>
 
 #include <array>
-#include <cmath>
 
 namespace host {
 
@@ -29,12 +28,6 @@ constexpr std::array<const char*, 6> kReasons{
                       "%1: mouth shapes come from mouth cues, sounds go on a row of clips"),
     nullptr,
 };
-
-/// A clip's length counts the steps between its frames.
-int ClipLengthOf(double seconds, int frameRate)
-{
-    return std::max(1, static_cast<int>(std::ceil(seconds * frameRate)) - 1);
-}
 
 } // namespace
 
