@@ -63,7 +63,7 @@ bool FileDrops::Drop(TLDropFileType type, const QString& path)
     AddSoundClip(scene, m_tracks.IdOf(track), {QFileInfo(path).absoluteFilePath(), *seconds},
                  m_manager.GetCurrentFrame());
     m_session.Begin();
-    m_session.Step(Translated("Drop Sound"), scene);
+    m_session.Step(Translated("Drop %1").arg(QFileInfo(path).fileName()), scene);
     if (sceneChanged)
         sceneChanged();
     m_session.Commit();

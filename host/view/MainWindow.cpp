@@ -121,6 +121,8 @@ void MainWindow::WatchPointer()
     pointer->setObjectName(QStringLiteral("pointer"));
     connect(pointer, &PointerWatch::Moved, m_statusLine, &StatusLine::Look);
     connect(pointer, &PointerWatch::Left, m_statusLine, &StatusLine::Clear);
+    connect(pointer, &PointerWatch::Grasped, &m_history, &UndoHistory::BeginGesture);
+    connect(pointer, &PointerWatch::LetGo, &m_history, &UndoHistory::EndGesture);
     // Keys go where one looks: to the timeline, as soon as one works in it.
     connect(pointer, &PointerWatch::Pressed, this, [this] {
         QWidget* const timeline = Window()->Pane().Timeline();

@@ -316,7 +316,7 @@ void tst_HostGestures::droppingASoundPlacesAClip()
     QCOMPARE(editor.SelectedFrames("Sound"), (Frames{25}));
     QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Sound"));
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 25);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Drop Sound"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Drop hello.wav"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 

@@ -350,7 +350,7 @@ void tst_ImportCommand::aDroppedSoundMakesTheSceneLonger()
     QCOMPARE(editor.Scene().frameCount, 150);
     QCOMPARE(editor.Timeline().GetFrameCount(), 150);
     QCOMPARE(editor.KeysOf("Sound")[0].sound, path);
-    QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop Sound")});
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop long.wav")});
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
