@@ -1,11 +1,11 @@
 #include "DocumentActions.h"
 
-#include "DocumentDrops.h"
 #include "history/GestureEnd.h"
 #include "import/NewScene.h"
 #include "storage/DocumentFile.h"
 #include "view/ImportCommand.h"
 #include "view/MainWindow.h"
+#include "view/WindowDrops.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -19,8 +19,8 @@ DocumentActions::DocumentActions(MainWindow& window, DocumentPrompts& prompts)
     : m_window(window), m_prompts(prompts), m_document(window)
 {
     FillMenu(*window.FileMenu());
-    auto* const drops = new DocumentDrops(window, this);
-    connect(drops, &DocumentDrops::Dropped, this, &DocumentActions::Open, Qt::QueuedConnection);
+    connect(&window.Drops(), &WindowDrops::DocumentDropped, this, &DocumentActions::Open,
+            Qt::QueuedConnection);
     connect(&m_document, &Document::Changed, this, &DocumentActions::UpdateTitle);
     connect(&m_document, &Document::RecoveryFailed, &window, [&window](const QString& error) {
         window.Tell(tr("Not kept for recovery: %1").arg(error));

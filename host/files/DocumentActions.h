@@ -12,7 +12,7 @@ class QMenu;
 namespace host {
 
 /// The File menu, and what happens to the document when it is left: unsaved changes are asked
-/// about, and what an earlier run has left behind is offered. Also takes documents that are dropped
+/// about, and what an earlier run has left behind is offered. Also opens documents that are dropped
 /// on the window, keeps the window's title and follows its closing.
 class DocumentActions : public QObject
 {

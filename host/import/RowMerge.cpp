@@ -8,8 +8,8 @@ namespace host {
 namespace {
 
 /// The roots in the order in which they stand in a scene that is built at once.
-const QStringList kRootOrder{QStringLiteral("Layers"), QStringLiteral("Face"),
-                             QStringLiteral("Body")};
+const QStringList kRootOrder{QStringLiteral("Layers"), QStringLiteral("Joints"),
+                             QStringLiteral("Face"), QStringLiteral("Body")};
 
 bool IsLocked(const SceneTrack& row)
 {
@@ -130,6 +130,7 @@ TrackId RowMerge::AddRoot(const SceneTrack& root)
         return known;
     SceneTrack added = root;
     added.keys.clear();
+    added.buttons.clear(); // they stand for fresh rows
     const TrackId id = m_scene.AddTrack(added);
     const int rank = kRootOrder.indexOf(root.name);
     const auto last = std::prev(m_scene.tracks.end());

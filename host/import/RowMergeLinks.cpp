@@ -15,6 +15,22 @@ void RemoveIf(QVector<TrackId>& ids, const QSet<TrackId>& gone)
         ids.end());
 }
 
+/// Lets the button of that text, which is made when there is none, stand for the rows too.
+void AddToButton(QVector<SwitchButton>& buttons, const QString& text, const QVector<TrackId>& rows)
+{
+    const auto known =
+        std::find_if(buttons.begin(), buttons.end(),
+                     [&text](const SwitchButton& each) { return each.text == text; });
+    if (known == buttons.end()) {
+        buttons.append({text, true, rows});
+        return;
+    }
+    for (const TrackId row : rows) {
+        if (!known->tracks.contains(row))
+            known->tracks.append(row);
+    }
+}
+
 } // namespace
 
 void RowMerge::RemoveRows(const QSet<TrackId>& rows)
@@ -55,30 +71,14 @@ void RowMerge::TakeRelations(const QSet<TrackId>& replaced)
     }
 }
 
-/// The buttons of a switch row that has the name of a fresh one learn of the rows that came.
+/// The scene's row of buttons for each fresh one learns of the rows that came.
 void RowMerge::TakeButtons()
 {
     for (const SceneTrack& fresh : m_fresh.tracks) {
-        const TrackId like = fresh.kind == TrackKind::Switch ? RootLike(fresh) : kNoTrack;
-        if (like == kNoTrack)
-            continue;
-        QVector<SwitchButton>& buttons = m_scene.FindTrack(like)->buttons;
         for (const SwitchButton& brought : fresh.buttons) {
             const QVector<TrackId> rows = Mapped(brought.tracks);
-            const auto same = [&brought](const SwitchButton& each) {
-                return each.text == brought.text;
-            };
-            const auto known = std::find_if(buttons.begin(), buttons.end(), same);
-            if (rows.isEmpty())
-                continue;
-            if (known == buttons.end()) {
-                buttons.append({brought.text, true, rows});
-                continue;
-            }
-            for (const TrackId row : rows) {
-                if (!known->tracks.contains(row))
-                    known->tracks.append(row);
-            }
+            if (!rows.isEmpty())
+                AddToButton(m_scene.FindTrack(AddRoot(fresh))->buttons, brought.text, rows);
         }
     }
 }

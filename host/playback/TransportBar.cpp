@@ -30,7 +30,7 @@ const TransportBar::Entry TransportBar::kEntries[] = {
      [](Playback& playback) { playback.Step(1); }},
     {TransportSymbol::End, QT_TR_NOOP("Go to End"), "Ctrl+End",
      [](Playback& playback) { playback.GotoEnd(); }},
-    {TransportSymbol::Loop, QT_TR_NOOP("Loop the Time Mark"), "Ctrl+L", nullptr},
+    {TransportSymbol::Loop, QT_TR_NOOP("Loop the Time Mark"), "Ctrl+Shift+L", nullptr},
 };
 
 namespace {

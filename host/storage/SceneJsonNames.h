@@ -24,8 +24,8 @@ constexpr std::array<const char*, 15> kEditModeNames{"moveKeys",
                                                      "selectNext",
                                                      "selectAll"};
 constexpr std::array<const char*, 2> kBlendDirectionNames{"into", "outOf"};
-constexpr std::array<const char*, 3> kRelationKindNames{"sharedTimeRange", "sharedSelection",
-                                                        "clipBars"};
+constexpr std::array<const char*, 4> kRelationKindNames{"sharedTimeRange", "sharedSelection",
+                                                        "clipBars", "relatedKeys"};
 constexpr std::array<const char*, 6> kChannelNames{"xPosition", "yPosition", "zPosition",
                                                    "xRotation", "yRotation", "zRotation"};
 

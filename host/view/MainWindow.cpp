@@ -48,6 +48,7 @@ MainWindow::MainWindow()
       m_fileMenu(menuBar()->addMenu(tr("File"))),
       m_editMenu(new EditMenu(menuBar()->addMenu(tr("Edit")), m_commands)),
       m_import(new ImportCommand(this, m_manager, m_session)),
+      m_windowDrops(new WindowDrops(this, m_dock)),
       m_transport(new Transport(this, m_manager, m_session))
 {
     setWindowTitle(tr("Kestova Host"));
@@ -85,8 +86,7 @@ void MainWindow::ConnectImport()
     addAction(m_import->Action()); // its shortcut holds without a menu
     m_import->told = [this](const QString& text) { Tell(text); };
     m_import->sceneChanged = [this] { ShowScene(); };
-    const auto* const drops = new WindowDrops(this, m_dock);
-    connect(drops, &WindowDrops::FilesDropped, m_import, &ImportCommand::Start);
+    connect(m_windowDrops, &WindowDrops::FilesDropped, m_import, &ImportCommand::Start);
 }
 
 void MainWindow::AddMenus()

@@ -26,6 +26,7 @@ class StatusLine;
 class TimelineMenu;
 class TimelineWindow;
 class Transport;
+class WindowDrops;
 
 /// The editor's window: holds the scene and the timeline that shows it in a dock, and applies to
 /// the scene what the user does there.
@@ -64,6 +65,8 @@ public:
     /// The timeline, and which of its tracks stands for which of the scene.
     CTimelineManager& Timeline() { return m_manager; }
     ImportCommand& Import() { return *m_import; }
+    /// The files that are dropped on the window.
+    WindowDrops& Drops() { return *m_windowDrops; }
     Transport& Player() { return *m_transport; }
     const SceneTracks& Tracks() const { return m_tracks; }
     /// What was done, to be undone.
@@ -115,6 +118,7 @@ private:
     QMenu* m_fileMenu;
     EditMenu* m_editMenu;
     ImportCommand* m_import;
+    WindowDrops* m_windowDrops;
     Transport* m_transport;
     TimelineMenu* m_timelineMenu = nullptr;
     SkinMenu* m_skinMenu = nullptr;

@@ -1,6 +1,7 @@
 #include "WindowDrops.h"
 
 #include "import/Material.h"
+#include "storage/DocumentFile.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -46,10 +47,19 @@ bool WindowDrops::eventFilter(QObject* watched, QEvent* event)
     const QStringList files = FilesFor(*widget, *drop);
     if (files.isEmpty())
         return false;
-    drop->acceptProposedAction();
+    drop->setDropAction(Qt::CopyAction); // the files stay where they are
+    drop->accept();
     if (type == QEvent::Drop)
-        emit FilesDropped(files);
+        Tell(files);
     return true;
+}
+
+void WindowDrops::Tell(const QStringList& files)
+{
+    if (IsDocument(files.first()))
+        emit DocumentDropped(files.first());
+    else
+        emit FilesDropped(files);
 }
 
 QStringList WindowDrops::FilesFor(const QWidget& widget, const QDropEvent& event) const
@@ -57,6 +67,8 @@ QStringList WindowDrops::FilesFor(const QWidget& widget, const QDropEvent& event
     QStringList files;
     for (const QUrl& url : event.mimeData()->urls())
         files.append(url.toLocalFile());
+    if (files.size() == 1 && IsDocument(files.first()))
+        return files;
     const bool isKnown = std::all_of(files.cbegin(), files.cend(), IsMaterial);
     const bool isForRow =
         IsIn(widget, *m_timeline) && std::all_of(files.cbegin(), files.cend(), IsSound);

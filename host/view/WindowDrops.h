@@ -8,9 +8,10 @@ class QWidget;
 
 namespace host {
 
-/// Lets files be dropped anywhere in a window, rows of the timeline included: motion captures and
-/// mouth cues, which the rows themselves do not know, and sounds where there is no row. A sound on
-/// a row goes the timeline's own way, which says on which row and frame it was dropped.
+/// Lets files be dropped anywhere in a window, rows of the timeline included: documents, motion
+/// captures and mouth cues, which the rows themselves do not know, and sounds where there is no
+/// row. A sound on a row goes the timeline's own way, which says on which row and frame it was
+/// dropped.
 class WindowDrops : public QObject
 {
     Q_OBJECT
@@ -19,13 +20,18 @@ public:
     WindowDrops(QWidget* window, QWidget* timeline);
 
 signals:
+    /// Files to be imported.
     void FilesDropped(const QStringList& files);
+    /// A document to be opened; never together with other files.
+    void DocumentDropped(const QString& path);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// The files of a drag over the widget that are to be imported; none when it is not for us.
+    void Tell(const QStringList& files);
+    /// The files of a drag over the widget that are to be imported, or the one document that is to
+    /// be opened; none when it is not for us.
     QStringList FilesFor(const QWidget& widget, const QDropEvent& event) const;
 
     QWidget* m_window;

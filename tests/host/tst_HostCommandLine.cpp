@@ -8,6 +8,8 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include <algorithm>
+
 namespace {
 
 /// The colour of the current-frame line in the default skin.
@@ -44,14 +46,17 @@ int CurrentFrameColumn(const QImage& picture)
 }
 
 /// Writes the sample scene as a document that is looked at like that.
-bool WriteSample(const QString& path, const host::ViewRecord& view)
+bool WriteSample(const QString& path, const host::ViewRecord& view, int frameCount = 0)
 {
     host::ImportError importError;
-    const auto scene = host::LoadScene(
+    auto scene = host::LoadScene(
         {SamplePath(QStringLiteral("stroll.bvh")), SamplePath(QStringLiteral("greeting.json"))},
         importError);
     QString error;
-    return scene && host::WriteDocument(path, {*scene, view, {}}, error);
+    if (!scene)
+        return false;
+    scene->frameCount = std::max(scene->frameCount, frameCount);
+    return host::WriteDocument(path, {*scene, view, {}}, error);
 }
 
 } // namespace
@@ -186,12 +191,13 @@ void tst_HostCommandLine::opensADocument()
 void tst_HostCommandLine::opensADocumentAsItWasLookedAt()
 {
     const QString path = InDirectory(QStringLiteral("stroll.ktl"));
-    QVERIFY(WriteSample(path, {0, 1, 7}));
+    constexpr int kFrames = 600; // more than fit into the window at the closest
+    QVERIFY(WriteSample(path, {0, 1, 7}, kFrames));
     const QImage all = Picture({path});
     QVERIFY(!all.isNull());
-    QVERIFY(WriteSample(path, {0, 1, 20}));
+    QVERIFY(WriteSample(path, {0, 1, 20}, kFrames));
     QVERIFY(Picture({path}) != all);
-    QVERIFY(WriteSample(path, {0.25F, 0.5F, 7}));
+    QVERIFY(WriteSample(path, {0.25F, 0.5F, 7}, kFrames));
     QVERIFY(Picture({path}) != all);
 }
 

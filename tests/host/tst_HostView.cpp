@@ -213,7 +213,7 @@ void tst_HostView::lookingChangesNothing()
 void tst_HostView::theWheelScrollsTheRows()
 {
     ViewEditor editor;
-    editor.window.resize(1280, 260);
+    editor.window.resize(1280, 480);
     QCoreApplication::processEvents();
     QVERIFY(editor.VerticalBar().maximum() > 0);
     QCOMPARE(editor.VerticalBar().value(), 0);

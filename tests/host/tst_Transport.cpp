@@ -160,11 +160,13 @@ void tst_Transport::theButtonsStepAndGoToTheEnds()
 void tst_Transport::theMenuHasTheSameCommands()
 {
     PlayingEditor editor;
+    QList<QAction*> commands;
     for (QAction* const entry : editor.window.menuBar()->actions()) {
         if (entry->text() == QLatin1String("Playback"))
-            QVERIFY(entry->menu()->actions() == editor.window.Player().Bar()->actions());
+            commands = entry->menu()->actions();
     }
-    QVERIFY(editor.window.menuBar()->actions().last()->text() == QLatin1String("Playback"));
+    QVERIFY(!commands.isEmpty());
+    QVERIFY(commands == editor.window.Player().Bar()->actions());
 }
 
 void tst_Transport::playingMovesTheTimeline()
@@ -347,7 +349,7 @@ void tst_Transport::keysWorkWhereverTheFocusIs()
     QCOMPARE(editor.Frame(), 90);
     Press(Qt::Key_Home, Qt::ControlModifier);
     QCOMPARE(editor.Frame(), 0);
-    Press(Qt::Key_L, Qt::ControlModifier);
+    Press(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
     QVERIFY(editor.Player().IsLooping());
 }
 
