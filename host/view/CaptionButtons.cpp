@@ -12,6 +12,7 @@ namespace {
 constexpr int kOff = 0;
 constexpr int kOn = 2;
 constexpr int kNoButton = -1;
+constexpr int kUnknown = -1; ///< what the timeline shows of a row
 
 struct State
 {
@@ -98,7 +99,7 @@ void CaptionButtons::FollowScene()
     bool isChanged = false;
     for (const SceneTrack& row : m_session.Current().tracks) {
         const int bits = BitsOf(row);
-        if (m_shown.value(row.id) == bits || !m_tracks.TrackOf(row.id))
+        if (m_shown.value(row.id, kUnknown) == bits || !m_tracks.TrackOf(row.id))
             continue;
         m_shown[row.id] = bits;
         Show(row);

@@ -275,7 +275,7 @@ void MainWindow::ShowScene()
     ShowRowStates();
     m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
     CTimelineTrackBase* const lips = m_manager.GetLipsTrack();
-    if (lips && !m_manager.GetActiveChildTrack())
+    if (lips && !m_manager.GetActiveRootTrack())
         m_manager.SetActiveChildTrack(lips);
     UpdateCommands();
 }
