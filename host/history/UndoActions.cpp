@@ -21,6 +21,7 @@ UndoActions::UndoActions(QMenu* menu, UndoHistory& history, const EditSession& s
     connect(m_redo, &QAction::triggered, &history, &UndoHistory::Redo);
     connect(&history.Stack(), &QUndoStack::indexChanged, this, &UndoActions::Update);
     connect(&session, &EditSession::Changed, this, &UndoActions::Update);
+    connect(&session, &EditSession::Ended, this, &UndoActions::Update);
     Update();
 }
 

@@ -135,6 +135,7 @@ void MainWindow::WatchPointer()
 void MainWindow::ConnectTimeline()
 {
     m_callbacks.situationChanged = [this] { UpdateCommands(); };
+    connect(this, &MainWindow::CurrentFrameChanged, this, &MainWindow::UpdateCommands);
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         MoveTimeMark(mark, frame, isFinal);
     };

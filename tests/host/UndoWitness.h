@@ -19,9 +19,8 @@ inline QStringList SeenState(HandledEditor& editor, const QLabel& frameLabel)
             ids += QString::number(host::TimelineKeys::IdOf(*keys.GetAt(index)));
         return ids.join(u',');
     };
-    QStringList seen{QStringLiteral("%1, current %2 of %3, active %4 in %5")
+    QStringList seen{QStringLiteral("%1 of %2, active %3 in %4")
                          .arg(frameLabel.text())
-                         .arg(timeline.GetCurrentFrame())
                          .arg(timeline.GetFrameCount())
                          .arg(tracks.IdOf(timeline.GetActiveChildTrack()))
                          .arg(tracks.IdOf(timeline.GetActiveRootTrack()))};
@@ -96,6 +95,7 @@ struct WitnessedEditor : HandledEditor
                          [this](const QString& name, const host::Scene& from) {
                              entries.resize(Stack().index() - 1); // undone ones are forgotten
                              entries.append({name, before, {}});
+                             names += name;
                              ++made;
                              Complain(NameProblem(name, from, Scene()));
                          });
@@ -123,6 +123,10 @@ struct WitnessedEditor : HandledEditor
             Complain(QStringLiteral("the scene is another, without an entry"));
         if (window.Session().IsOpen())
             Complain(QStringLiteral("the edit is still open"));
+        // While keys are dragged the timeline's own is another for a moment.
+        if (!frameLabel->text().startsWith(
+                QStringLiteral("Frame %1 ").arg(Timeline().GetCurrentFrame())))
+            Complain(QStringLiteral("the display shows another frame than the current one"));
         Complain(Difference());
     }
 
@@ -155,6 +159,7 @@ struct WitnessedEditor : HandledEditor
 
     QLabel* frameLabel = nullptr;
     QVector<Entry> entries; ///< those of the stack
+    QStringList names;      ///< of all edits, undone and forgotten ones as well
     QStringList problems;
 
 private:

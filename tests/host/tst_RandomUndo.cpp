@@ -90,7 +90,7 @@ struct Trial
 {
     QString problem; ///< empty when all went well
     QStringList said;
-    QStringList names; ///< of the entries at the end
+    QStringList names; ///< of all edits
     int gestures = 0;
 };
 
@@ -115,11 +115,10 @@ Trial Try(quint32 seed, const QVector<int>& steps, const HandFiles& files)
         if (isWrong(QStringLiteral("at step %1").arg(step)))
             return trial;
     }
-    while (editor.Stack().canRedo())
+    while (editor.Stack().canRedo() && editor.problems.isEmpty())
         editor.Redo();
     const host::Scene end = editor.Scene();
-    for (const WitnessedEditor::Entry& entry : qAsConst(editor.entries))
-        trial.names += entry.name;
+    trial.names = editor.names;
     const auto undoAll = [&editor] {
         while (editor.Stack().canUndo() && editor.problems.isEmpty())
             editor.Undo();
@@ -181,7 +180,7 @@ private slots:
 
 private:
     Files m_files;
-    QStringList m_names; ///< of all entries of all seeds
+    QStringList m_names; ///< of all edits for all seeds
     int m_gestures = 0;
 };
 
@@ -237,7 +236,7 @@ void tst_RandomUndo::theHandCameToAllKindsOfEdits()
                                    "Lock",
                                    "Loop",
                                    "Mark",
-                                   "Move \\d+ keys and",
+                                   "Move \\d+ keys? and",
                                    "Move 1 key",
                                    "Move 1 mouth shape",
                                    "Move end marker",
