@@ -97,6 +97,9 @@ struct WitnessedEditor : HandledEditor
                              entries.append({name, before, {}});
                              names += name;
                              ++made;
+                             // It is done when control is back in the event loop.
+                             QMetaObject::invokeMethod(
+                                 &window, [this] { NoteAfter(); }, Qt::QueuedConnection);
                              Complain(NameProblem(name, from, Scene()));
                          });
     }

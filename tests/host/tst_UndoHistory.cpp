@@ -455,7 +455,8 @@ void tst_UndoHistory::aCommandDuringADragIsAnEntryOfItsOwn()
     QTest::keyClick(&editor.window, Qt::Key_M, Qt::ControlModifier);
     editor.pointer.MoveTo(row, editor.At("LeftArm", 24));
     editor.pointer.Release();
-    QCoreApplication::processEvents();
+    constexpr int kDragCommandAndRest = 3;
+    editor.End(kDragCommandAndRest);
     QCOMPARE(editor.names,
              (QStringList{"Move 1 key by 5 frames", "Mute Left Arm", "Move 1 key by 4 frames"}));
     QCOMPARE(editor.problems, QStringList());
