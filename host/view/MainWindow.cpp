@@ -271,8 +271,15 @@ void MainWindow::ShowTimes(const Scene& scene)
 /// Brings the timeline into line with a scene that may have other rows or another length.
 void MainWindow::ShowScene()
 {
-    ShowTimes(CurrentScene());
-    m_tracks.Update(CurrentScene());
+    const Scene& scene = CurrentScene();
+    ShowTimes(scene);
+    if (m_tracks.HasRowsOf(scene)) {
+        m_tracks.Update(scene);
+    } else { // all are made anew
+        const KeptTimeline kept(m_manager, m_tracks, scene);
+        m_tracks.Update(scene);
+        kept.Restore(m_manager, m_tracks, scene);
+    }
     ShowRowStates();
     m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
     CTimelineTrackBase* const lips = m_manager.GetLipsTrack();

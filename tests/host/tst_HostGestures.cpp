@@ -27,6 +27,7 @@ private slots:
     void theKeysOfTheEditMenuWork();
     void theKeysOfTheEditMenuWorkAfterARowsMenuWasClosed();
     void theEditMenuFollowsTheSelection();
+    void theEditMenuFollowsTheFrameThatTheHostGoesTo();
     void droppingASoundPlacesAClip();
     void droppingSomethingElseIsRefused();
 };
@@ -300,6 +301,18 @@ void tst_HostGestures::theEditMenuFollowsTheSelection()
     QVERIFY(!insert->isEnabled());
     copy->trigger();
     QVERIFY(paste->isEnabled());
+}
+
+void tst_HostGestures::theEditMenuFollowsTheFrameThatTheHostGoesTo()
+{
+    HandledEditor editor;
+    QAction* const breakClip = editor.Command(QStringLiteral("Break"));
+    editor.pointer.Click(editor.WidgetOf("Motion"), editor.At("Motion", 0));
+    QVERIFY(!breakClip->isEnabled()); // at the clip's edge
+    editor.window.GotoFrame(30);
+    QVERIFY(breakClip->isEnabled());
+    QTest::keyClick(&editor.window, Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(editor.FramesOf("Motion"), (Frames{0, 30}));
 }
 
 void tst_HostGestures::droppingASoundPlacesAClip()

@@ -108,6 +108,7 @@ class tst_ImportCommand : public QObject
 private slots:
     void isOneEditThatTheTimelineShows();
     void aMotionWithOtherJointsIsShown();
+    void newRowsLeaveTheSelectionAndTheCopiesOfOthers();
     void hiddenRowsStayHidden();
     void aLongerSceneCanBeScrubbedToItsEnd();
     void aSoundStartsAtTheCurrentFrame();
@@ -145,6 +146,22 @@ void tst_ImportCommand::aMotionWithOtherJointsIsShown()
     QVERIFY(editor.Row("Arm"));
     QVERIFY(editor.Timeline().GetChildTrackSortIndex(editor.Row("Arm")) >= 0);
     QVERIFY(editor.Timeline().GetActiveChildTrack());
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::newRowsLeaveTheSelectionAndTheCopiesOfOthers()
+{
+    ImportingEditor editor;
+    editor.Select("MouthRest", {1});
+    editor.Timeline().CopySelectionToClipboard(editor.Row("MouthRest"));
+    editor.Timeline().SetCurrentFrame(12);
+    const QVector<int> selected = editor.SelectedFrames("MouthRest");
+    QCOMPARE(selected.size(), 1);
+    QVERIFY(editor.Import({editor.File("arm.bvh", LongCapture(60))}));
+    QCOMPARE(editor.SelectedFrames("MouthRest"), selected);
+    QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("MouthRest"));
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 12);
+    QVERIFY(editor.Timeline().CanDoTrackEdit(editor.Row("MouthRest"), TL_EDIT_PASTE));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
