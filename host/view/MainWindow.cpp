@@ -75,6 +75,8 @@ void MainWindow::ConnectHistory()
     new UndoActions(static_cast<QMenu*>(m_editMenu->parent()), m_history, m_session);
     connect(this, &MainWindow::CurrentFrameChanged, &m_history, &UndoHistory::FollowFrame);
     connect(&m_session, &EditSession::Restored, this, &MainWindow::ShowScene);
+    // What is edited while it plays is heard and seen where it plays.
+    m_history.keepsFrame = [this] { return m_transport->IsUnderWay(); };
     connect(&m_history, &UndoHistory::Undone, this,
             [this](const QString& name) { Tell(tr("Undone: %1").arg(name)); });
     connect(&m_history, &UndoHistory::Redone, this,
@@ -123,19 +125,28 @@ void MainWindow::WatchPointer()
     connect(pointer, &PointerWatch::Left, m_statusLine, &StatusLine::Clear);
     connect(pointer, &PointerWatch::Grasped, &m_history, &UndoHistory::BeginGesture);
     connect(pointer, &PointerWatch::LetGo, &m_history, &UndoHistory::EndGesture);
-    // Keys go where one looks: to the timeline, as soon as one works in it.
-    connect(pointer, &PointerWatch::Pressed, this, [this] {
-        QWidget* const timeline = Window()->Pane().Timeline();
-        QWidget* const focus = QApplication::focusWidget();
-        if (timeline && (!focus || (focus != timeline && !timeline->isAncestorOf(focus))))
-            m_manager.SetTimelineWndFocus();
-    });
+    // Keys go where one looks: to the timeline, as soon as one works in it. It gives the focus up
+    // itself when some of its gestures end.
+    connect(pointer, &PointerWatch::Pressed, this, &MainWindow::FocusTimeline);
+    connect(pointer, &PointerWatch::Released, this, &MainWindow::FocusTimeline);
+}
+
+void MainWindow::FocusTimeline()
+{
+    const QWidget* const timeline = Window()->Pane().Timeline();
+    const QWidget* const focus = QApplication::focusWidget();
+    if (timeline && (!focus || (focus != timeline && !timeline->isAncestorOf(focus))))
+        m_manager.SetTimelineWndFocus();
 }
 
 void MainWindow::ConnectTimeline()
 {
     m_callbacks.situationChanged = [this] { UpdateCommands(); };
     connect(this, &MainWindow::CurrentFrameChanged, this, &MainWindow::UpdateCommands);
+    m_callbacks.selectionChanged = [this] { m_ranges.DropLeftEnds(); };
+    m_callbacks.activeTrackChanged = [this](CTimelineTrackBase* root, CTimelineTrackBase* child) {
+        LeaveOtherRoot(root, child);
+    };
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         MoveTimeMark(mark, frame, isFinal);
     };
@@ -256,23 +267,26 @@ bool MainWindow::SetScene(const Scene& scene)
     if (!m_tracks.Show(scene))
         return false;
     ShowRowStates();
+    m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // the scene may end before it
     if (CTimelineTrackBase* const lips = m_manager.GetLipsTrack())
         m_manager.SetActiveChildTrack(lips);
     return true;
 }
 
-void MainWindow::ShowTimes(const Scene& scene)
+/// Whether frames are counted or told in another way than before.
+bool MainWindow::ShowTimes(const Scene& scene)
 {
-    Window()->SetTimeBase(scene.frameRate, scene.frameCount);
+    const bool isOther = Window()->SetTimeBase(scene.frameRate, scene.frameCount);
     m_manager.SetFrameCount(scene.frameCount);
     m_manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+    return isOther;
 }
 
 /// Brings the timeline into line with a scene that may have other rows or another length.
 void MainWindow::ShowScene()
 {
     const Scene& scene = CurrentScene();
-    ShowTimes(scene);
+    const bool isOtherTime = ShowTimes(scene);
     if (m_tracks.HasRowsOf(scene)) {
         m_tracks.Update(scene);
     } else { // all are made anew
@@ -281,7 +295,8 @@ void MainWindow::ShowScene()
         kept.Restore(m_manager, m_tracks, scene);
     }
     ShowRowStates();
-    m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
+    if (isOtherTime) // paints all at once
+        m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
     CTimelineTrackBase* const lips = m_manager.GetLipsTrack();
     if (lips && !m_manager.GetActiveRootTrack())
         m_manager.SetActiveChildTrack(lips);
@@ -355,6 +370,14 @@ void MainWindow::ToggleRows(CTimelineTrackBase* switchTrack, int button)
     m_session.Commit();
 }
 
+/// A root row without rows of its own stays active when the user goes on to a row of another root.
+void MainWindow::LeaveOtherRoot(CTimelineTrackBase* root, CTimelineTrackBase* child)
+{
+    const SceneTrack* const row = CurrentScene().FindTrack(m_tracks.IdOf(child));
+    if (root && row && row->parent != kNoTrack && row->parent != m_tracks.IdOf(root))
+        m_manager.SetActiveRootTrack(nullptr);
+}
+
 void MainWindow::MoveTimeMark(int mark, int frame, bool isFinal)
 {
     Scene scene = m_session.Current();
@@ -375,6 +398,11 @@ void MainWindow::ClickCaptionButton(CTimelineTrackBase* track, int button, QPoin
     else
         m_captionButtons.Click(track, button);
     UpdateCommands();
+}
+
+FrameProbe& MainWindow::Probe()
+{
+    return m_statusLine->Probe();
 }
 
 void MainWindow::Tell(const QString& text)

@@ -25,8 +25,10 @@ void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
     Tell(timeMarkMoved, mark, frame, flag);
 }
 
-void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase*, CTimelineTrackBase*)
+void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase* root, CTimelineTrackBase* child)
 {
+    Tell(activeTrackChanged, root, child);
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 
@@ -61,11 +63,13 @@ void TimelineCallbacks::OnSelectedTrackRightMenu(CTimelineTrackBase* track, int 
 
 void TimelineCallbacks::OnSelectedDataCleared()
 {
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 
 void TimelineCallbacks::OnSelectedDataChanged()
 {
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 

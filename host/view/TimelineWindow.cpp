@@ -92,10 +92,12 @@ void TimelineWindow::TakeClipSpeed(bool isSpeed)
     emit ClipSpeedChanged(isSpeed);
 }
 
-void TimelineWindow::SetTimeBase(int frameRate, int frameCount)
+bool TimelineWindow::SetTimeBase(int frameRate, int frameCount)
 {
+    const bool isOther = frameRate != m_frameRate || frameCount != m_frameCount;
     m_frameRate = frameRate;
     m_frameCount = frameCount;
+    return isOther;
 }
 
 bool TimelineWindow::CreateWnd()

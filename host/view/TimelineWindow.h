@@ -41,8 +41,9 @@ public:
     void SetClipSpeed(bool isSpeed);
     /// What stands in the dock.
     TimelinePane& Pane();
-    /// What the frame display counts in.
-    void SetTimeBase(int frameRate, int frameCount);
+    /// What the frame display counts in; it shows so when the frame is set next. Whether that is
+    /// another base than before.
+    bool SetTimeBase(int frameRate, int frameCount);
 
     bool CreateWnd() override;
     QWidget* GetWidget() override;

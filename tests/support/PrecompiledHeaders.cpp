@@ -1,0 +1,1 @@
+// Nothing of its own: it is there for Qt's headers to be compiled for.
