@@ -329,7 +329,7 @@ void tst_HostGestures::droppingASoundPlacesAClip()
     QCOMPARE(editor.SelectedFrames("Sound"), (Frames{25}));
     QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Sound"));
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 25);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Drop hello.wav"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Drop hello.wav: the end of greeting is covered"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 

@@ -422,10 +422,10 @@ void tst_ImportCommand::saysWhatADroppedSoundCovers_data()
 {
     QTest::addColumn<int>("frame");
     QTest::addColumn<QString>("text");
-    QTest::newRow("a clip") << 20 << QStringLiteral("Drop Sound: one was replaced");
-    QTest::newRow("its end") << 25 << QStringLiteral("Drop Sound: the end of one is covered");
-    QTest::newRow("itself") << 10 << QStringLiteral("Drop Sound: heard until one begins");
-    QTest::newRow("nothing") << 40 << QStringLiteral("Drop Sound");
+    QTest::newRow("a clip") << 20 << QStringLiteral("Drop hello.wav: one was replaced");
+    QTest::newRow("its end") << 25 << QStringLiteral("Drop hello.wav: the end of one is covered");
+    QTest::newRow("itself") << 10 << QStringLiteral("Drop hello.wav: heard until one begins");
+    QTest::newRow("nothing") << 40 << QStringLiteral("Drop hello.wav");
 }
 
 void tst_ImportCommand::saysWhatADroppedSoundCovers()
