@@ -12,6 +12,7 @@ namespace {
 constexpr int kOff = 0;
 constexpr int kOn = 2;
 constexpr int kNoButton = -1;
+constexpr int kUnknown = -1; ///< what the timeline shows of a row
 
 struct State
 {
@@ -22,12 +23,12 @@ struct State
 };
 
 constexpr std::array<State, 3> kStates{{
-    {RowState::Muted, 1, QT_TRANSLATE_NOOP("CaptionButtons", "Mute Row"),
-     QT_TRANSLATE_NOOP("CaptionButtons", "Unmute Row")},
-    {RowState::Soloed, kNoButton, QT_TRANSLATE_NOOP("CaptionButtons", "Solo Row"),
-     QT_TRANSLATE_NOOP("CaptionButtons", "Unsolo Row")},
-    {RowState::Locked, 2, QT_TRANSLATE_NOOP("CaptionButtons", "Lock Row"),
-     QT_TRANSLATE_NOOP("CaptionButtons", "Unlock Row")},
+    {RowState::Muted, 1, QT_TRANSLATE_NOOP("CaptionButtons", "Mute %1"),
+     QT_TRANSLATE_NOOP("CaptionButtons", "Unmute %1")},
+    {RowState::Soloed, kNoButton, QT_TRANSLATE_NOOP("CaptionButtons", "Solo %1"),
+     QT_TRANSLATE_NOOP("CaptionButtons", "Unsolo %1")},
+    {RowState::Locked, 2, QT_TRANSLATE_NOOP("CaptionButtons", "Lock %1"),
+     QT_TRANSLATE_NOOP("CaptionButtons", "Unlock %1")},
 }};
 
 int BitsOf(const SceneTrack& row)
@@ -78,7 +79,7 @@ void CaptionButtons::Toggle(CTimelineTrackBase* track, RowState state)
     const State& each = kStates.at(static_cast<std::size_t>(state));
     Scene scene = m_session.Current();
     SetState(scene, m_tracks.IdOf(track), state, on);
-    m_session.Apply(tr(on ? each.on : each.off), scene);
+    m_session.Apply(tr(on ? each.on : each.off).arg(RowOf(track)->caption), scene);
 }
 
 bool CaptionButtons::Has(CTimelineTrackBase* track, RowState state) const
@@ -98,7 +99,7 @@ void CaptionButtons::FollowScene()
     bool isChanged = false;
     for (const SceneTrack& row : m_session.Current().tracks) {
         const int bits = BitsOf(row);
-        if (m_shown.value(row.id) == bits || !m_tracks.TrackOf(row.id))
+        if (m_shown.value(row.id, kUnknown) == bits || !m_tracks.TrackOf(row.id))
             continue;
         m_shown[row.id] = bits;
         Show(row);

@@ -143,16 +143,22 @@ QVector<KeySelection> KeyCommands::Paste(const QVector<TrackId>& rows, NameOfPas
         firstFrame = std::min(firstFrame, clipboard.firstFrame);
         clipboards.append(clipboard);
     }
+    // One shift for all rows, so that they keep their distances too.
+    const int shift = m_manager.GetCurrentFrame() - firstFrame;
     Scene scene = m_session.Current();
+    QVector<KeySelection> there;
     QVector<KeySelection> pasted;
     for (const PutAside& clipboard : qAsConst(clipboards)) {
-        // One shift for all rows, so that they keep their distances too.
-        const int shift = m_manager.GetCurrentFrame() - firstFrame;
-        pasted.append(
-            {clipboard.row, kNoKey, PasteKeys(scene, clipboard.row, clipboard.keys, shift)});
+        const TrackId row = clipboard.row;
+        there.append(
+            {row, kNoKey, KeysAlreadyPasted(m_session.Current(), row, clipboard.keys, shift)});
+        pasted.append({row, kNoKey, PasteKeys(scene, row, clipboard.keys, shift)});
     }
-    if (!pasted.isEmpty())
-        Apply(name(ItemsOf(scene, pasted), m_manager.GetCurrentFrame()), scene);
+    const bool isNew = std::any_of(there.cbegin(), there.cend(),
+                                   [](const KeySelection& row) { return row.keys.isEmpty(); });
+    if (!isNew) // or there is nothing to paste
+        return there;
+    Apply(name(ItemsOf(scene, pasted), m_manager.GetCurrentFrame()), scene);
     return pasted;
 }
 

@@ -123,6 +123,8 @@ void MainWindow::WatchPointer()
     pointer->setObjectName(QStringLiteral("pointer"));
     connect(pointer, &PointerWatch::Moved, m_statusLine, &StatusLine::Look);
     connect(pointer, &PointerWatch::Left, m_statusLine, &StatusLine::Clear);
+    connect(pointer, &PointerWatch::Grasped, &m_history, &UndoHistory::BeginGesture);
+    connect(pointer, &PointerWatch::LetGo, &m_history, &UndoHistory::EndGesture);
     // Keys go where one looks: to the timeline, as soon as one works in it. It gives the focus up
     // itself when some of its gestures end.
     connect(pointer, &PointerWatch::Pressed, this, &MainWindow::FocusTimeline);
@@ -140,6 +142,7 @@ void MainWindow::FocusTimeline()
 void MainWindow::ConnectTimeline()
 {
     m_callbacks.situationChanged = [this] { UpdateCommands(); };
+    connect(this, &MainWindow::CurrentFrameChanged, this, &MainWindow::UpdateCommands);
     m_callbacks.selectionChanged = [this] { m_ranges.DropLeftEnds(); };
     m_callbacks.activeTrackChanged = [this](CTimelineTrackBase* root, CTimelineTrackBase* child) {
         LeaveOtherRoot(root, child);
@@ -282,13 +285,20 @@ bool MainWindow::ShowTimes(const Scene& scene)
 /// Brings the timeline into line with a scene that may have other rows or another length.
 void MainWindow::ShowScene()
 {
-    const bool isOtherTime = ShowTimes(CurrentScene());
-    m_tracks.Update(CurrentScene());
+    const Scene& scene = CurrentScene();
+    const bool isOtherTime = ShowTimes(scene);
+    if (m_tracks.HasRowsOf(scene)) {
+        m_tracks.Update(scene);
+    } else { // all are made anew
+        const KeptTimeline kept(m_manager, m_tracks, scene);
+        m_tracks.Update(scene);
+        kept.Restore(m_manager, m_tracks, scene);
+    }
     ShowRowStates();
     if (isOtherTime) // paints all at once
         m_manager.SetCurrentFrame(m_manager.GetCurrentFrame()); // and its display
     CTimelineTrackBase* const lips = m_manager.GetLipsTrack();
-    if (lips && !m_manager.GetActiveChildTrack())
+    if (lips && !m_manager.GetActiveRootTrack())
         m_manager.SetActiveChildTrack(lips);
     UpdateCommands();
 }

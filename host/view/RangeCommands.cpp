@@ -2,6 +2,7 @@
 
 #include "KeySelections.h"
 #include "SceneTracks.h"
+#include "document/EditNames.h"
 #include "document/KeyList.h"
 
 #include <algorithm>
@@ -65,9 +66,10 @@ void RangeCommands::Delete()
     const Range range = Current();
     if (range.row == kNoTrack)
         return;
+    const QVector<KeySelection> keys = Keys(range, true);
     Scene scene = m_session.Current();
-    DeleteKeys(scene, Keys(range, true));
-    Apply(tr("Delete Range"), scene);
+    DeleteKeys(scene, keys);
+    Apply(DeleteName(ItemsOf(m_session.Current(), keys)), scene);
 }
 
 void RangeCommands::Shift(int frames)
@@ -81,7 +83,7 @@ void RangeCommands::Shift(int frames)
     Scene scene = before;
     MoveKeys(scene, keys, frames);
     const int moved = FramesMoved(before, scene, keys.first());
-    Apply(tr("Shift Range"), scene);
+    Apply(MoveName(ItemsOf(before, keys), moved), scene);
     const int last = scene.frameCount - 1;
     m_manager.SetTrackSelFrame(m_tracks.TrackOf(range.row),
                                std::clamp(range.first + moved, 0, last),
@@ -101,7 +103,7 @@ void RangeCommands::Mark()
     Scene scene = m_session.Current();
     scene.timeMark = {range.first, range.last};
     m_manager.SetTimeMarkFrame(range.first, range.last);
-    m_session.Apply(tr("Mark Range"), scene);
+    m_session.Apply(tr("Mark frames %1 to %2").arg(range.first).arg(range.last), scene);
 }
 
 void RangeCommands::DropLeftEnds()

@@ -3,6 +3,7 @@
 #include "CaptionButtons.h"
 #include "RangeCommands.h"
 #include "TimelineWindow.h"
+#include "document/EditNames.h"
 
 #include <QAction>
 #include <QMenu>
@@ -105,13 +106,13 @@ void TimelineMenu::AddMarks(QMenu* menu)
         m_commands.Add(menu, {text, QLatin1String(shortcut), nullptr, std::move(run)});
     };
     add(tr("Mark Start Here"), "Ctrl+[", [this, current, mark] {
-        MarkFrames(tr("Mark Start"), current(), std::max(current(), mark().end));
+        MarkFrames(MarkerName(true, current()), current(), std::max(current(), mark().end));
     });
     add(tr("Mark End Here"), "Ctrl+]", [this, current, mark] {
-        MarkFrames(tr("Mark End"), std::min(current(), mark().start), current());
+        MarkFrames(MarkerName(false, current()), std::min(current(), mark().start), current());
     });
     add(tr("Mark Whole Scene"), "", [this] {
-        MarkFrames(tr("Mark Whole Scene"), 0, m_subjects.session.Current().frameCount - 1);
+        MarkFrames(tr("Mark whole scene"), 0, m_subjects.session.Current().frameCount - 1);
     });
 }
 

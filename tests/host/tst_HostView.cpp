@@ -361,7 +361,7 @@ void tst_HostView::rangesAreDeletedOnAllRowsThatShowThem()
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 45, 60, 75, 90}));
     QCOMPARE(editor.FramesOf("Spine"), (Frames{0, 15, 45, 53, 60, 68, 75, 90}));
     QCOMPARE(editor.FramesOf("Motion"), Frames{0});
-    QCOMPARE(editor.StatusText(), QStringLiteral("Delete Range"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Delete 4 keys"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -376,7 +376,7 @@ void tst_HostView::rangesAreShiftedWithTheirKeys()
     QTest::keyClick(&editor.window, Qt::Key_Left, Qt::ControlModifier | Qt::AltModifier);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 31, 46, 60, 75, 90}));
     QCOMPARE(editor.RangeOf("LeftArm"), qMakePair(21, 51));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Shift Range"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move 2 keys back by 1 frame"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
