@@ -39,7 +39,6 @@ private:
         return *(std::begin(list) + Below(count));
     }
     const host::SceneTrack* SomeRow(std::initializer_list<host::TrackKind> kinds = {});
-    const host::SceneTrack* RowNamed(const char* name);
     const host::SceneKey* SomeKey(const host::SceneTrack* row);
     int SomeFrame() { return Below(m_editor.Scene().frameCount + 4) - 2; }
 
@@ -52,6 +51,10 @@ private:
     int FrameOf(const host::SceneTrack& row, const host::SceneKey& key);
 
     // What a hand and ten fingers can do; each is a gesture for the witness.
+    static QString PlaceOf(QPoint point)
+    {
+        return QStringLiteral("(%1,%2)").arg(point.x()).arg(point.y());
+    }
     void Say(const QString& text) { m_said += text; }
     void Hold(Qt::KeyboardModifiers modifiers) { m_editor.pointer.modifiers = modifiers; }
     void HoldSomething();
