@@ -46,9 +46,7 @@ QString ShapeText(const SceneKey& clip, int frame)
     const SceneKey* const shape = LastUpTo(clip.subKeys, within);
     if (!shape)
         return clip.name;
-    const QString cue = CueOfMouthShape(shape->mouthShape);
-    return Translated("shape %1 of %2")
-        .arg(cue.isEmpty() ? QString::number(shape->mouthShape) : cue, clip.name);
+    return Translated("shape %1 of %2").arg(ShortNameOfMouthShape(shape->mouthShape), clip.name);
 }
 
 QString ClipText(const SceneKey& clip, int frame)

@@ -2,6 +2,7 @@
 
 #include "KeyCommands.h"
 #include "RowModes.h"
+#include "ShapeMenu.h"
 
 #include <QAction>
 #include <QMenu>
@@ -57,6 +58,8 @@ EditMenu::EditMenu(QMenu* menu, KeyCommands& commands) : QObject(menu), m_comman
         action->setData(static_cast<int>(type));
         m_actions.push_back(action);
     }
+    m_shapes = new ShapeMenu(menu, commands);
+    connect(m_shapes, &ShapeMenu::Done, this, &EditMenu::UpdateActions);
     UpdateActions();
 }
 
@@ -66,6 +69,8 @@ void EditMenu::UpdateActions()
         const auto type = static_cast<TLEditType>(action->data().toInt());
         action->setEnabled(m_commands.CanDo(nullptr, type));
     }
+    if (m_shapes)
+        m_shapes->Update();
 }
 
 void EditMenu::FillRowMenu(CTimelineTrackBase* track, bool isLocked,
@@ -85,11 +90,14 @@ void EditMenu::FillRowMenu(CTimelineTrackBase* track, bool isLocked,
         made.enabled = entry.text && m_commands.CanDo(track, entry.type);
         menu.push_back(&made);
     }
+    if (!isLocked)
+        m_shapes->FillRowMenu(track, menu);
 }
 
 void EditMenu::RunFromRow(CTimelineTrackBase* track, int command)
 {
-    Run(track, static_cast<TLEditType>(command));
+    if (!m_shapes->RunFromRow(track, command))
+        Run(track, static_cast<TLEditType>(command));
 }
 
 void EditMenu::Run(CTimelineTrackBase* track, TLEditType type)

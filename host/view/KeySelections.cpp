@@ -8,15 +8,14 @@ namespace host {
 
 namespace {
 
-QVector<KeyId> SelectedIn(const CTimelineKeyArray& keys)
+void Select(CTimelineKeyArray& keys, const QVector<KeyId>& selected)
 {
-    QVector<KeyId> selected;
-    for (const int index : keys.SelectedIndexes()) {
-        const KeyId id = KeyIdAt(keys, index);
-        if (id != kNoKey)
-            selected.append(id);
+    const QSet<KeyId> ids(selected.cbegin(), selected.cend());
+    const int count = static_cast<int>(keys.GetSize());
+    for (int index = 0; index < count; ++index) {
+        if (ids.contains(KeyIdAt(keys, index)))
+            keys.SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
     }
-    return selected;
 }
 
 KeySelection SelectionInside(TrackId row, const CTimelineKeyArray& keys)
@@ -52,6 +51,17 @@ KeyId KeyIdAt(const CTimelineKeyArray& keys, int index)
     return TimelineKeys::IdOf(*keys.GetAt(index));
 }
 
+QVector<KeyId> SelectedIn(const CTimelineKeyArray& keys)
+{
+    QVector<KeyId> selected;
+    for (const int index : keys.SelectedIndexes()) {
+        const KeyId id = KeyIdAt(keys, index);
+        if (id != kNoKey)
+            selected.append(id);
+    }
+    return selected;
+}
+
 QVector<KeySelection> SelectionOn(const SceneTracks& tracks, const Scene& scene,
                                   const QVector<TrackId>& rows)
 {
@@ -70,12 +80,18 @@ QVector<KeySelection> SelectionOn(const SceneTracks& tracks, const Scene& scene,
 
 void SelectOnly(CTimelineKeyArray& keys, const QVector<KeyId>& selected)
 {
-    const QSet<KeyId> ids(selected.cbegin(), selected.cend());
     keys.ClearAllSelection();
-    const int count = static_cast<int>(keys.GetSize());
-    for (int index = 0; index < count; ++index) {
-        if (ids.contains(KeyIdAt(keys, index)))
-            keys.SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
+    Select(keys, selected);
+}
+
+void SelectToo(CTimelineKeyArray& keys, const KeySelection& selected)
+{
+    if (selected.clip == kNoKey)
+        return Select(keys, selected.keys);
+    Select(keys, {selected.clip});
+    for (const VZ::CPointer<CTimelineKey>& clip : keys.Keys()) {
+        if (TimelineKeys::IdOf(*clip) == selected.clip && clip->subKeys)
+            SelectOnly(*clip->subKeys, selected.keys);
     }
 }
 

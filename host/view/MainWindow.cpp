@@ -18,6 +18,7 @@
 #include "TimelineWindow.h"
 #include "WindowDrops.h"
 #include "document/EditNames.h"
+#include "document/SelectionText.h"
 #include "history/UndoActions.h"
 #include "playback/Transport.h"
 #include "playback/TransportBar.h"
@@ -117,6 +118,10 @@ void MainWindow::AddPlayback()
 void MainWindow::WatchPointer()
 {
     m_statusLine = new StatusLine(statusBar(), m_session, m_tracks);
+    m_statusLine->selectionText = [this] {
+        return SelectionText(CurrentScene(), m_commands.Selection());
+    };
+    connect(m_timelineMenu, &TimelineMenu::Done, m_statusLine, &StatusLine::LookAtSelection);
     auto* const pointer = new PointerWatch(this);
     pointer->setObjectName(QStringLiteral("pointer"));
     connect(pointer, &PointerWatch::Moved, m_statusLine, &StatusLine::Look);
@@ -132,7 +137,11 @@ void MainWindow::WatchPointer()
 
 void MainWindow::ConnectTimeline()
 {
-    m_callbacks.situationChanged = [this] { UpdateCommands(); };
+    m_callbacks.frameChanged = [this] { UpdateCommands(); };
+    m_callbacks.selectionChanged = [this] {
+        UpdateCommands();
+        m_statusLine->LookAtSelection();
+    };
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         MoveTimeMark(mark, frame, isFinal);
     };
@@ -200,6 +209,7 @@ bool MainWindow::ShowSkin(const QString& skinPath)
     }
     kept.Restore(m_manager, m_tracks, CurrentScene());
     SetClipSpeed(isClipSpeed);
+    m_statusLine->LookAtSelection();
     Window()->Pane().SetVerticalScroll(scrolled);
     UpdateCommands();
     return isShown;

@@ -47,7 +47,7 @@ void RowMenu::Fill(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& m
 
 void RowMenu::Run(CTimelineTrackBase* track, int command)
 {
-    if (command >= kFirstState)
+    if (command >= kFirstState && command < kFirstState + static_cast<int>(kStates.size()))
         m_buttons.Toggle(track, static_cast<RowState>(command - kFirstState));
     else
         m_edits.RunFromRow(track, command);
@@ -61,19 +61,29 @@ void RowMenu::Open(CTimelineTrackBase* track, QPoint place)
         return;
     auto* const menu = new QMenu(m_parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const _tmpTLMenuMapData* const entry : entries) {
-        if (entry->command < 0) {
-            menu->addSeparator();
-            continue;
-        }
-        const int command = entry->command;
-        QAction* const action =
-            menu->addAction(entry->text, this, [this, track, command] { Run(track, command); });
-        action->setCheckable(command >= kFirstState);
-        action->setChecked(entry->checked);
-        action->setEnabled(entry->enabled);
-    }
+    AddEntries(*menu, track, entries);
     menu->popup(place);
+}
+
+void RowMenu::AddEntries(QMenu& menu, CTimelineTrackBase* track,
+                         const std::vector<_tmpTLMenuMapData*>& entries)
+{
+    for (const _tmpTLMenuMapData* const entry : entries) {
+        const int command = entry->command;
+        if (command < 0) {
+            menu.addSeparator();
+        } else if (!entry->children.empty()) {
+            QMenu* const below = menu.addMenu(entry->text);
+            below->setEnabled(entry->enabled);
+            AddEntries(*below, track, entry->children);
+        } else {
+            QAction* const action =
+                menu.addAction(entry->text, this, [this, track, command] { Run(track, command); });
+            action->setCheckable(command >= kFirstState);
+            action->setChecked(entry->checked);
+            action->setEnabled(entry->enabled);
+        }
+    }
 }
 
 } // namespace host

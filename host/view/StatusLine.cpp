@@ -20,11 +20,19 @@ constexpr int kMargin = 8; ///< pixels between the text and the edge
 } // namespace
 
 StatusLine::StatusLine(QStatusBar* bar, const EditSession& session, const SceneTracks& tracks)
-    : QObject(bar), m_label(new QLabel), m_session(session), m_tracks(tracks)
+    : QObject(bar), m_selection(new QLabel), m_label(new QLabel), m_session(session),
+      m_tracks(tracks)
 {
     m_label->setObjectName(QStringLiteral("place"));
     m_label->setContentsMargins(0, 0, kMargin, 0);
+    m_selection->setObjectName(QStringLiteral("selection"));
+    m_selection->setContentsMargins(0, 0, kMargin, 0);
+    bar->addPermanentWidget(m_selection);
     bar->addPermanentWidget(m_label);
+    m_later.setSingleShot(true);
+    connect(&m_later, &QTimer::timeout, this,
+            [this] { m_selection->setText(selectionText ? selectionText() : QString()); });
+    connect(&session, &EditSession::Changed, this, &StatusLine::LookAtSelection);
 }
 
 void StatusLine::SetPane(TimelinePane* pane)
@@ -41,6 +49,12 @@ void StatusLine::Look(QPoint place)
 void StatusLine::Clear()
 {
     m_label->clear();
+}
+
+void StatusLine::LookAtSelection()
+{
+    if (!m_later.isActive())
+        m_later.start(0);
 }
 
 QString StatusLine::TextAt(QPoint place)

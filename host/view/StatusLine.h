@@ -4,6 +4,9 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
+
+#include <functional>
 
 class QLabel;
 class QStatusBar;
@@ -14,8 +17,9 @@ class EditSession;
 class SceneTracks;
 class TimelinePane;
 
-/// Says at the right of the status bar what the pointer is over: the row, the frame, its time, and
-/// the key, clip or mouth shape that stands there.
+/// Says at the right of the status bar what is selected, which on a line of mouth shapes cannot be
+/// seen, and what the pointer is over: the row, the frame, its time, and the key, clip or mouth
+/// shape that stands there.
 class StatusLine : public QObject
 {
     Q_OBJECT
@@ -25,17 +29,23 @@ public:
 
     /// Where the timeline stands from now on.
     void SetPane(TimelinePane* pane);
+    /// What gives the text about the selection; not set: none.
+    std::function<QString()> selectionText;
     FrameProbe& Probe() { return m_probe; }
 
 public slots:
     /// The pointer is at this place of the screen.
     void Look(QPoint place);
     void Clear();
+    /// Something else may be selected: says so as soon as the event that did it is over.
+    void LookAtSelection();
 
 private:
     QString TextAt(QPoint place);
 
+    QLabel* m_selection;
     QLabel* m_label;
+    QTimer m_later; ///< one look at the selection, whatever number of edits have touched it
     const EditSession& m_session;
     const SceneTracks& m_tracks;
     QPointer<TimelinePane> m_pane;

@@ -17,7 +17,7 @@ void Tell(const Handler& handler, Arguments&&... arguments)
 
 void TimelineCallbacks::OnCurrentFrameChanged(int, bool)
 {
-    Tell(situationChanged); // the frame display hears of it through the timeline's window
+    Tell(frameChanged);
 }
 
 void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
@@ -27,7 +27,7 @@ void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
 
 void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase*, CTimelineTrackBase*)
 {
-    Tell(situationChanged);
+    Tell(selectionChanged);
 }
 
 void TimelineCallbacks::OnSwitchBtnStateChanged(CTimelineTrackBase* track, int button)
@@ -61,12 +61,12 @@ void TimelineCallbacks::OnSelectedTrackRightMenu(CTimelineTrackBase* track, int 
 
 void TimelineCallbacks::OnSelectedDataCleared()
 {
-    Tell(situationChanged);
+    Tell(selectionChanged);
 }
 
 void TimelineCallbacks::OnSelectedDataChanged()
 {
-    Tell(situationChanged);
+    Tell(selectionChanged);
 }
 
 bool TimelineCallbacks::OnTrackDropFile(TLDropFileType type, QString path)
@@ -74,9 +74,9 @@ bool TimelineCallbacks::OnTrackDropFile(TLDropFileType type, QString path)
     return fileDropped && fileDropped(type, path);
 }
 
-void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int type)
+void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int frame)
 {
-    Tell(fileHeld, track, path, type);
+    Tell(fileHeld, track, path, frame);
 }
 
 } // namespace host

@@ -11,9 +11,11 @@ namespace host {
 class TimelineCallbacks : public CTimelineManagerInterface
 {
 public:
-    /// Something changed that commands depend on: the selection, the active track, the current
-    /// frame.
-    std::function<void()> situationChanged;
+    /// Another frame is current, which commands depend on. The frame itself is told to the
+    /// timeline's window.
+    std::function<void()> frameChanged;
+    /// Something else is selected, or another track is active.
+    std::function<void()> selectionChanged;
     /// A marker of the ruler stands at @p frame now. @p mark: 0 start, 1 end. @p isFinal: it was
     /// let go.
     std::function<void(int mark, int frame, bool isFinal)> timeMarkMoved;
@@ -49,7 +51,7 @@ public:
     void OnSelectedDataCleared() override;
     void OnSelectedDataChanged() override;
     bool OnTrackDropFile(TLDropFileType type, QString path) override;
-    void OnCheckDragFile(CTimelineTrackBase* track, QString path, int type) override;
+    void OnCheckDragFile(CTimelineTrackBase* track, QString path, int frame) override;
 };
 
 } // namespace host
