@@ -126,13 +126,18 @@ void MainWindow::WatchPointer()
     pointer->setObjectName(QStringLiteral("pointer"));
     connect(pointer, &PointerWatch::Moved, m_statusLine, &StatusLine::Look);
     connect(pointer, &PointerWatch::Left, m_statusLine, &StatusLine::Clear);
-    // Keys go where one looks: to the timeline, as soon as one works in it.
-    connect(pointer, &PointerWatch::Pressed, this, [this] {
-        QWidget* const timeline = Window()->Pane().Timeline();
-        QWidget* const focus = QApplication::focusWidget();
-        if (timeline && (!focus || (focus != timeline && !timeline->isAncestorOf(focus))))
-            m_manager.SetTimelineWndFocus();
-    });
+    // Keys go where one looks: to the timeline, as soon as one works in it. It gives the focus up
+    // itself when some of its gestures end.
+    connect(pointer, &PointerWatch::Pressed, this, &MainWindow::FocusTimeline);
+    connect(pointer, &PointerWatch::Released, this, &MainWindow::FocusTimeline);
+}
+
+void MainWindow::FocusTimeline()
+{
+    const QWidget* const timeline = Window()->Pane().Timeline();
+    const QWidget* const focus = QApplication::focusWidget();
+    if (timeline && (!focus || (focus != timeline && !timeline->isAncestorOf(focus))))
+        m_manager.SetTimelineWndFocus();
 }
 
 void MainWindow::ConnectTimeline()
@@ -375,6 +380,11 @@ void MainWindow::ClickCaptionButton(CTimelineTrackBase* track, int button, QPoin
     else
         m_captionButtons.Click(track, button);
     UpdateCommands();
+}
+
+FrameProbe& MainWindow::Probe()
+{
+    return m_statusLine->Probe();
 }
 
 void MainWindow::Tell(const QString& text)

@@ -19,6 +19,7 @@
 namespace host {
 
 class EditMenu;
+class FrameProbe;
 class ImportCommand;
 class RowMenu;
 class SkinMenu;
@@ -69,6 +70,8 @@ public:
     WindowDrops& Drops() { return *m_windowDrops; }
     Transport& Player() { return *m_transport; }
     const SceneTracks& Tracks() const { return m_tracks; }
+    /// Says what lies at a point of the timeline.
+    FrameProbe& Probe();
     /// What was done, to be undone.
     UndoHistory& History() { return m_history; }
     /// The first menu, which is empty as long as nobody fills it.
@@ -87,6 +90,7 @@ private:
     void AddPlayback();
     void AddMenus();
     void WatchPointer();
+    void FocusTimeline();
     bool DrawIn(const QString& skinPath);
     bool RedrawIn(const QString& skinPath);
     void ShowTimes(const Scene& scene);

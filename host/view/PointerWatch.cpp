@@ -31,8 +31,9 @@ bool PointerWatch::eventFilter(QObject* watched, QEvent* event)
     switch (event->type()) {
     case QEvent::MouseMove: {
         const auto* const move = static_cast<QMouseEvent*>(event);
+        m_place = move->globalPos(); // looked at again when a drag is over
         if (move->buttons() == Qt::NoButton)
-            TellMove(move->globalPos());
+            TellMove(m_place);
         break;
     }
     case QEvent::MouseButtonPress:
@@ -40,6 +41,9 @@ bool PointerWatch::eventFilter(QObject* watched, QEvent* event)
             emit Pressed();
         break;
     case QEvent::MouseButtonRelease:
+        if (m_area->isAncestorOf(static_cast<QWidget*>(watched)))
+            QMetaObject::invokeMethod(this, &PointerWatch::Released, Qt::QueuedConnection);
+        [[fallthrough]];
     case QEvent::KeyPress:
     case QEvent::Wheel:
         // When it has been handled something else may be there.

@@ -24,6 +24,8 @@ signals:
     void Left();
     /// A button goes down; the widget below does not know of it yet.
     void Pressed();
+    /// A button that went down over the area has come up, and that has been handled.
+    void Released();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -8,6 +8,8 @@
 #include "files/DocumentDialogs.h"
 #include "import/NewScene.h"
 #include "import/SceneFiles.h"
+#include "script/ScriptReader.h"
+#include "script/ScriptedRun.h"
 #include "storage/DocumentFile.h"
 
 #include <QApplication>
@@ -19,6 +21,9 @@
 
 namespace {
 
+const QString kNoWindow =
+    QStringLiteral("kestova-host: expected the window to come up on the screen");
+
 /// What the program needs to open its window.
 struct Start
 {
@@ -27,12 +32,20 @@ struct Start
     host::SceneDocument document;
     bool isLeft = false; ///< an earlier run has left work on the document: the window asks about it
     QString skin;
+    std::optional<host::Script> script;
 };
 
-/// Whether the program only writes a picture: nobody is there to be asked anything.
+/// Whether the program only writes a picture.
 bool IsForPicture(const host::HostOptions& options)
 {
     return !options.screenshot.isEmpty() || !options.screenGrab.isEmpty();
+}
+
+/// Whether nobody is there to be asked anything. Such a run does not depend on what was left
+/// behind.
+bool IsUnattended(const host::HostOptions& options)
+{
+    return IsForPicture(options) || !options.script.isEmpty();
 }
 
 int Fail(const QString& message)
@@ -45,7 +58,7 @@ int Fail(const QString& message)
 int WritePicture(host::MainWindow& window, const host::HostOptions& options)
 {
     if (!host::WaitUntilExposed(window))
-        return Fail(QStringLiteral("kestova-host: expected the window to come up on the screen"));
+        return Fail(kNoWindow);
     const bool fromScreen = !options.screenGrab.isEmpty();
     const QString path = fromScreen ? options.screenGrab : options.screenshot;
     const QImage picture =
@@ -76,8 +89,7 @@ QString SkinOf(const host::HostOptions& options)
 {
     if (!options.skin.isEmpty())
         return options.skin;
-    // Pictures do not depend on what was left behind.
-    const QString remembered = IsForPicture(options) ? QString() : host::RememberedSkin();
+    const QString remembered = IsUnattended(options) ? QString() : host::RememberedSkin();
     return QFileInfo(remembered).isFile() ? remembered : host::DefaultSkin();
 }
 
@@ -94,7 +106,7 @@ std::optional<Start> Prepare(QString& error)
     if (host::IsDocument(options->files.value(0)))
         start.path = options->files.first();
     start.isLeft =
-        !start.path.isEmpty() && !IsForPicture(*options) && host::FindLeftoverOf(start.path);
+        !start.path.isEmpty() && !IsUnattended(*options) && host::FindLeftoverOf(start.path);
     const auto document = start.isLeft ? host::SceneDocument{host::NewScene(), {}, {}}
                                        : ReadFiles(options->files, error);
     if (!document)
@@ -105,7 +117,10 @@ std::optional<Start> Prepare(QString& error)
         error = start.skin + QStringLiteral(": expected a skin file");
         return std::nullopt;
     }
-    return start;
+    if (options->script.isEmpty())
+        return start;
+    start.script = host::ReadScript(options->script, error);
+    return start.script ? std::optional<Start>(start) : std::nullopt;
 }
 
 /// Offers what earlier runs have left behind.
@@ -126,8 +141,9 @@ int Open(const Start& start)
     if (!window.CreateTimeline(start.skin) || !window.CanShow(start.document.scene))
         return Fail(start.skin + QStringLiteral(": expected a skin with every section and key"));
     host::DocumentDialogs dialogs(&window);
-    host::DocumentActions documents(window, dialogs);
-    if (!IsForPicture(start.options))
+    host::ScriptPrompts prompts(dialogs);
+    host::DocumentActions documents(window, prompts);
+    if (!IsUnattended(start.options))
         new host::WindowLayout(window, start.options.isSizeGiven); // the window's
     window.show();
     documents.Current().Show(start.isLeft ? QString() : start.path, start.document);
@@ -135,7 +151,12 @@ int Open(const Start& start)
         window.GotoFrame(start.options.frame.value_or(0));
     if (IsForPicture(start.options))
         return WritePicture(window, start.options);
-    OfferWork(documents, start);
+    if (!start.script)
+        OfferWork(documents, start);
+    else if (!host::WaitUntilExposed(window))
+        return Fail(kNoWindow);
+    else
+        host::RunScript(window, prompts, *start.script);
     return QApplication::exec();
 }
 

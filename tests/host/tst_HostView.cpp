@@ -121,6 +121,7 @@ class tst_HostView : public QObject
 
 private slots:
     void theStatusLineTellsWhatThePointerIsOver();
+    void theStatusLineFollowsADragToItsEnd();
     void theStatusLineFollowsTheZoom();
     void theStatusLineIsEmptyOutsideTheTimeline();
     void lookingChangesNothing();
@@ -150,6 +151,7 @@ private slots:
     void aGivenSizeIsKept();
     void theAboutBoxTellsTheVersions();
     void aPressInTheTimelineTakesTheFocus();
+    void keysStayWithTheTimelineAfterScrubbing();
     void shortcutsDoNotFight();
 };
 
@@ -171,6 +173,14 @@ void tst_HostView::theStatusLineTellsWhatThePointerIsOver()
     QCOMPARE(editor.PlaceText(), QStringLiteral("Motion"));
     editor.pointer.MoveTo(timeline, QPoint(editor.WidgetOf("Lips")->x() + 205, 10));
     QCOMPARE(editor.PlaceText(), QStringLiteral("Ruler   frame 20   00:00:20"));
+}
+
+void tst_HostView::theStatusLineFollowsADragToItsEnd()
+{
+    ViewEditor editor;
+    editor.Drag("LeftArm", editor.At("LeftArm", 15), {editor.At("LeftArm", 20)});
+    QCoreApplication::processEvents();
+    QCOMPARE(editor.PlaceText(), QStringLiteral("Left Arm   frame 20   00:00:20   key"));
 }
 
 void tst_HostView::theStatusLineFollowsTheZoom()
@@ -646,6 +656,19 @@ void tst_HostView::aPressInTheTimelineTakesTheFocus()
     editor.ClickTool("Clip Speed");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 0);
+}
+
+void tst_HostView::keysStayWithTheTimelineAfterScrubbing()
+{
+    ViewEditor editor;
+    QWidget* const ruler = editor.Ruler();
+    editor.pointer.Press(ruler, QPoint(205, ruler->height() / 2));
+    editor.pointer.MoveTo(ruler, QPoint(305, ruler->height() / 2));
+    editor.pointer.Release();
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 30);
+    QVERIFY(QApplication::focusWidget());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 90);
 }
 
 void tst_HostView::shortcutsDoNotFight()
