@@ -7,6 +7,16 @@
 
 namespace host {
 
+namespace {
+
+/// A row or a file may have an "&" in its name, which would make a mnemonic of the next letter.
+QString Escaped(QString name)
+{
+    return name.replace(u'&', QLatin1String("&&"));
+}
+
+} // namespace
+
 UndoActions::UndoActions(QMenu* menu, UndoHistory& history, const EditSession& session)
     : QObject(menu), m_history(history), m_session(session), m_undo(new QAction(this)),
       m_redo(new QAction(this))
@@ -27,8 +37,8 @@ UndoActions::UndoActions(QMenu* menu, UndoHistory& history, const EditSession& s
 void UndoActions::Update()
 {
     const QUndoStack& stack = m_history.Stack();
-    m_undo->setText(stack.canUndo() ? tr("Undo %1").arg(stack.undoText()) : tr("Undo"));
-    m_redo->setText(stack.canRedo() ? tr("Redo %1").arg(stack.redoText()) : tr("Redo"));
+    m_undo->setText(stack.canUndo() ? tr("&Undo %1").arg(Escaped(stack.undoText())) : tr("&Undo"));
+    m_redo->setText(stack.canRedo() ? tr("&Redo %1").arg(Escaped(stack.redoText())) : tr("&Redo"));
     // An edit under way can be undone too: it is ended first.
     m_undo->setEnabled(stack.canUndo() || m_session.IsOpen());
     m_redo->setEnabled(stack.canRedo() && !m_session.IsOpen());

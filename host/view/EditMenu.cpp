@@ -25,20 +25,22 @@ struct Entry
 
 constexpr Entry kSeparatorEntry{TL_EDIT_BEGIN, nullptr, nullptr};
 
-/// The entries of both menus. In a row's menu the timeline gives those that are named Cut, Copy,
-/// Paste, Delete and Break their shortcuts. Tab and Shift+Tab select too: those are its own.
+/// The entries of both menus. With their mnemonics they are not named as those that the timeline
+/// gives shortcuts in a row's menu (Cut, Copy, Paste, Delete, Break): two actions with one shortcut
+/// would leave the key dead as long as that menu is open. Tab and Shift+Tab select too: those are
+/// the timeline's own.
 constexpr std::array<Entry, 11> kEntries{{
-    {TL_EDIT_CUT, QT_TRANSLATE_NOOP("EditMenu", "Cut"), "Ctrl+X"},
-    {TL_EDIT_COPY, QT_TRANSLATE_NOOP("EditMenu", "Copy"), "Ctrl+C"},
-    {TL_EDIT_PASTE, QT_TRANSLATE_NOOP("EditMenu", "Paste"), "Ctrl+V"},
-    {TL_EDIT_DELETE, QT_TRANSLATE_NOOP("EditMenu", "Delete"), "Del"},
+    {TL_EDIT_CUT, QT_TRANSLATE_NOOP("EditMenu", "Cu&t"), "Ctrl+X"},
+    {TL_EDIT_COPY, QT_TRANSLATE_NOOP("EditMenu", "&Copy"), "Ctrl+C"},
+    {TL_EDIT_PASTE, QT_TRANSLATE_NOOP("EditMenu", "&Paste"), "Ctrl+V"},
+    {TL_EDIT_DELETE, QT_TRANSLATE_NOOP("EditMenu", "&Delete"), "Del"},
     kSeparatorEntry,
-    {TL_EDIT_INSERT_KEY, QT_TRANSLATE_NOOP("EditMenu", "Insert Key"), "Ins"},
-    {TL_EDIT_BREAK, QT_TRANSLATE_NOOP("EditMenu", "Break"), "Ctrl+B"},
+    {TL_EDIT_INSERT_KEY, QT_TRANSLATE_NOOP("EditMenu", "&Insert Key"), "Ins"},
+    {TL_EDIT_BREAK, QT_TRANSLATE_NOOP("EditMenu", "&Break"), "Ctrl+B"},
     kSeparatorEntry,
-    {TL_EDIT_SELECT_ALL, QT_TRANSLATE_NOOP("EditMenu", "Select All"), "Ctrl+A"},
-    {TL_EDIT_SELECT_PREVIOUS, QT_TRANSLATE_NOOP("EditMenu", "Select Previous"), "Alt+Left"},
-    {TL_EDIT_SELECT_NEXT, QT_TRANSLATE_NOOP("EditMenu", "Select Next"), "Alt+Right"},
+    {TL_EDIT_SELECT_ALL, QT_TRANSLATE_NOOP("EditMenu", "Select &All"), "Ctrl+A"},
+    {TL_EDIT_SELECT_PREVIOUS, QT_TRANSLATE_NOOP("EditMenu", "Select Pre&vious"), "Alt+Left"},
+    {TL_EDIT_SELECT_NEXT, QT_TRANSLATE_NOOP("EditMenu", "Select &Next"), "Alt+Right"},
 }};
 
 } // namespace

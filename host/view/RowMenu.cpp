@@ -5,19 +5,12 @@
 
 #include <QMenu>
 
-#include <array>
-
 namespace host {
 
 namespace {
 
 constexpr int kSeparator = -1;
 constexpr int kFirstState = 1000; ///< above the numbers of all edits
-
-/// In the order of RowState.
-constexpr std::array<const char*, 3> kStates{QT_TRANSLATE_NOOP("RowMenu", "Mute"),
-                                             QT_TRANSLATE_NOOP("RowMenu", "Solo"),
-                                             QT_TRANSLATE_NOOP("RowMenu", "Lock")};
 
 } // namespace
 
@@ -32,13 +25,13 @@ void RowMenu::Fill(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& m
     if (!m_buttons.Concerns(track))
         return;
     m_edits.FillRowMenu(track, m_buttons.Has(track, RowState::Locked), menu);
-    m_entries.resize(kStates.size() + 1);
+    m_entries.resize(kRowStates.size() + 1);
     m_entries.front().command = kSeparator;
-    for (std::size_t i = 0; i < kStates.size(); ++i) {
+    for (std::size_t i = 0; i < kRowStates.size(); ++i) {
         _tmpTLMenuMapData& entry = m_entries[i + 1];
         entry.command = kFirstState + static_cast<int>(i);
-        const bool isOn = m_buttons.Has(track, static_cast<RowState>(i));
-        entry.text = tr(kStates[i]);
+        const bool isOn = m_buttons.Has(track, kRowStates[i]);
+        entry.text = u'&' + TextsOf(kRowStates[i]).name;
         entry.checked = isOn;
     }
     for (_tmpTLMenuMapData& entry : m_entries)
@@ -47,7 +40,7 @@ void RowMenu::Fill(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& m
 
 void RowMenu::Run(CTimelineTrackBase* track, int command)
 {
-    if (command >= kFirstState && command < kFirstState + static_cast<int>(kStates.size()))
+    if (command >= kFirstState && command < kFirstState + static_cast<int>(kRowStates.size()))
         m_buttons.Toggle(track, static_cast<RowState>(command - kFirstState));
     else
         m_edits.RunFromRow(track, command);

@@ -18,13 +18,13 @@ constexpr std::array<int, 9> kOrder{1, 2, 3, 4, 5, 6, 7, 8, kClosedMouth};
 /// "D  wide open (aa)"
 QString TextOf(int shape)
 {
-    return QStringLiteral("%1  %2").arg(CueOfMouthShape(shape), DescriptionOfMouthShape(shape));
+    return QStringLiteral("&%1  %2").arg(CueOfMouthShape(shape), DescriptionOfMouthShape(shape));
 }
 
 } // namespace
 
 ShapeMenu::ShapeMenu(QMenu* edit, KeyCommands& commands)
-    : QObject(edit), m_commands(commands), m_menu(edit->addMenu(tr("Mouth Shape")))
+    : QObject(edit), m_commands(commands), m_menu(edit->addMenu(tr("Mout&h Shape")))
 {
     for (std::size_t i = 0; i < kOrder.size(); ++i) {
         const int shape = kOrder[i];

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FrameProbe.h"
+#include "SkinFile.h"
 
 #include <QObject>
 #include <QPointer>
@@ -27,11 +28,14 @@ public:
     /// All are kept and outlive this object.
     StatusLine(QStatusBar* bar, const EditSession& session, const SceneTracks& tracks);
 
-    /// Where the timeline stands from now on.
-    void SetPane(TimelinePane* pane);
+    /// Where the timeline stands from now on, and the skin that it is drawn in.
+    void SetTimeline(TimelinePane* pane, const QString& skinPath);
     /// What gives the text about the selection; not set: none.
     std::function<QString()> selectionText;
     FrameProbe& Probe() { return m_probe; }
+
+    /// What a button of a caption, or an arrow that scrolls buttons, does; empty beside them.
+    QString TipAt(QPoint place);
 
 public slots:
     /// The pointer is at this place of the screen.
@@ -41,6 +45,17 @@ public slots:
     void LookAtSelection();
 
 private:
+    /// A point of the timeline, as far as it can be told.
+    struct Spot
+    {
+        TrackId track = kNoTrack;
+        bool isRuler = false;
+        std::optional<int> frame; ///< not on a caption
+        QString tip;              ///< what a click there does, where that is not to be seen
+    };
+    std::optional<Spot> SpotAt(QPoint place);
+    QString TipOnCaption(const SceneTrack& row, int x) const;
+    QString TipOnSwitches(const SceneTrack& row, int x, int width) const;
     QString TextAt(QPoint place);
 
     QLabel* m_selection;
@@ -50,6 +65,7 @@ private:
     const SceneTracks& m_tracks;
     QPointer<TimelinePane> m_pane;
     FrameProbe m_probe;
+    SkinFile m_skin;
 };
 
 } // namespace host

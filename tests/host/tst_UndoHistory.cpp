@@ -321,7 +321,7 @@ private:
     void ToggleSpeed()
     {
         for (QAction* const action : m_editor.window.findChildren<QAction*>()) {
-            if (action->text() == QLatin1String("Clip Speed"))
+            if (host::PlainText(*action) == QLatin1String("Speed"))
                 action->trigger();
         }
     }
