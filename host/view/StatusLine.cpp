@@ -70,13 +70,15 @@ std::optional<StatusLine::Spot> StatusLine::SpotAt(QPoint place)
     if (!row || row->parentWidget() != timeline)
         return std::nullopt;
     const int x = point.x() - row->x();
-    const auto found = m_probe.At(*row, QPoint(std::max(0, x), row->height() / 2));
-    if (!found)
+    // The row is asked at its start: beyond the last frame it gives no answer.
+    const auto start = m_probe.At(*row, QPoint(0, row->height() / 2));
+    if (!start)
         return std::nullopt;
+    const auto found = m_probe.At(*row, QPoint(std::max(0, x), row->height() / 2));
     Spot spot;
-    spot.track = m_tracks.IdOf(found->track);
+    spot.track = m_tracks.IdOf(start->track);
     spot.isRuler = row->y() == 0; // the scroll bar has no frames of its own
-    if (x >= 0 && found->frame < m_session.Current().frameCount)
+    if (x >= 0 && found && found->frame < m_session.Current().frameCount)
         spot.frame = found->frame;
     if (const SceneTrack* const track = m_session.Current().FindTrack(spot.track))
         spot.tip = x < 0 ? TipOnCaption(*track, point.x()) : TipOnSwitches(*track, x, row->width());
