@@ -9,10 +9,10 @@ namespace host {
 
 namespace {
 
-/// A row or a file may have an "&" in its name, which would make a mnemonic of the next letter.
-QString Escaped(QString name)
+/// The text as menus show it: there an ampersand alone marks a letter.
+QString InMenu(QString text)
 {
-    return name.replace(u'&', QLatin1String("&&"));
+    return text.replace(u'&', QStringLiteral("&&"));
 }
 
 } // namespace
@@ -31,14 +31,15 @@ UndoActions::UndoActions(QMenu* menu, UndoHistory& history, const EditSession& s
     connect(m_redo, &QAction::triggered, &history, &UndoHistory::Redo);
     connect(&history.Stack(), &QUndoStack::indexChanged, this, &UndoActions::Update);
     connect(&session, &EditSession::Changed, this, &UndoActions::Update);
+    connect(&session, &EditSession::Ended, this, &UndoActions::Update);
     Update();
 }
 
 void UndoActions::Update()
 {
     const QUndoStack& stack = m_history.Stack();
-    m_undo->setText(stack.canUndo() ? tr("&Undo %1").arg(Escaped(stack.undoText())) : tr("&Undo"));
-    m_redo->setText(stack.canRedo() ? tr("&Redo %1").arg(Escaped(stack.redoText())) : tr("&Redo"));
+    m_undo->setText(stack.canUndo() ? tr("&Undo %1").arg(InMenu(stack.undoText())) : tr("&Undo"));
+    m_redo->setText(stack.canRedo() ? tr("&Redo %1").arg(InMenu(stack.redoText())) : tr("&Redo"));
     // An edit under way can be undone too: it is ended first.
     m_undo->setEnabled(stack.canUndo() || m_session.IsOpen());
     m_redo->setEnabled(stack.canRedo() && !m_session.IsOpen());

@@ -92,7 +92,10 @@ void UndoHistory::Settle()
 void UndoHistory::GoTo(const Moment& moment)
 {
     m_session.Restore(moment.scene);
-    RestoreState(m_manager, m_tracks, moment.scene, moment.state);
+    TimelineState state = moment.state;
+    if (keepsFrame && keepsFrame())
+        state.frame = m_manager.GetCurrentFrame();
+    RestoreState(m_manager, m_tracks, moment.scene, state);
 }
 
 TimelineState UndoHistory::StateNow() const

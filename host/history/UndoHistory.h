@@ -5,6 +5,8 @@
 
 #include <QUndoStack>
 
+#include <functional>
+
 class QWidget;
 
 namespace host {
@@ -20,6 +22,9 @@ public:
     /// All are kept and outlive this object. Who shows the session's scene on @p tracks has done so
     /// when EditSession::Restored has been sent.
     UndoHistory(EditSession& session, CTimelineManager& manager, const SceneTracks& tracks);
+
+    /// Whether undo and redo leave the current frame where it is; they do not unless this is set.
+    std::function<bool()> keepsFrame;
 
     QUndoStack& Stack() { return m_stack; }
 

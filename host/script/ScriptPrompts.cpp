@@ -15,10 +15,15 @@ DocumentPrompts::SaveAnswer ScriptPrompts::AskToSave(const QString& name)
     return m_isScripted ? SaveAnswer::Discard : m_people.AskToSave(name);
 }
 
-DocumentPrompts::RecoverAnswer ScriptPrompts::AskToRecover(const QString& name,
-                                                           const QDateTime& time)
+DocumentPrompts::RecoverAnswer
+ScriptPrompts::AskToRecover(const QString& name, const QDateTime& time, const QDateTime& savedLater)
 {
-    return m_isScripted ? RecoverAnswer::Leave : m_people.AskToRecover(name, time);
+    return m_isScripted ? RecoverAnswer::Leave : m_people.AskToRecover(name, time, savedLater);
+}
+
+bool ScriptPrompts::AskToReplace(const QString& name, const QDateTime& time)
+{
+    return m_isScripted || m_people.AskToReplace(name, time);
 }
 
 QString ScriptPrompts::AskForFileToOpen(const QString& folder)

@@ -5,7 +5,8 @@
 namespace host {
 
 /// Answers in place of the user while a script runs: changes are dropped, what could be recovered
-/// is left for later, files are those that the script names. Before and after, the user is asked.
+/// is left for later, files are those that the script names and are replaced. Before and after, the
+/// user is asked.
 class ScriptPrompts : public DocumentPrompts
 {
 public:
@@ -21,7 +22,9 @@ public:
     QString Take();
 
     SaveAnswer AskToSave(const QString& name) override;
-    RecoverAnswer AskToRecover(const QString& name, const QDateTime& time) override;
+    RecoverAnswer AskToRecover(const QString& name, const QDateTime& time,
+                               const QDateTime& savedLater) override;
+    bool AskToReplace(const QString& name, const QDateTime& time) override;
     QString AskForFileToOpen(const QString& folder) override;
     QString AskForFileToSave(const QString& suggested) override;
     void TellError(const QString& text) override;

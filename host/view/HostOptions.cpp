@@ -1,8 +1,12 @@
 #include "HostOptions.h"
 
+#include "ToolkitOptions.h"
 #include "script/WindowSize.h"
 
 #include <QCommandLineParser>
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace host {
 
@@ -52,9 +56,13 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
                                                 "mouth cues (.json, .tsv) and sounds (.wav); "
                                                 "none: the sample scene."),
                                  QStringLiteral("[FILES...]"));
-    if (!parser.parse(arguments)) {
+    if (!parser.parse(WithoutToolkitOptions(arguments))) {
         error = parser.errorText();
         return std::nullopt;
+    }
+    if (parser.isSet(QStringLiteral("help-all"))) {
+        std::fputs(qUtf8Printable(parser.helpText() + ToolkitHelp()), stdout);
+        std::exit(EXIT_SUCCESS);
     }
     if (parser.isSet(help))
         parser.showHelp();
@@ -66,6 +74,10 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
     options.skin = parser.value(known.skin);
     options.screenshot = parser.value(known.screenshot);
     options.screenGrab = parser.value(known.screenGrab);
+    if (parser.isSet(known.screenshot) && parser.isSet(known.screenGrab)) {
+        error = QStringLiteral("--grab-screen: expected no --screenshot with it");
+        return std::nullopt;
+    }
     options.script = parser.value(known.script);
     if (parser.isSet(known.script) &&
         (parser.isSet(known.screenshot) || parser.isSet(known.screenGrab))) {

@@ -87,7 +87,9 @@ void ImportCommand::Finish()
 {
     // Gone before the scene changes: whoever hears of that may import again.
     const std::unique_ptr<ImportJob> job = std::move(m_job);
-    m_progress.reset();
+    // A dialog that shows how far it is handles events meanwhile, and this may be one of them.
+    m_progress->hide();
+    m_progress.release()->deleteLater();
     const QString name = NameOf(job->Files());
     if (job->Result())
         Apply(*job->Result(), name);
@@ -112,6 +114,8 @@ void ImportCommand::Apply(const Material& material, const QString& name)
     if (sceneChanged)
         sceneChanged();
     m_session.Commit();
+    if (!material.problems.isEmpty()) // in place of the name of the edit, which is told by others
+        Tell(tr("Import %1, silent: %2").arg(name, material.problems.join(QStringLiteral("; "))));
 }
 
 void ImportCommand::Tell(const QString& text) const

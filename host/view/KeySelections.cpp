@@ -10,12 +10,16 @@ namespace {
 
 void Select(CTimelineKeyArray& keys, const QVector<KeyId>& selected)
 {
+    if (selected.isEmpty()) // so it is on nearly every row
+        return;
     const QSet<KeyId> ids(selected.cbegin(), selected.cend());
+    std::vector<CTimelineKeyArray::Choice> choices;
     const int count = static_cast<int>(keys.GetSize());
     for (int index = 0; index < count; ++index) {
-        if (ids.contains(KeyIdAt(keys, index)))
-            keys.SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
+        if (ids.contains(TimelineKeys::IdOf(*keys.Keys()[static_cast<std::size_t>(index)])))
+            choices.push_back({index, true});
     }
+    keys.SetSelectionOfKeys(choices);
 }
 
 KeySelection SelectionInside(TrackId row, const CTimelineKeyArray& keys)

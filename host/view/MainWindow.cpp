@@ -91,6 +91,8 @@ void MainWindow::ConnectHistory()
     new UndoActions(m_edit, m_history, m_session);
     connect(this, &MainWindow::CurrentFrameChanged, &m_history, &UndoHistory::FollowFrame);
     connect(&m_session, &EditSession::Restored, this, &MainWindow::ShowScene);
+    // What is edited while it plays is heard and seen where it plays.
+    m_history.keepsFrame = [this] { return m_transport->IsUnderWay(); };
     connect(&m_history, &UndoHistory::Undone, this,
             [this](const QString& name) { Tell(tr("Undone: %1").arg(name)); });
     connect(&m_history, &UndoHistory::Redone, this,
@@ -162,10 +164,13 @@ void MainWindow::ConnectTimeline()
     connect(&m_skins, &SkinSwitch::WindowMade, this, &MainWindow::TakeWindow);
     connect(&m_skins, &SkinSwitch::Shown, m_skinMenu, &SkinMenu::SetCurrent);
     connect(&m_skins, &SkinSwitch::Shown, m_statusLine, &StatusLine::LookAtSelection);
-    m_callbacks.frameChanged = [this] { UpdateCommands(); };
+    m_callbacks.situationChanged = [this] { UpdateCommands(); };
     m_callbacks.selectionChanged = [this] {
-        UpdateCommands();
+        m_ranges.DropLeftEnds();
         m_statusLine->LookAtSelection();
+    };
+    m_callbacks.activeTrackChanged = [this](CTimelineTrackBase* root, CTimelineTrackBase* child) {
+        m_scene.LeaveOtherRoot(root, child);
     };
     m_callbacks.timeMarkMoved = [this](int mark, int frame, bool isFinal) {
         m_requests.MoveTimeMark(mark, frame, isFinal);

@@ -98,6 +98,18 @@ void RangeCommands::Mark()
     m_session.Apply(tr("Mark Range"), scene);
 }
 
+void RangeCommands::DropLeftEnds()
+{
+    for (const SceneTrack& row : m_session.Current().tracks) {
+        CTimelineTrackBase* const track = m_tracks.TrackOf(row.id);
+        int first = -1;
+        int last = -1;
+        m_manager.GetTrackSelFrame(track, first, last);
+        if (first < 0 && last >= 0)
+            m_manager.SetTrackSelFrame(track, -1, -1);
+    }
+}
+
 RangeCommands::Range RangeCommands::Current() const
 {
     Range range;

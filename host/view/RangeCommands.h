@@ -31,6 +31,9 @@ public:
     void ShiftToCurrentFrame();
     /// Puts the ruler's markers at its ends.
     void Mark();
+    /// A row that loses its range keeps the frame where it ended, and would be drawn as selected
+    /// from the first frame to there: takes that away as well.
+    void DropLeftEnds();
 
 private:
     struct Range

@@ -42,7 +42,7 @@ public:
     /// The timeline's keys of the scene's track, or null.
     CTimelineKeyArray* KeysOf(TrackId id) const { return m_manager.GetKeyDataArray(TrackOf(id)); }
     /// The scene's track for the timeline's, or kNoTrack.
-    TrackId IdOf(CTimelineTrackBase* track) const { return m_tracks.key(track, kNoTrack); }
+    TrackId IdOf(CTimelineTrackBase* track) const { return m_ids.value(track, kNoTrack); }
 
 private:
     void Clear();
@@ -55,6 +55,7 @@ private:
 
     CTimelineManager& m_manager;
     QHash<TrackId, CTimelineTrackBase*> m_tracks;
+    QHash<CTimelineTrackBase*, TrackId> m_ids; ///< the same the other way round
     TimelineKeys m_keys;
     Scene m_shown; ///< the scene whose keys the timeline shows
 };

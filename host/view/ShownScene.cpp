@@ -10,9 +10,11 @@ namespace host {
 
 bool ShownScene::Show()
 {
+    CTimelineManager& manager = m_subjects.manager;
     ShowTimes();
     if (!ShowRows())
         return false;
+    manager.SetCurrentFrame(manager.GetCurrentFrame()); // the scene may end before it
     ActivateLips();
     return true;
 }
@@ -29,11 +31,12 @@ bool ShownScene::ShowRows()
 void ShownScene::Update()
 {
     CTimelineManager& manager = m_subjects.manager;
-    ShowTimes();
+    const bool isOtherTime = ShowTimes();
     m_subjects.tracks.Update(m_subjects.session.Current());
     m_subjects.captionButtons.ShowAll();
     ShowArrows();
-    manager.SetCurrentFrame(manager.GetCurrentFrame()); // and its display
+    if (isOtherTime)                                        // paints all at once
+        manager.SetCurrentFrame(manager.GetCurrentFrame()); // and its display
     if (!manager.GetActiveChildTrack())
         ActivateLips();
 }
@@ -45,11 +48,24 @@ void ShownScene::ShowArrows()
         m_subjects.switchRows.ShowArrows(window->Pane()->RowWidth());
 }
 
-void ShownScene::ShowTimes()
+void ShownScene::LeaveOtherRoot(CTimelineTrackBase* root, CTimelineTrackBase* child)
+{
+    const SceneTracks& tracks = m_subjects.tracks;
+    const SceneTrack* const row = m_subjects.session.Current().FindTrack(tracks.IdOf(child));
+    if (root && row && row->parent != kNoTrack && row->parent != tracks.IdOf(root))
+        m_subjects.manager.SetActiveRootTrack(nullptr);
+}
+
+/// Whether frames are counted or told in another way than before.
+bool ShownScene::ShowTimes()
 {
     const Scene& scene = m_subjects.session.Current();
+    const bool isOther = scene.frameRate != m_frameRate || scene.frameCount != m_frameCount;
+    m_frameRate = scene.frameRate;
+    m_frameCount = scene.frameCount;
     m_subjects.manager.SetFrameCount(scene.frameCount);
     m_subjects.manager.SetTimeMarkFrame(scene.timeMark.start, scene.timeMark.end);
+    return isOther;
 }
 
 void ShownScene::ActivateLips()

@@ -33,11 +33,17 @@ public:
     /// Gives the rows of buttons the arrows that they need at the width they have.
     void ShowArrows();
 
+    /// The user has gone to another row. A root row without rows of its own stays active then, when
+    /// the row is of another root: leaves it.
+    void LeaveOtherRoot(CTimelineTrackBase* root, CTimelineTrackBase* child);
+
 private:
-    void ShowTimes();
+    bool ShowTimes();
     void ActivateLips();
 
     Subjects m_subjects;
+    int m_frameRate = 0; ///< that frames were last told in, and of how many
+    int m_frameCount = 0;
 };
 
 } // namespace host

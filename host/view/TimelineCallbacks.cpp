@@ -17,7 +17,7 @@ void Tell(const Handler& handler, Arguments&&... arguments)
 
 void TimelineCallbacks::OnCurrentFrameChanged(int, bool)
 {
-    Tell(frameChanged);
+    Tell(situationChanged); // the frame itself is told to the timeline's window
 }
 
 void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
@@ -25,9 +25,11 @@ void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
     Tell(timeMarkMoved, mark, frame, flag);
 }
 
-void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase*, CTimelineTrackBase*)
+void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase* root, CTimelineTrackBase* child)
 {
+    Tell(activeTrackChanged, root, child);
     Tell(selectionChanged);
+    Tell(situationChanged);
 }
 
 void TimelineCallbacks::OnSwitchBtnStateChanged(CTimelineTrackBase* track, int button)
@@ -62,11 +64,13 @@ void TimelineCallbacks::OnSelectedTrackRightMenu(CTimelineTrackBase* track, int 
 void TimelineCallbacks::OnSelectedDataCleared()
 {
     Tell(selectionChanged);
+    Tell(situationChanged);
 }
 
 void TimelineCallbacks::OnSelectedDataChanged()
 {
     Tell(selectionChanged);
+    Tell(situationChanged);
 }
 
 bool TimelineCallbacks::OnTrackDropFile(TLDropFileType type, QString path)

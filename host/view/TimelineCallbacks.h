@@ -11,11 +11,14 @@ namespace host {
 class TimelineCallbacks : public CTimelineManagerInterface
 {
 public:
-    /// Another frame is current, which commands depend on. The frame itself is told to the
-    /// timeline's window.
-    std::function<void()> frameChanged;
-    /// Something else is selected, or another track is active.
+    /// Something changed that commands depend on: the selection, the active track, the current
+    /// frame.
+    std::function<void()> situationChanged;
+    /// The selection is another one, or another track is active; told before situationChanged.
     std::function<void()> selectionChanged;
+    /// The user has gone to another row. Given are the active root and the active row below a root,
+    /// as the timeline tells them.
+    std::function<void(CTimelineTrackBase* root, CTimelineTrackBase* child)> activeTrackChanged;
     /// A marker of the ruler stands at @p frame now. @p mark: 0 start, 1 end. @p isFinal: it was
     /// let go.
     std::function<void(int mark, int frame, bool isFinal)> timeMarkMoved;

@@ -20,10 +20,15 @@ struct AskedPeople : host::DocumentPrompts
         asked += QStringLiteral("save %1?").arg(name);
         return SaveAnswer::Cancel;
     }
-    RecoverAnswer AskToRecover(const QString& name, const QDateTime&) override
+    RecoverAnswer AskToRecover(const QString& name, const QDateTime&, const QDateTime&) override
     {
         asked += QStringLiteral("recover %1?").arg(name);
         return RecoverAnswer::Leave;
+    }
+    bool AskToReplace(const QString& name, const QDateTime&) override
+    {
+        asked += QStringLiteral("replace %1?").arg(name);
+        return false;
     }
     QString AskForFileToOpen(const QString&) override
     {

@@ -42,6 +42,7 @@ private slots:
     void keepsTheSceneAsItWasBeforeUntilTheCommit();
     void stepsOfOneEditAreCommittedOnce();
     void anEditThatChangedNothingIsNotCommitted();
+    void anEditIsToldToEndWhetherItChangedAnythingOrNot();
     void beginningCommitsTheEditUnderWay();
     void aStepWithoutABeginBeginsAnEdit();
     void aCommitWithoutAnEditDoesNothing();
@@ -85,6 +86,23 @@ void tst_EditSession::anEditThatChangedNothingIsNotCommitted()
     r.session.Step(QStringLiteral("Grow"), SceneOf(10)); // and back
     r.session.Commit();
     QVERIFY(r.commits.isEmpty());
+}
+
+void tst_EditSession::anEditIsToldToEndWhetherItChangedAnythingOrNot()
+{
+    Recorded r;
+    connect(&r.session, &EditSession::Ended, [&r] {
+        r.commits.append(r.session.IsOpen() ? QStringLiteral("still open")
+                                            : QStringLiteral("ended"));
+    });
+    r.session.Begin();
+    r.session.Commit();
+    QCOMPARE(r.commits, QStringList{QStringLiteral("ended")});
+    r.session.Apply(QStringLiteral("Grow"), SceneOf(11));
+    QCOMPARE(r.commits, (QStringList{QStringLiteral("ended"), QStringLiteral("Grow: 10 to 11"),
+                                     QStringLiteral("ended")}));
+    r.session.Commit(); // nothing is open
+    QCOMPARE(r.commits.size(), 3);
 }
 
 void tst_EditSession::beginningCommitsTheEditUnderWay()

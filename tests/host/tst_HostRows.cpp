@@ -10,6 +10,7 @@ using host::RowState;
 namespace {
 
 // Pixels from the left edge of a caption to the middle of its buttons.
+constexpr int kNoButton = 20;
 constexpr int kMenuOfKeys = 104;
 constexpr int kAdd = 122;
 constexpr int kMenu = 122;
@@ -78,6 +79,8 @@ private slots:
     void aRowStaysHiddenWhileOneOfItsButtonsIsOff();
     void buttonsThatDoNotFitGetArrows();
     void contactsAreSeenBesideTheKeysOfTheFoot();
+    void aRowThatIsLeftShowsNoTimeRange();
+    void aRowOfButtonsIsLeftForARowUnderAnotherRoot();
     void aFileIsHeldByKindOfRow_data();
     void aFileIsHeldByKindOfRow();
     void aLockedClipIsNotCoveredByAFile();
@@ -339,6 +342,31 @@ void tst_HostRows::contactsAreSeenBesideTheKeysOfTheFoot()
     editor.ClickCaption("LeftArm", kAdd); // its own keys changed
     QCOMPARE(frames(), (Frames{4, 90}));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostRows::aRowThatIsLeftShowsNoTimeRange()
+{
+    RowEditor editor;
+    editor.pointer.Click(editor.WidgetOf("Spine"), editor.At("Spine", 37));
+    int first = -1;
+    int last = -1;
+    editor.Timeline().GetTrackSelFrame(editor.Row("Spine"), first, last);
+    QCOMPARE(last, 37);
+    editor.ClickCaption("Lips", kNoButton);
+    editor.Timeline().GetTrackSelFrame(editor.Row("Spine"), first, last);
+    QCOMPARE(first, -1);
+    QCOMPARE(last, -1); // else it would be drawn from the first frame on
+}
+
+void tst_HostRows::aRowOfButtonsIsLeftForARowUnderAnotherRoot()
+{
+    RowEditor editor;
+    editor.ClickCaption("Layers", kNoButton);
+    QVERIFY(editor.Timeline().GetActiveRootTrack() == editor.Row("Layers"));
+    QVERIFY(!editor.Timeline().GetActiveChildTrack());
+    editor.ClickCaption("Lips", kNoButton);
+    QVERIFY(editor.Timeline().GetActiveRootTrack() == editor.Row("Face"));
+    QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Lips"));
 }
 
 void tst_HostRows::aFileIsHeldByKindOfRow_data()

@@ -90,6 +90,7 @@ private slots:
     void movedKeysKeepTheirNumbersAndStandInFrameOrder();
     void aMovedKeyReplacesTheOneItLandsOn();
     void movedKeysDoNotReplaceEachOther();
+    void keysArePlacedInOrderWhateverOrderTheyCameIn();
     void aMoveStopsWhereTheFirstKeyWouldLeaveTheScene_data();
     void aMoveStopsWhereTheFirstKeyWouldLeaveTheScene();
     void lockedKeysNeitherMoveNorGiveWay();
@@ -189,6 +190,22 @@ void tst_SceneEdits::movedKeysDoNotReplaceEachOther()
     same.Key(same.keys, 1).frame = 10; // two keys on one frame
     MoveKeys(same.scene, {same.Select(same.keys, {0, 1})}, 5);
     QCOMPARE(FramesOf(same.scene, same.keys), (Frames{15, 15, 30}));
+}
+
+void tst_SceneEdits::keysArePlacedInOrderWhateverOrderTheyCameIn()
+{
+    QVector<SceneKey> keys = Rows::KeysAt({10, 20, 30});
+    keys[1].locked = true;
+    QVector<SceneKey> placed = Rows::KeysAt({40, 20, 5, 20, 30});
+    for (int i = 0; i < placed.size(); ++i)
+        placed[i].id = i + 1;
+    PlaceKeys(keys, placed);
+    QCOMPARE(FramesOf(keys), (Frames{5, 10, 20, 20, 20, 30, 40}));
+    QVERIFY(keys[2].locked); // what stays comes before what was placed
+    QVector<KeyId> ids;
+    for (const SceneKey& key : qAsConst(keys))
+        ids.append(key.id);
+    QCOMPARE(ids, (QVector<KeyId>{3, kNoKey, kNoKey, 2, 4, 5, 1}));
 }
 
 void tst_SceneEdits::aMoveStopsWhereTheFirstKeyWouldLeaveTheScene_data()

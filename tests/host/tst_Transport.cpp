@@ -95,6 +95,8 @@ private slots:
     void loopingRepeatsTheTimeMark();
     void scrubbingWhilePlayingMovesThePlayhead();
     void editingWhilePlayingIsAllowed();
+    void undoLeavesThePlayheadAlone_data();
+    void undoLeavesThePlayheadAlone();
     void commandsKnowTheFrameWherePlayingEnded();
     void noShortcutIsGivenTwice();
     void keysWorkWhereverTheFocusIs_data();
@@ -104,6 +106,7 @@ private slots:
     void theTimelineKeepsItsKeys();
     void aMissingDeviceIsToldOnce();
     void anotherSceneEndsThePlaying();
+    void aShorterSceneHoldsTheFrameInside();
     void theWindowMayCloseWhilePlaying();
     void noTimerRunsAtRest();
 };
@@ -275,6 +278,41 @@ void tst_Transport::editingWhilePlayingIsAllowed()
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
+void tst_Transport::undoLeavesThePlayheadAlone_data()
+{
+    QTest::addColumn<bool>("isPaused");
+    QTest::newRow("while playing") << false;
+    QTest::newRow("while paused") << true;
+}
+
+void tst_Transport::undoLeavesThePlayheadAlone()
+{
+    QFETCH(bool, isPaused);
+    PlayingEditor editor;
+    editor.ShowLongScene();
+    editor.Timeline().SetCurrentFrame(200);
+    host::Scene scene = editor.Scene();
+    scene.FindTrack(editor.Id("Lips"))->muted = true;
+    editor.window.Session().Apply(QStringLiteral("Mute"), scene);
+    QCoreApplication::processEvents(); // the edit is through
+    editor.Timeline().SetCurrentFrame(1000);
+    editor.Player().Play();
+    QVERIFY(editor.Reaches(1002));
+    if (isPaused)
+        editor.Player().Pause();
+    editor.window.History().Undo();
+    QCOMPARE(editor.window.History().Stack().index(), 0);
+    QVERIFY(!editor.Scene().FindTrack(editor.Id("Lips"))->muted);
+    QVERIFY(editor.Frame() >= 1002);
+    QCOMPARE(editor.Player().IsPlaying(), !isPaused);
+    editor.window.History().Redo();
+    QVERIFY(editor.Frame() >= 1002);
+    editor.Player().Stop();
+    QCOMPARE(editor.Frame(), 1000);
+    editor.window.History().Undo(); // at rest it goes where the edit was made
+    QCOMPARE(editor.Frame(), 200);
+}
+
 void tst_Transport::commandsKnowTheFrameWherePlayingEnded()
 {
     PlayingEditor editor;
@@ -439,6 +477,21 @@ void tst_Transport::anotherSceneEndsThePlaying()
     QVERIFY(editor.window.SetScene(editor.Sample()));
     QVERIFY(!editor.Player().IsPlaying());
     QVERIFY(editor.Command(QStringLiteral("Play")));
+}
+
+void tst_Transport::aShorterSceneHoldsTheFrameInside()
+{
+    PlayingEditor editor;
+    editor.ShowLongScene();
+    editor.Timeline().SetCurrentFrame(5000);
+    int told = -1;
+    QObject::connect(&editor.window, &MainWindow::CurrentFrameChanged, &editor.window,
+                     [&told](int frame) { told = frame; });
+    const host::Scene shorter = editor.Sample();
+    QVERIFY(editor.window.SetScene(shorter));
+    QCOMPARE(editor.Frame(), shorter.frameCount - 1);
+    QCOMPARE(told, shorter.frameCount - 1);
+    QCOMPARE(editor.Player().Frame(), shorter.frameCount - 1);
 }
 
 void tst_Transport::theWindowMayCloseWhilePlaying()

@@ -361,7 +361,10 @@ private slots:
     void aDragOfCopiesIsOneEntry();
     void anUndoneSwitchShowsItsRowsAgain();
     void anUndoneMarkerGoesBack();
+    void anUndoneLengthIsShownAtOnce();
     void theMenuSaysWhatWillBeUndone();
+    void aDragThereAndBackLeavesTheMenuAsItWas();
+    void theMenuShowsNamesAsTheyAre();
     void undoDuringADragEndsItFirst();
     void undoDuringADragOfCopiesEndsItFirst();
     void undoWithNothingToUndoDoesNothing();
@@ -459,6 +462,23 @@ void tst_UndoHistory::anUndoneMarkerGoesBack()
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
+void tst_UndoHistory::anUndoneLengthIsShownAtOnce()
+{
+    WitnessedEditor editor;
+    host::Scene longer = editor.Scene();
+    longer.frameCount += 100;
+    editor.window.Session().Apply(QStringLiteral("Lengthen"), longer);
+    editor.PressUndo();
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 0 of 90   00:00:00"));
+    editor.PressRedo();
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 0 of 190   00:00:00"));
+    QCOMPARE(editor.Timeline().GetFrameCount(), 191);
+    editor.Timeline().SetCurrentFrame(150); // there are fewer after the next undo
+    editor.PressUndo();
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 0);
+    QCOMPARE(editor.FrameText(), QStringLiteral("Frame 0 of 90   00:00:00"));
+}
+
 void tst_UndoHistory::theMenuSaysWhatWillBeUndone()
 {
     WitnessedEditor editor;
@@ -470,6 +490,32 @@ void tst_UndoHistory::theMenuSaysWhatWillBeUndone()
     undo->trigger();
     QVERIFY(!editor.Command(QStringLiteral("Undo"))->isEnabled());
     QVERIFY(editor.Command(QStringLiteral("Redo Move 1 key by 5 frames"))->isEnabled());
+}
+
+void tst_UndoHistory::aDragThereAndBackLeavesTheMenuAsItWas()
+{
+    WitnessedEditor editor;
+    editor.Drag("LeftArm", editor.At("LeftArm", 15), {editor.At("LeftArm", 20)});
+    editor.PressUndo();
+    const host::Scene before = editor.Scene();
+    editor.Drag("LeftArm", editor.At("LeftArm", 15),
+                {editor.At("LeftArm", 18), editor.At("LeftArm", 15)});
+    QVERIFY(editor.Scene() == before);
+    QVERIFY(!editor.Command(QStringLiteral("Undo"))->isEnabled());
+    QVERIFY(editor.Command(QStringLiteral("Redo Move 1 key by 5 frames"))->isEnabled());
+    editor.PressRedo();
+    QVERIFY(editor.Scene() != before);
+}
+
+void tst_UndoHistory::theMenuShowsNamesAsTheyAre()
+{
+    WitnessedEditor editor;
+    host::Scene scene = editor.Scene();
+    ++scene.frameCount;
+    editor.window.Session().Apply(QStringLiteral("Add Tom & Ann"), scene);
+    QVERIFY(editor.Command(QStringLiteral("Undo Add Tom && Ann"))->isEnabled());
+    editor.PressUndo();
+    QVERIFY(editor.Command(QStringLiteral("Redo Add Tom && Ann"))->isEnabled());
 }
 
 void tst_UndoHistory::undoDuringADragEndsItFirst()
