@@ -26,7 +26,7 @@ OpenedEditor::OpenedEditor(const QString& path) : m_document(m_window), m_hand(&
     const auto document = host::ReadDocument(path, error);
     if (!document)
         qFatal("%s", qPrintable(error));
-    if (!m_document.Show(path, *document))
+    if (!m_document.Show(path, *document, host::StampOf(path)))
         qFatal("the skin lacks styles");
     Settle();
 }

@@ -67,12 +67,6 @@ QString MoveName(const EditedItems& items, int frames)
     return Translated(text).arg(ItemsText(items), Frames(frames));
 }
 
-QString ShiftName(const EditedItems& items, int frames)
-{
-    const char* const text = frames < 0 ? "Shift %1 back by %2" : "Shift %1 by %2";
-    return Translated(text).arg(ItemsText(items), Frames(frames));
-}
-
 QString CopyName(const EditedItems& items, int frame)
 {
     return Translated("Copy %1 to frame %2").arg(ItemsText(items)).arg(frame);

@@ -27,12 +27,12 @@ struct Texts
 
 /// In the order of the enumeration.
 constexpr std::array<Texts, 3> kTexts{
-    {{QT_TRANSLATE_NOOP("RowStates", "Mute"), QT_TRANSLATE_NOOP("RowStates", "Mute Row"),
-      QT_TRANSLATE_NOOP("RowStates", "Unmute Row"), QT_TRANSLATE_NOOP("RowStates", "muted")},
-     {QT_TRANSLATE_NOOP("RowStates", "Solo"), QT_TRANSLATE_NOOP("RowStates", "Solo Row"),
-      QT_TRANSLATE_NOOP("RowStates", "Unsolo Row"), QT_TRANSLATE_NOOP("RowStates", "solo")},
-     {QT_TRANSLATE_NOOP("RowStates", "Lock"), QT_TRANSLATE_NOOP("RowStates", "Lock Row"),
-      QT_TRANSLATE_NOOP("RowStates", "Unlock Row"), QT_TRANSLATE_NOOP("RowStates", "locked")}}};
+    {{QT_TRANSLATE_NOOP("RowStates", "Mute"), QT_TRANSLATE_NOOP("RowStates", "Mute %1"),
+      QT_TRANSLATE_NOOP("RowStates", "Unmute %1"), QT_TRANSLATE_NOOP("RowStates", "muted")},
+     {QT_TRANSLATE_NOOP("RowStates", "Solo"), QT_TRANSLATE_NOOP("RowStates", "Solo %1"),
+      QT_TRANSLATE_NOOP("RowStates", "Unsolo %1"), QT_TRANSLATE_NOOP("RowStates", "solo")},
+     {QT_TRANSLATE_NOOP("RowStates", "Lock"), QT_TRANSLATE_NOOP("RowStates", "Lock %1"),
+      QT_TRANSLATE_NOOP("RowStates", "Unlock %1"), QT_TRANSLATE_NOOP("RowStates", "locked")}}};
 
 QString Translated(const char* text)
 {

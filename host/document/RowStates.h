@@ -20,8 +20,8 @@ constexpr std::array<RowState, 3> kRowStates{RowState::Muted, RowState::Soloed, 
 struct RowStateTexts
 {
     QString name;      ///< "Mute"
-    QString switchOn;  ///< the edit: "Mute Row"
-    QString switchOff; ///< "Unmute Row"
+    QString switchOn;  ///< the edit, with a place for the row's name: "Mute %1"
+    QString switchOff; ///< "Unmute %1"
     QString isOn;      ///< said of a row: "muted"
 };
 RowStateTexts TextsOf(RowState state);

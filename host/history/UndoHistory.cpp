@@ -40,13 +40,21 @@ UndoHistory::UndoHistory(EditSession& session, CTimelineManager& manager, const 
 {
     connect(&session, &EditSession::Restarted, this, [this] {
         m_unsettled = nullptr;
+        m_stateAtGesture.reset();
         m_stack.clear();
     });
     connect(&session, &EditSession::Begun, this, [this] {
         Settle();
-        m_stateBefore = StateNow();
+        m_stateBefore = m_stateAtGesture ? *m_stateAtGesture : StateNow();
+        m_stateAtGesture.reset();
     });
     connect(&session, &EditSession::Committed, this, &UndoHistory::Remember);
+}
+
+void UndoHistory::BeginGesture()
+{
+    Settle();
+    m_stateAtGesture = StateNow();
 }
 
 void UndoHistory::Undo()
@@ -91,6 +99,7 @@ void UndoHistory::Settle()
 
 void UndoHistory::GoTo(const Moment& moment)
 {
+    m_stateAtGesture.reset();
     m_session.Restore(moment.scene);
     TimelineState state = moment.state;
     if (keepsFrame && keepsFrame())

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kOff = 0;
 constexpr int kOn = 2;
+constexpr int kUnknown = -1; ///< what the timeline shows of a row
 
 /// Which toggle button of a caption shows the state.
 struct ShownState
@@ -82,7 +83,8 @@ void CaptionButtons::Toggle(CTimelineTrackBase* track, RowState state)
     const RowStateTexts texts = TextsOf(state);
     Scene scene = m_session.Current();
     SetState(scene, m_tracks.IdOf(track), state, on);
-    m_session.Apply(on ? texts.switchOn : texts.switchOff, scene);
+    const QString text = on ? texts.switchOn : texts.switchOff;
+    m_session.Apply(text.arg(RowOf(track)->caption), scene);
 }
 
 bool CaptionButtons::Has(CTimelineTrackBase* track, RowState state) const
@@ -102,7 +104,7 @@ void CaptionButtons::FollowScene()
     bool isChanged = false;
     for (const SceneTrack& row : m_session.Current().tracks) {
         const int bits = BitsOf(row);
-        if (m_shown.value(row.id) == bits || !m_tracks.TrackOf(row.id))
+        if (m_shown.value(row.id, kUnknown) == bits || !m_tracks.TrackOf(row.id))
             continue;
         m_shown[row.id] = bits;
         Show(row);

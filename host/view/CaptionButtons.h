@@ -32,7 +32,7 @@ public:
     /// All are kept and outlive this object.
     CaptionButtons(CTimelineManager& manager, const SceneTracks& tracks, EditSession& session);
 
-    /// The timeline's tracks were made anew: shows the states of all.
+    /// The timeline's tracks were made anew, or may show other states: shows the states of all.
     void ShowAll();
 
     /// A button of a caption was clicked, by its number in the skin. False when it is no toggle.

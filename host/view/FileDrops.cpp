@@ -53,15 +53,16 @@ bool FileDrops::Drop(TLDropFileType type, const QString& path)
     QString also = CoveredOn(*qAsConst(scene).FindTrack(m_tracks.IdOf(track)), frame,
                              LastFrameOf(sound, frame, scene.frameRate));
     AddSoundClip(scene, m_tracks.IdOf(track), sound, frame);
+    const QString name = Translated("Drop %1").arg(QFileInfo(path).fileName());
     m_session.Begin();
-    m_session.Step(Translated("Drop Sound"), scene);
+    m_session.Step(name, scene);
     if (sceneChanged)
         sceneChanged();
     m_session.Commit();
     if (also.isEmpty())
         also = SilenceOf(path);
     if (!also.isEmpty()) // in place of the name of the edit, which is told by others
-        Tell(Translated("Drop Sound") + QStringLiteral(": ") + also);
+        Tell(name + QStringLiteral(": ") + also);
     m_manager.SetDropTrackFocusAndPickJustLoadClip(track);
     return true;
 }

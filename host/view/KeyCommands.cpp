@@ -184,23 +184,31 @@ QVector<KeySelection> KeyCommands::Paste(const QVector<TrackId>& rows, NameOfPas
         firstFrame = std::min(firstFrame, clipboard.firstFrame);
         clipboards.append(clipboard);
     }
+    // One shift for all rows, so that they keep their distances too.
+    const int shift = m_manager.GetCurrentFrame() - firstFrame;
     Scene scene = m_session.Current();
+    QVector<KeySelection> there;
     QVector<KeySelection> pasted;
     for (const PutAside& clipboard : qAsConst(clipboards)) {
-        // One shift for all rows, so that they keep their distances too.
-        if (const auto place =
-                m_shapes.Concerns(clipboard.row) ? m_shapes.Place(clipboard.row) : std::nullopt)
-            pasted.append({clipboard.row, place->clip,
-                           PasteShapes(scene, clipboard.row, place->clip, clipboard.keys,
-                                       place->frame - firstFrame)});
-        else
-            pasted.append({clipboard.row, kNoKey,
-                           PasteKeys(scene, clipboard.row, clipboard.keys,
-                                     m_manager.GetCurrentFrame() - firstFrame)});
+        const TrackId row = clipboard.row;
+        const auto place = m_shapes.Concerns(row) ? m_shapes.Place(row) : std::nullopt;
+        if (place) {
+            there.append({row, place->clip, {}}); // shapes are made anew
+            pasted.append(
+                {row, place->clip,
+                 PasteShapes(scene, row, place->clip, clipboard.keys, place->frame - firstFrame)});
+            continue;
+        }
+        there.append(
+            {row, kNoKey, KeysAlreadyPasted(m_session.Current(), row, clipboard.keys, shift)});
+        pasted.append({row, kNoKey, PasteKeys(scene, row, clipboard.keys, shift)});
     }
-    if (!pasted.isEmpty())
-        ApplyEdit(m_session, m_tracks, name(ItemsOf(scene, pasted), m_manager.GetCurrentFrame()),
-                  scene);
+    const bool isNew = std::any_of(there.cbegin(), there.cend(),
+                                   [](const KeySelection& row) { return row.keys.isEmpty(); });
+    if (!isNew) // or there is nothing to paste
+        return there;
+    ApplyEdit(m_session, m_tracks, name(ItemsOf(scene, pasted), m_manager.GetCurrentFrame()),
+              scene);
     return pasted;
 }
 

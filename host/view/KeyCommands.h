@@ -61,7 +61,8 @@ private:
     void ClearClipboards();
     bool Copy(const QVector<TrackId>& rows);
     bool Cut(const QVector<TrackId>& rows);
-    /// Pastes at the current frame; the keys made stand in the result, by row.
+    /// Pastes at the current frame; the keys made stand in the result, by row. Where their likes
+    /// stand already the scene stays as it is, and the result has those.
     QVector<KeySelection> Paste(const QVector<TrackId>& rows, NameOfPaste name);
     bool PasteAndSelect(const QVector<TrackId>& rows);
     void SelectInstead(const QVector<KeySelection>& selections);

@@ -144,6 +144,8 @@ void MainWindow::ConnectPointer()
     connect(m_pointer, &PointerWatch::Moved, m_statusLine, &StatusLine::Look);
     connect(m_pointer, &PointerWatch::Left, m_statusLine, &StatusLine::Clear);
     m_pointer->tip = [this](QPoint place) { return m_statusLine->TipAt(place); };
+    connect(m_pointer, &PointerWatch::Grasped, &m_history, &UndoHistory::BeginGesture);
+    connect(m_pointer, &PointerWatch::LetGo, &m_history, &UndoHistory::EndGesture);
     // Keys go where one looks: to the timeline, as soon as one works in it. It gives the focus up
     // itself when some of its gestures end.
     connect(m_pointer, &PointerWatch::Pressed, this, &MainWindow::FocusTimeline);
@@ -165,6 +167,7 @@ void MainWindow::ConnectTimeline()
     connect(&m_skins, &SkinSwitch::Shown, m_skinMenu, &SkinMenu::SetCurrent);
     connect(&m_skins, &SkinSwitch::Shown, m_statusLine, &StatusLine::LookAtSelection);
     m_callbacks.situationChanged = [this] { UpdateCommands(); };
+    connect(this, &MainWindow::CurrentFrameChanged, this, &MainWindow::UpdateCommands);
     m_callbacks.selectionChanged = [this] {
         m_ranges.DropLeftEnds();
         m_statusLine->LookAtSelection();

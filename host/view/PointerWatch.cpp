@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QToolTip>
 #include <QWidget>
+#include <QWindow>
 
 namespace host {
 
@@ -28,6 +29,8 @@ void PointerWatch::Watch(QWidget* area)
 
 bool PointerWatch::eventFilter(QObject* watched, QEvent* event)
 {
+    if (m_area && watched == m_area->window()->windowHandle())
+        WatchHand(*event); // before any widget hears of it
     if (!m_area || !watched->isWidgetType())
         return false;
     switch (event->type()) {
@@ -61,10 +64,52 @@ bool PointerWatch::eventFilter(QObject* watched, QEvent* event)
             emit Left();
         }
         break;
+    case QEvent::Drop:
+        if (m_area->isAncestorOf(static_cast<QWidget*>(watched))) {
+            Grasp();
+            LetGoLater();
+        }
+        break;
     default:
         break;
     }
     return false;
+}
+
+void PointerWatch::WatchHand(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+        const auto& press = static_cast<const QMouseEvent&>(event);
+        const bool isFirst = press.buttons() == press.button();
+        if (isFirst && m_area->rect().contains(m_area->mapFromGlobal(press.globalPos())))
+            Grasp();
+        break;
+    }
+    case QEvent::MouseButtonRelease:
+        if (static_cast<const QMouseEvent&>(event).buttons() == Qt::NoButton)
+            LetGoLater();
+        break;
+    default:
+        break;
+    }
+}
+
+void PointerWatch::Grasp()
+{
+    ++m_grasp;
+    emit Grasped();
+}
+
+void PointerWatch::LetGoLater()
+{
+    const int grasp = m_grasp;
+    const auto tell = [this, grasp] {
+        if (grasp == m_grasp) // else the hand is at its next gesture already
+            emit LetGo();
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 void PointerWatch::TellMove(QPoint place)

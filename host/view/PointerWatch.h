@@ -32,11 +32,19 @@ signals:
     void Pressed();
     /// A button that went down over the area has come up, and that has been handled.
     void Released();
+    /// The hand begins a gesture on the area, with a button or by dropping a file: nothing has
+    /// followed from it yet.
+    void Grasped();
+    /// The gesture is over, and all that followed from it at once is done.
+    void LetGo();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void WatchHand(const QEvent& event);
+    void Grasp();
+    void LetGoLater();
     void TellMove(QPoint place);
     bool ShowTip(QWidget* widget, QPoint place);
     void TellAgain();
@@ -44,6 +52,7 @@ private:
     QWidget* m_area = nullptr;
     QPoint m_place;
     bool m_isInside = false;
+    int m_grasp = 0; ///< the number of the last gesture
 };
 
 } // namespace host

@@ -75,7 +75,7 @@ void RangeCommands::Shift(int frames)
     Scene scene = before;
     MoveKeys(scene, keys, frames);
     const int moved = FramesMoved(before, scene, keys.first());
-    ApplyEdit(m_session, m_tracks, ShiftName(ItemsOf(before, keys), moved), scene);
+    ApplyEdit(m_session, m_tracks, MoveName(ItemsOf(before, keys), moved), scene);
     const int last = scene.frameCount - 1;
     m_manager.SetTrackSelFrame(m_tracks.TrackOf(range.row),
                                std::clamp(range.first + moved, 0, last),
@@ -95,7 +95,7 @@ void RangeCommands::Mark()
     Scene scene = m_session.Current();
     scene.timeMark = {range.first, range.last};
     m_manager.SetTimeMarkFrame(range.first, range.last);
-    m_session.Apply(tr("Mark Range"), scene);
+    m_session.Apply(tr("Mark frames %1 to %2").arg(range.first).arg(range.last), scene);
 }
 
 void RangeCommands::DropLeftEnds()

@@ -29,6 +29,9 @@ public:
     /// False as for Show.
     bool Update(const Scene& scene);
 
+    /// Whether Update keeps the rows: @p scene has the same.
+    bool HasRowsOf(const Scene& scene) const;
+
     /// Brings the keys of the tracks shown into line with @p scene, which has the same tracks: of
     /// those whose keys are others than when they were last shown, and of @p touched, whose keys
     /// the timeline has changed by itself. Selected keys stay selected.
@@ -48,7 +51,6 @@ private:
     void Clear();
     bool MakeTrack(const SceneTrack& track);
     void Fill(const SceneTrack& track);
-    bool HasRowsOf(const Scene& scene) const;
     void UpdateRow(const Scene& scene, const SceneTrack& track, const SceneTrack& shown);
     void ShowRelatedKeys(const Scene& scene);
     void Relate(const QVector<TrackRelation>& relations);

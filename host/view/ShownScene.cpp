@@ -1,6 +1,7 @@
 #include "ShownScene.h"
 
 #include "CaptionButtons.h"
+#include "KeptTimeline.h"
 #include "SceneTracks.h"
 #include "TimelinePane.h"
 #include "TimelineWindowFactory.h"
@@ -32,12 +33,20 @@ void ShownScene::Update()
 {
     CTimelineManager& manager = m_subjects.manager;
     const bool isOtherTime = ShowTimes();
-    m_subjects.tracks.Update(m_subjects.session.Current());
+    const Scene& scene = m_subjects.session.Current();
+    SceneTracks& tracks = m_subjects.tracks;
+    if (tracks.HasRowsOf(scene)) {
+        tracks.Update(scene);
+    } else { // all are made anew
+        const KeptTimeline kept(manager, tracks, scene);
+        tracks.Update(scene);
+        kept.Restore(manager, tracks, scene);
+    }
     m_subjects.captionButtons.ShowAll();
     ShowArrows();
     if (isOtherTime)                                        // paints all at once
         manager.SetCurrentFrame(manager.GetCurrentFrame()); // and its display
-    if (!manager.GetActiveChildTrack())
+    if (!manager.GetActiveRootTrack())
         ActivateLips();
 }
 

@@ -17,7 +17,7 @@ void Tell(const Handler& handler, Arguments&&... arguments)
 
 void TimelineCallbacks::OnCurrentFrameChanged(int, bool)
 {
-    Tell(situationChanged); // the frame itself is told to the timeline's window
+    // The timeline's window hears of it as well, and of what the host itself does.
 }
 
 void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)

@@ -3,6 +3,7 @@
 #include "CaptionButtons.h"
 #include "RangeCommands.h"
 #include "TimelineWindow.h"
+#include "document/EditNames.h"
 
 #include <QAction>
 #include <QMenu>
@@ -35,7 +36,7 @@ constexpr std::array<const char*, kRowStates.size()> kStateShortcuts{"Ctrl+M", "
 /// "&Mute Row"
 QString Accelerated(RowState state)
 {
-    QString text = TextsOf(state).switchOn;
+    QString text = TextsOf(state).switchOn.arg(TimelineMenu::tr("Row"));
     return text.insert(kStateMnemonics.at(static_cast<std::size_t>(state)), u'&');
 }
 
@@ -107,13 +108,13 @@ void TimelineMenu::AddMarks(QMenu* menu)
         m_commands.Add(menu, {text, QLatin1String(shortcut), nullptr, std::move(run)});
     };
     add(tr("Mark S&tart Here"), "Shift+Home", [this, current, mark] {
-        MarkFrames(tr("Mark Start"), current(), std::max(current(), mark().end));
+        MarkFrames(MarkerName(true, current()), current(), std::max(current(), mark().end));
     });
     add(tr("Mark E&nd Here"), "Shift+End", [this, current, mark] {
-        MarkFrames(tr("Mark End"), std::min(current(), mark().start), current());
+        MarkFrames(MarkerName(false, current()), std::min(current(), mark().start), current());
     });
     add(tr("Mark &Whole Scene"), "", [this] {
-        MarkFrames(tr("Mark Whole Scene"), 0, m_subjects.session.Current().frameCount - 1);
+        MarkFrames(tr("Mark whole scene"), 0, m_subjects.session.Current().frameCount - 1);
     });
 }
 

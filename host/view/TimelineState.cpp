@@ -47,14 +47,20 @@ auto Members(const RowSelection& selection)
                     selection.rangeEnd);
 }
 
-void Activate(CTimelineManager& manager, CTimelineTrackBase* row)
+void Activate(CTimelineManager& manager, const SceneTracks& tracks, const Scene& scene,
+              const TimelineState& state)
 {
-    if (manager.GetActiveChildTrack() == row)
+    CTimelineTrackBase* const root = tracks.TrackOf(state.activeRoot);
+    CTimelineTrackBase* const row = tracks.TrackOf(state.activeRow);
+    if (manager.GetActiveRootTrack() == root && manager.GetActiveChildTrack() == row)
         return;
-    if (row)
-        manager.SetActiveChildTrack(row);
-    else
+    while (manager.GetActiveRootTrack())
         manager.SetActiveRootTrack(nullptr);
+    // A row of buttons stays active when a row of another root becomes so: then there are two.
+    if (root && (!row || scene.ChildrenOf(state.activeRoot).isEmpty()))
+        manager.SetActiveRootTrack(root);
+    if (row)
+        manager.SetActiveChildTrack(row); // and its root
 }
 
 } // namespace
@@ -71,7 +77,8 @@ bool operator==(const RowSelection& a, const RowSelection& b)
 
 bool operator==(const TimelineState& a, const TimelineState& b)
 {
-    return a.frame == b.frame && a.activeRow == b.activeRow && a.rows == b.rows;
+    return a.frame == b.frame && a.activeRoot == b.activeRoot && a.activeRow == b.activeRow &&
+           a.rows == b.rows;
 }
 
 TimelineState TakeState(CTimelineManager& manager, const SceneTracks& tracks, const Scene& scene,
@@ -79,6 +86,7 @@ TimelineState TakeState(CTimelineManager& manager, const SceneTracks& tracks, co
 {
     TimelineState state;
     state.frame = frame;
+    state.activeRoot = tracks.IdOf(manager.GetActiveRootTrack());
     state.activeRow = tracks.IdOf(manager.GetActiveChildTrack());
     for (const SceneTrack& track : scene.tracks) {
         const CTimelineKeyArray* const keys = tracks.KeysOf(track.id);
@@ -100,7 +108,8 @@ TimelineState TakeState(CTimelineManager& manager, const SceneTracks& tracks, co
 void RestoreState(CTimelineManager& manager, const SceneTracks& tracks, const Scene& scene,
                   const TimelineState& state)
 {
-    Activate(manager, tracks.TrackOf(state.activeRow)); // clears selections, so it comes first
+    // Clears selections, so it comes first.
+    Activate(manager, tracks, scene, state);
     for (const SceneTrack& track : scene.tracks) {
         CTimelineKeyArray* const keys = tracks.KeysOf(track.id);
         if (!keys)

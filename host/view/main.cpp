@@ -135,7 +135,6 @@ std::optional<Start> Prepare(QString& error)
 /// Draws the window in the skin. False, and @p error says why, when it does not do for the scene.
 bool DrawIn(host::MainWindow& window, const QString& skin, const Start& start, QString& error)
 {
-    host::ApplyTheme(*qApp, host::ThemeOfSkin(skin));
     const bool isDrawn = window.CreateTimeline(skin);
     if (isDrawn && window.CanShow(start.document.scene))
         return true;
@@ -154,6 +153,7 @@ bool DrawIn(host::MainWindow& window, const Start& start, QString& remark, QStri
         return true;
     if (!start.options.skin.isEmpty() || start.skin == host::DefaultSkin())
         return false;
+    host::ApplyTheme(*qApp, host::ThemeOfSkin(host::DefaultSkin()));
     remark = error + QStringLiteral("; the usual skin stands in");
     if (!DrawIn(window, host::DefaultSkin(), start, error))
         return false;
@@ -163,6 +163,7 @@ bool DrawIn(host::MainWindow& window, const Start& start, QString& remark, QStri
 
 int Open(const Start& start)
 {
+    host::ApplyTheme(*qApp, host::ThemeOfSkin(start.skin));
     host::MainWindow window;
     window.resize(start.options.size);
     QString remark;

@@ -59,7 +59,7 @@ Editor::Editor(const Home& home, const QStringList& words, QPoint place) : m_pla
 
 Editor::~Editor()
 {
-    if (QTest::currentTestFailed())
+    if (QTest::currentTestFailed() && IsRunning())
         KeepPicture(QGuiApplication::primaryScreen()->grabWindow(0).toImage(),
                     QStringLiteral("screen"));
     if (IsRunning())

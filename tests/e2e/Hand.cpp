@@ -25,16 +25,27 @@ QStringList MoveWords(QPoint place)
     return {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
 }
 
-/// Lets the time of a double click pass since the click before, when that was at this place.
+/// The last press of a button.
+struct Press
+{
+    QElapsedTimer time;
+    QPoint place;
+};
+Press g_last;
+
+/// Lets the time of a double click pass since the last press, when that was at this place.
 void ComeApart(QPoint place)
 {
-    static QElapsedTimer sinceClick;
-    static QPoint clicked;
-    const bool isNear = (place - clicked).manhattanLength() <= kDoubleClickDistance;
-    clicked = place;
-    if (isNear && sinceClick.isValid() && sinceClick.elapsed() < kDoubleClickTime)
-        QTest::qWait(static_cast<int>(kDoubleClickTime - sinceClick.elapsed()));
-    sinceClick.start();
+    const bool isNear = (place - g_last.place).manhattanLength() <= kDoubleClickDistance;
+    if (isNear && g_last.time.isValid() && g_last.time.elapsed() < kDoubleClickTime)
+        QTest::qWait(static_cast<int>(kDoubleClickTime - g_last.time.elapsed()));
+}
+
+/// The screen has seen a press there.
+void Remember(QPoint place)
+{
+    g_last.place = place;
+    g_last.time.start();
 }
 
 } // namespace
@@ -53,6 +64,7 @@ void Click(QPoint place, int button)
 {
     ComeApart(place);
     RunTool(MoveWords(place) + QStringList{QStringLiteral("click"), QString::number(button)});
+    Remember(place);
 }
 
 void PressAndMove(const QVector<QPoint>& way)
@@ -63,6 +75,7 @@ void PressAndMove(const QVector<QPoint>& way)
     for (const QPoint& place : way)
         words << MoveWords(place);
     RunTool(words);
+    Remember(way.first());
 }
 
 void Release()

@@ -52,6 +52,8 @@ const QString kHips = QStringLiteral("Hips");
 const QString kSpine = QStringLiteral("Spine");
 const QString kQuestion = QStringLiteral("Unsaved work found");
 const QStringList kRecover{QStringLiteral("Return")};
+const QStringList kRecoverOlder{QStringLiteral("Left"), QStringLiteral("Left"),
+                                QStringLiteral("space")};
 const QStringList kDiscard{QStringLiteral("Right"), QStringLiteral("space")};
 const QStringList kLater{QStringLiteral("Escape")};
 const QPoint kBeside(Places::kWindowSize.width(), 0); ///< where the second window stands
@@ -144,6 +146,7 @@ void tst_UserRecovers::isAskedAgainAboutWorkThatWasKeptForLater()
     Editor editor(MyHome());
     QVERIFY(editor.OpensBehind(kQuestion));
     QVERIFY(editor.Answer(kQuestion, kRecover));
+    QVERIFY(editor.Becomes(QStringLiteral("Untitled* - Kestova Host")));
     const QString path = Path(QStringLiteral("saved.ktl"));
     QVERIFY(editor.SaveAs(path));
     QVERIFY(SavedScene(path).Frames(kHips).contains(20));
@@ -172,9 +175,11 @@ void tst_UserRecovers::worksInTwoWindowsAtOnceAndLosesNeitherWork()
     Editor third(MyHome());
     QVERIFY(third.OpensBehind(kQuestion));
     QVERIFY(third.Answer(kQuestion, kRecover));
+    QVERIFY(third.Becomes(QStringLiteral("Untitled* - Kestova Host"))); // and has taken it over
     Editor fourth(MyHome(), {}, kBeside);
     QVERIFY(fourth.OpensBehind(kQuestion));
     QVERIFY(fourth.Answer(kQuestion, kRecover));
+    QVERIFY(fourth.Becomes(QStringLiteral("Untitled* - Kestova Host")));
     QVERIFY(third.SaveAs(Path(QStringLiteral("third.ktl"))));
     QVERIFY(fourth.SaveAs(Path(QStringLiteral("fourth.ktl"))));
     const SavedScene hips(Path(QStringLiteral("third.ktl")));
@@ -205,7 +210,9 @@ void tst_UserRecovers::worksOnOneDocumentInTwoWindowsAndLosesNeitherWork()
     QCOMPARE(first.Quit(), EXIT_SUCCESS);
     Editor third(MyHome(), {path});
     QVERIFY(third.OpensBehind(kQuestion));
-    QVERIFY(third.Answer(kQuestion, kRecover));
+    // The document was saved after that work: to keep it for later is what Return alone would do.
+    QVERIFY(third.Answer(kQuestion, kRecoverOlder));
+    QVERIFY(third.Becomes(QStringLiteral("walk.ktl* - Kestova Host")));
     QVERIFY(third.SaveAs(Path(QStringLiteral("other.ktl"))));
     QVERIFY(SavedScene(path).Frames(kHips).contains(20));
     QVERIFY(SavedScene(Path(QStringLiteral("other.ktl"))).Frames(kSpine).contains(21));

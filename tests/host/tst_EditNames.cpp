@@ -36,8 +36,6 @@ void tst_EditNames::sayWhatWasDone_data()
     row(InsertShapeName(8), "Insert mouth shape at frame 8");
     row(ChangeShapesName({0, 0, 2}, 4), "Change 2 mouth shapes to D");
     row(ChangeShapesName({0, 0, 1}, 12), "Change 1 mouth shape to 12");
-    row(ShiftName(many, 3), "Shift 12 keys by 3 frames");
-    row(ShiftName(one, -2), "Shift 1 key back by 2 frames");
     row(BreakName(40), "Break clip at frame 40");
     row(LoopName(3), "Loop clip 3 times");
     row(LoopName(1), "Loop clip once");

@@ -49,6 +49,7 @@ private slots:
     void anEditOfOneStepLeavesNothingOpen();
     void restartingDropsTheEditUnderWay();
     void tellsOfABeginningBeforeAnythingChanges();
+    void tellsOfTheEndOfEveryEdit();
     void goingBackCommitsNothing();
     void goingBackCommitsTheEditUnderWayFirst();
 };
@@ -158,6 +159,22 @@ void tst_EditSession::tellsOfABeginningBeforeAnythingChanges()
     QCOMPARE(begun, QVector<int>{10});
     r.session.Begin(); // commits first
     QCOMPARE(begun, (QVector<int>{10, 11}));
+}
+
+void tst_EditSession::tellsOfTheEndOfEveryEdit()
+{
+    Recorded r;
+    QVector<int> ended; // how many commits had been told of
+    connect(&r.session, &EditSession::Ended, [&] {
+        ended.append(r.commits.size());
+        QVERIFY(!r.session.IsOpen());
+    });
+    r.session.Apply(QStringLiteral("Grow"), SceneOf(11));
+    QCOMPARE(ended, QVector<int>{1});
+    r.session.Apply(QStringLiteral("Stay"), SceneOf(11));
+    QCOMPARE(ended, (QVector<int>{1, 1}));
+    r.session.Commit(); // nothing is under way
+    QCOMPARE(ended.size(), 2);
 }
 
 void tst_EditSession::goingBackCommitsNothing()

@@ -27,6 +27,7 @@ private slots:
     void theKeysOfTheEditMenuWork();
     void theKeysOfTheEditMenuWorkAfterARowsMenuWasClosed();
     void theEditMenuFollowsTheSelection();
+    void theEditMenuFollowsTheFrameThatTheHostGoesTo();
     void droppingASoundPlacesAClip();
     void droppingSomethingElseIsRefused();
 };
@@ -300,6 +301,18 @@ void tst_HostGestures::theEditMenuFollowsTheSelection()
     QVERIFY(paste->isEnabled());
 }
 
+void tst_HostGestures::theEditMenuFollowsTheFrameThatTheHostGoesTo()
+{
+    HandledEditor editor;
+    QAction* const breakClip = editor.Command(QStringLiteral("Break"));
+    editor.pointer.Click(editor.WidgetOf("Motion"), editor.At("Motion", 0));
+    QVERIFY(!breakClip->isEnabled()); // at the clip's edge
+    editor.window.GotoFrame(30);
+    QVERIFY(breakClip->isEnabled());
+    QTest::keyClick(&editor.window, Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(editor.FramesOf("Motion"), (Frames{0, 30}));
+}
+
 void tst_HostGestures::droppingASoundPlacesAClip()
 {
     HandledEditor editor;
@@ -314,7 +327,7 @@ void tst_HostGestures::droppingASoundPlacesAClip()
     QCOMPARE(editor.SelectedFrames("Sound"), (Frames{25}));
     QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Sound"));
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 25);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Drop Sound"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Drop hello.wav: the end of greeting is covered"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 

@@ -91,13 +91,13 @@ void tst_HostRows::theEyeMutesItsRow()
     RowEditor editor;
     editor.ClickCaption("LeftArm", kMute);
     QVERIFY(editor.Is("LeftArm", RowState::Muted));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Mute Row"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Mute Left Arm"));
     QVERIFY(editor.ButtonState("LeftArm", kMuteId) >= 2);
     QCOMPARE(editor.ButtonState("Spine", kMuteId), 0);
     editor.ClickCaption("LeftArm", kMute);
     QVERIFY(!editor.Is("LeftArm", RowState::Muted));
     QVERIFY(editor.ButtonState("LeftArm", kMuteId) < 2);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Unmute Row"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Unmute Left Arm"));
 }
 
 void tst_HostRows::thePadlockLocksItsRow()
@@ -105,7 +105,7 @@ void tst_HostRows::thePadlockLocksItsRow()
     RowEditor editor;
     editor.ClickCaption("Lips", kLock);
     QVERIFY(editor.Is("Lips", RowState::Locked));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Lock Row"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Lock Lips"));
     editor.ClickCaption("Lips", kLock);
     QVERIFY(!editor.Is("Lips", RowState::Locked));
 }

@@ -361,9 +361,7 @@ void tst_HostView::rangesAreDeletedOnAllRowsThatShowThem()
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 45, 60, 75, 90}));
     QCOMPARE(editor.FramesOf("Spine"), (Frames{0, 15, 45, 53, 60, 68, 75, 90}));
     QCOMPARE(editor.FramesOf("Motion"), Frames{0});
-    QVERIFY(editor.StatusText().startsWith(QStringLiteral("Delete ")));
-    QVERIFY2(editor.StatusText().contains(QStringLiteral(" keys")),
-             qPrintable(editor.StatusText()));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Delete 4 keys"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -378,7 +376,7 @@ void tst_HostView::rangesAreShiftedWithTheirKeys()
     QTest::keyClick(&editor.window, Qt::Key_Left, Qt::ShiftModifier | Qt::AltModifier);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 31, 46, 60, 75, 90}));
     QCOMPARE(editor.RangeOf("LeftArm"), qMakePair(21, 51));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Shift 2 keys back by 1 frame"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move 2 keys back by 1 frame"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 

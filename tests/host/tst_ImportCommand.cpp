@@ -108,6 +108,7 @@ class tst_ImportCommand : public QObject
 private slots:
     void isOneEditThatTheTimelineShows();
     void aMotionWithOtherJointsIsShown();
+    void newRowsLeaveTheSelectionAndTheCopiesOfOthers();
     void hiddenRowsStayHidden();
     void aLongerSceneCanBeScrubbedToItsEnd();
     void aSoundStartsAtTheCurrentFrame();
@@ -149,6 +150,22 @@ void tst_ImportCommand::aMotionWithOtherJointsIsShown()
     QVERIFY(editor.Row("Arm"));
     QVERIFY(editor.Timeline().GetChildTrackSortIndex(editor.Row("Arm")) >= 0);
     QVERIFY(editor.Timeline().GetActiveChildTrack());
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::newRowsLeaveTheSelectionAndTheCopiesOfOthers()
+{
+    ImportingEditor editor;
+    editor.Select("MouthRest", {1});
+    editor.Timeline().CopySelectionToClipboard(editor.Row("MouthRest"));
+    editor.Timeline().SetCurrentFrame(12);
+    const QVector<int> selected = editor.SelectedFrames("MouthRest");
+    QCOMPARE(selected.size(), 1);
+    QVERIFY(editor.Import({editor.File("arm.bvh", LongCapture(60))}));
+    QCOMPARE(editor.SelectedFrames("MouthRest"), selected);
+    QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("MouthRest"));
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 12);
+    QVERIFY(editor.Timeline().CanDoTrackEdit(editor.Row("MouthRest"), TL_EDIT_PASTE));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -397,7 +414,7 @@ void tst_ImportCommand::aDroppedSoundMakesTheSceneLonger()
     QCOMPARE(editor.Scene().frameCount, 150);
     QCOMPARE(editor.Timeline().GetFrameCount(), 150);
     QCOMPARE(editor.KeysOf("Sound")[1].sound, path);
-    QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop Sound")});
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop long.wav")});
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -405,10 +422,10 @@ void tst_ImportCommand::saysWhatADroppedSoundCovers_data()
 {
     QTest::addColumn<int>("frame");
     QTest::addColumn<QString>("text");
-    QTest::newRow("a clip") << 20 << QStringLiteral("Drop Sound: one was replaced");
-    QTest::newRow("its end") << 25 << QStringLiteral("Drop Sound: the end of one is covered");
-    QTest::newRow("itself") << 10 << QStringLiteral("Drop Sound: heard until one begins");
-    QTest::newRow("nothing") << 40 << QStringLiteral("Drop Sound");
+    QTest::newRow("a clip") << 20 << QStringLiteral("Drop hello.wav: one was replaced");
+    QTest::newRow("its end") << 25 << QStringLiteral("Drop hello.wav: the end of one is covered");
+    QTest::newRow("itself") << 10 << QStringLiteral("Drop hello.wav: heard until one begins");
+    QTest::newRow("nothing") << 40 << QStringLiteral("Drop hello.wav");
 }
 
 void tst_ImportCommand::saysWhatADroppedSoundCovers()
