@@ -54,17 +54,17 @@ void DocumentActions::FillMenu(QMenu& menu)
         connect(action, &QAction::triggered, this,
                 [this, deed] { EndGestureThen(*this, m_window.Session(), deed); });
     };
-    add(tr("New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { New(); });
-    add(tr("Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFile(); });
-    m_recent = new RecentMenu(menu.addMenu(tr("Open Recent")));
+    add(tr("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { New(); });
+    add(tr("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFile(); });
+    m_recent = new RecentMenu(menu.addMenu(tr("Open &Recent")));
     connect(m_recent, &RecentMenu::Chosen, this, &DocumentActions::Open);
     menu.addSeparator();
-    add(tr("Save"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { Save(); });
-    add(tr("Save As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { SaveAs(); });
+    add(tr("&Save"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { Save(); });
+    add(tr("Save &As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { SaveAs(); });
     menu.addSeparator();
     menu.addAction(m_window.Import().Action());
     menu.addSeparator();
-    add(tr("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_window.close(); });
+    add(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_window.close(); });
 }
 
 bool DocumentActions::New()

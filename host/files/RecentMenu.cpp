@@ -45,7 +45,7 @@ void RecentMenu::Fill()
         action->setToolTip(path);
     }
     m_menu->addSeparator();
-    QAction* const clear = m_menu->addAction(tr("Clear List"), this, [this] { m_files.Clear(); });
+    QAction* const clear = m_menu->addAction(tr("&Clear List"), this, [this] { m_files.Clear(); });
     clear->setEnabled(!paths.isEmpty());
 }
 

@@ -38,8 +38,8 @@ UndoActions::UndoActions(QMenu* menu, UndoHistory& history, const EditSession& s
 void UndoActions::Update()
 {
     const QUndoStack& stack = m_history.Stack();
-    m_undo->setText(stack.canUndo() ? tr("Undo %1").arg(InMenu(stack.undoText())) : tr("Undo"));
-    m_redo->setText(stack.canRedo() ? tr("Redo %1").arg(InMenu(stack.redoText())) : tr("Redo"));
+    m_undo->setText(stack.canUndo() ? tr("&Undo %1").arg(InMenu(stack.undoText())) : tr("&Undo"));
+    m_redo->setText(stack.canRedo() ? tr("&Redo %1").arg(InMenu(stack.redoText())) : tr("&Redo"));
     // An edit under way can be undone too: it is ended first.
     m_undo->setEnabled(stack.canUndo() || m_session.IsOpen());
     m_redo->setEnabled(stack.canRedo() && !m_session.IsOpen());

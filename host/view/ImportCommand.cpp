@@ -25,7 +25,7 @@ QString NameOf(const QStringList& files)
 
 ImportCommand::ImportCommand(QWidget* window, CTimelineManager& manager, EditSession& session)
     : QObject(window), m_manager(manager), m_session(session),
-      m_action(new QAction(tr("Import…"), this))
+      m_action(new QAction(tr("&Import…"), this))
 {
     m_action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
     m_action->setToolTip(tr("Bring a motion capture, mouth cues or sounds into the scene"));

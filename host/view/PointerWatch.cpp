@@ -1,7 +1,9 @@
 #include "PointerWatch.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <QWidget>
 #include <QWindow>
 
@@ -53,6 +55,9 @@ bool PointerWatch::eventFilter(QObject* watched, QEvent* event)
         if (m_isInside)
             QMetaObject::invokeMethod(this, &PointerWatch::TellAgain, Qt::QueuedConnection);
         break;
+    case QEvent::ToolTip:
+        return ShowTip(static_cast<QWidget*>(watched),
+                       static_cast<QHelpEvent*>(event)->globalPos());
     case QEvent::Leave:
         if (watched == m_area && m_isInside) {
             m_isInside = false;
@@ -116,6 +121,15 @@ void PointerWatch::TellMove(QPoint place)
         emit Moved(place);
     else if (wasInside)
         emit Left();
+}
+
+/// Whether there was one.
+bool PointerWatch::ShowTip(QWidget* widget, QPoint place)
+{
+    const QString text = tip && m_area->isAncestorOf(widget) ? tip(place) : QString();
+    if (!text.isEmpty())
+        QToolTip::showText(place, text, widget);
+    return !text.isEmpty();
 }
 
 void PointerWatch::TellAgain()

@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QPoint>
 
+#include <functional>
+
 class QWidget;
 
 namespace host {
@@ -16,6 +18,10 @@ public:
 
     /// @param area from now on it is this one; null for none.
     void Watch(QWidget* area);
+
+    /// Gives the tip for a place of the screen over the area; an empty one leaves it to the widget
+    /// there. Not set: none.
+    std::function<QString(QPoint place)> tip;
 
 signals:
     /// The pointer, with no button down, is at this place of the screen, or what is there may have
@@ -40,6 +46,7 @@ private:
     void Grasp();
     void LetGoLater();
     void TellMove(QPoint place);
+    bool ShowTip(QWidget* widget, QPoint place);
     void TellAgain();
 
     QWidget* m_area = nullptr;

@@ -44,7 +44,6 @@ private:
     };
     Range Current() const;
     QVector<KeySelection> Keys(const Range& range, bool forChange) const;
-    void Apply(const QString& name, const Scene& scene);
 
     CTimelineManager& m_manager;
     SceneTracks& m_tracks;

@@ -78,9 +78,9 @@ bool TimelineCallbacks::OnTrackDropFile(TLDropFileType type, QString path)
     return fileDropped && fileDropped(type, path);
 }
 
-void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int type)
+void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int frame)
 {
-    Tell(fileHeld, track, path, type);
+    Tell(fileHeld, track, path, frame);
 }
 
 } // namespace host

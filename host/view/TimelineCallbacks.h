@@ -54,7 +54,7 @@ public:
     void OnSelectedDataCleared() override;
     void OnSelectedDataChanged() override;
     bool OnTrackDropFile(TLDropFileType type, QString path) override;
-    void OnCheckDragFile(CTimelineTrackBase* track, QString path, int type) override;
+    void OnCheckDragFile(CTimelineTrackBase* track, QString path, int frame) override;
 };
 
 } // namespace host

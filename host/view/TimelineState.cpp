@@ -9,17 +9,6 @@ namespace host {
 
 namespace {
 
-QVector<KeyId> SelectedIn(const CTimelineKeyArray& keys)
-{
-    QVector<KeyId> selected;
-    for (const int index : keys.SelectedIndexes()) {
-        const KeyId id = KeyIdAt(keys, index);
-        if (id != kNoKey)
-            selected.append(id);
-    }
-    return selected;
-}
-
 /// Whether keys inside the clips of the row can be selected: other rows need not be looked through.
 bool HasSelectionInside(const SceneTrack& track)
 {

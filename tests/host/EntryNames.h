@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/MouthShapes.h"
 #include "document/Scene.h"
 
 #include <QHash>
@@ -105,7 +106,8 @@ public:
             {"^Move (.+?) (back by|by) (\\d+) frames?$", &EntryName::IsMove},
             {"^(?:Copy|Paste) (.+) (?:to|at) frame (\\d+)$", &EntryName::IsPaste},
             {"^(?:Delete|Cut) (.+)$", &EntryName::IsDelete},
-            {"^Insert key at frame (\\d+)$", &EntryName::IsInsert},
+            {"^Insert (?:key|mouth shape) at frame (\\d+)$", &EntryName::IsInsert},
+            {"^Change (.+) to (\\w+)$", &EntryName::IsChange},
             {"^Break clip at frame (\\d+)$", &EntryName::IsBreak},
             {"^Loop clip (?:(\\d+) times|once)$", &EntryName::IsLoop},
             {"^(Speed clip up|Slow clip down) by (\\d+) frames?$", &EntryName::IsSpeed},
@@ -153,6 +155,19 @@ private:
         return m_keys.gone == Items(1) && m_keys.made.isEmpty() && m_keys.moved.isEmpty();
     }
     bool IsInsert() const { return m_keys.made.size() == 1 && m_keys.IsMadeAt(Number(1)); }
+    bool IsChange() const
+    {
+        int shapes = 0;
+        for (const host::KeyId id : m_keys.changed) {
+            const KeyChanges::Place& place = m_keys.after[id];
+            if (place.clip == host::kNoKey)
+                continue; // the line that it is in
+            ++shapes;
+            if (host::ShortNameOfMouthShape(place.key.mouthShape) != Text(2))
+                return false;
+        }
+        return shapes > 0 && shapes <= Items(1); // some may have been so already
+    }
     bool IsBreak() const { return m_keys.IsMadeAt(Number(1)); }
     bool IsLoop() const
     {

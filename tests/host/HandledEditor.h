@@ -2,6 +2,7 @@
 
 #include "EditorFixture.h"
 
+#include "script/MenuPath.h"
 #include "support/Pointer.h"
 
 #include <QAction>
@@ -79,7 +80,7 @@ struct HandledEditor : EditorFixture
     {
         for (const QMenu* const menu : window.menuBar()->findChildren<QMenu*>()) {
             for (QAction* const action : menu->actions()) {
-                if (action->text() == text)
+                if (host::PlainText(*action) == text)
                     return action;
             }
         }
@@ -113,7 +114,7 @@ struct HandledEditor : EditorFixture
     {
         WithMenu(name, point, [&text](QMenu& menu) {
             for (QAction* const action : menu.actions()) {
-                if (action->text() != text || !action->isEnabled())
+                if (host::PlainText(*action) != text || !action->isEnabled())
                     continue;
                 const QPoint place = menu.actionGeometry(action).center();
                 QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier, place);

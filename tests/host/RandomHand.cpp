@@ -1,5 +1,7 @@
 #include "RandomHand.h"
 
+#include "script/MenuPath.h"
+
 #include <QApplication>
 
 #include <cmath>
@@ -270,8 +272,8 @@ void RandomHand::ChooseIn(QMenu& menu)
     QVector<QAction*> possible;
     for (QAction* const action : menu.actions()) {
         if (action->isEnabled() && !action->isSeparator() && !action->menu() &&
-            !action->text().startsWith(QLatin1String("Undo")) &&
-            !action->text().startsWith(QLatin1String("Redo")))
+            !host::PlainText(*action).startsWith(QLatin1String("Undo")) &&
+            !host::PlainText(*action).startsWith(QLatin1String("Redo")))
             possible.append(action);
     }
     m_editor.Begin();
@@ -280,7 +282,7 @@ void RandomHand::ChooseIn(QMenu& menu)
         menu.close();
     } else {
         QAction* const action = OneOf(possible);
-        Say(QStringLiteral("choose ") + action->text() + u' ');
+        Say(QStringLiteral("choose ") + host::PlainText(*action) + u' ');
         QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier,
                           menu.actionGeometry(action).center());
     }

@@ -1,5 +1,6 @@
 #include "RandomHand.h"
 
+#include "script/MenuPath.h"
 #include "view/ImportCommand.h"
 
 #include <QApplication>
@@ -29,16 +30,17 @@ constexpr Stroke kEdits[] = {
     {Qt::Key_V, Qt::ControlModifier, "Ctrl+V"},  {Qt::Key_V, Qt::ControlModifier, "Ctrl+V"},
     {Qt::Key_Delete, Qt::NoModifier, "Del"},     {Qt::Key_B, Qt::ControlModifier, "Ctrl+B"},
     {Qt::Key_A, Qt::ControlModifier, "Ctrl+A"},  {Qt::Key_Right, Qt::AltModifier, "Alt+Right"},
-    {Qt::Key_Left, Qt::AltModifier, "Alt+Left"},
+    {Qt::Key_Left, Qt::AltModifier, "Alt+Left"}, {Qt::Key_D, Qt::ShiftModifier, "Shift+D"},
+    {Qt::Key_F, Qt::ShiftModifier, "Shift+F"},
 };
 
 constexpr Stroke kOthers[] = {
     {Qt::Key_R, Qt::ControlModifier, "Ctrl+R"},
     {Qt::Key_Delete, Qt::ControlModifier, "Ctrl+Del"},
-    {Qt::Key_Left, Qt::ControlModifier | Qt::AltModifier, "Ctrl+Alt+Left"},
-    {Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier, "Ctrl+Alt+Right"},
-    {Qt::Key_BracketLeft, Qt::ControlModifier, "Ctrl+["},
-    {Qt::Key_BracketRight, Qt::ControlModifier, "Ctrl+]"},
+    {Qt::Key_Left, Qt::ShiftModifier | Qt::AltModifier, "Alt+Shift+Left"},
+    {Qt::Key_Right, Qt::ShiftModifier | Qt::AltModifier, "Alt+Shift+Right"},
+    {Qt::Key_Home, Qt::ShiftModifier, "Shift+Home"},
+    {Qt::Key_End, Qt::ShiftModifier, "Shift+End"},
     {Qt::Key_M, Qt::ControlModifier, "Ctrl+M"},
     {Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier, "Ctrl+Shift+M"},
     {Qt::Key_L, Qt::ControlModifier, "Ctrl+L"},
@@ -339,7 +341,7 @@ void RandomHand::ChooseInMenuBar()
     const QLatin1String wanted(OneOf(kMenus));
     QMenuBar* const bar = m_window.menuBar();
     for (QAction* const action : bar->actions()) {
-        if (action->text() != wanted)
+        if (host::PlainText(*action) != wanted)
             continue;
         Say(wanted + QStringLiteral(" "));
         m_editor.Begin();

@@ -80,7 +80,7 @@ struct DocumentEditor : HandledEditor
     void SaveIn(const char* name)
     {
         answers.path = Path(name);
-        Choose("Save As...");
+        Choose("Save As");
         answers.Take();
     }
     /// The program dies: what it has done is left in a recovery file, and the lock is free.
@@ -256,7 +256,7 @@ void tst_Documents::openingBringsBackSceneAndView()
     editor.SaveIn("walk.ktl");
     editor.Choose("New");
     QVERIFY(editor.Scene() != saved);
-    editor.Choose("Open...");
+    editor.Choose("Open");
     QCOMPARE(editor.answers.Take(), Asked("open which?"));
     QVERIFY(editor.Scene() == saved);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
@@ -831,7 +831,7 @@ void tst_Documents::aNameLikeTheMarkForChangesStandsInTheTitle()
 void tst_Documents::everyWayOutAsksAboutChanges_data()
 {
     QTest::addColumn<QString>("way");
-    for (const char* const way : {"New", "Open...", "Recent", "drop"})
+    for (const char* const way : {"New", "Open", "Recent", "drop"})
         QTest::newRow(way) << QString::fromLatin1(way);
 }
 

@@ -145,7 +145,7 @@ void tst_HostGestures::draggingAClipsEndChangesItsSpeed()
     QVERIFY(editor.window.SetScene(scene));
     QCoreApplication::processEvents();
     for (QAction* const action : editor.window.findChildren<QAction*>()) {
-        if (action->text() == QLatin1String("Clip Speed"))
+        if (host::PlainText(*action) == QLatin1String("Speed"))
             action->trigger(); // the end of a clip loops it otherwise
     }
     editor.Drag("Motion", editor.EdgeOf("Motion", 29),
@@ -274,12 +274,10 @@ void tst_HostGestures::theKeysOfTheEditMenuWork()
 void tst_HostGestures::theKeysOfTheEditMenuWorkAfterARowsMenuWasClosed()
 {
     HandledEditor editor;
-    bool isOffered = false;
-    editor.WithMenu("LeftArm", editor.At("LeftArm", 15), [&isOffered](QMenu& menu) {
-        for (const QAction* const action : menu.actions())
-            isOffered = isOffered || action->shortcut() == QKeySequence(QKeySequence::Delete);
+    editor.WithMenu("LeftArm", editor.At("LeftArm", 15), [](QMenu& menu) {
+        for (const QAction* const action : menu.actions()) // the window has them
+            QVERIFY2(action->shortcut().isEmpty(), qPrintable(action->text()));
     });
-    QVERIFY(isOffered); // the same shortcut, which must not stay taken
     QTest::keyClick(&editor.window, Qt::Key_Delete);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 30, 45, 60, 75, 90}));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);

@@ -44,7 +44,8 @@ struct RowEditor : HandledEditor
         QStringList texts;
         WithMenu(name, At(name, frame), [&texts](QMenu& menu) {
             for (const QAction* const action : menu.actions())
-                texts.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+                texts.append(action->isSeparator() ? QStringLiteral("-")
+                                                   : host::PlainText(*action));
         });
         return texts;
     }
@@ -133,8 +134,8 @@ void tst_HostRows::theMenuOfARowSolosIt()
     bool isChecked = false;
     editor.WithMenu("LeftArm", editor.At("LeftArm", 20), [&isChecked](QMenu& menu) {
         for (const QAction* const action : menu.actions())
-            isChecked =
-                isChecked || (action->text() == QLatin1String("Solo") && action->isChecked());
+            isChecked = isChecked ||
+                        (host::PlainText(*action) == QLatin1String("Solo") && action->isChecked());
     });
     QVERIFY(isChecked);
     // A mark stands before its name.
@@ -154,7 +155,7 @@ void tst_HostRows::theMenuButtonOfACaptionOpensTheMenu()
         QMenu* const menu = editor.OpenMenu();
         QVERIFY(menu);
         for (QAction* const action : menu->actions()) {
-            if (action->text() == QLatin1String("Mute"))
+            if (host::PlainText(*action) == QLatin1String("Mute"))
                 QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
                                   menu->actionGeometry(action).center());
         }

@@ -1,4 +1,5 @@
 #include "EditorFixture.h"
+#include "script/MenuPath.h"
 
 #include "playback/Transport.h"
 #include "playback/TransportBar.h"
@@ -27,7 +28,7 @@ struct PlayingEditor : EditorFixture
     QAction* Command(const QString& text)
     {
         for (QAction* const action : window.Player().Bar()->actions()) {
-            if (action->text() == text)
+            if (host::PlainText(*action) == text)
                 return action;
         }
         qFatal("no button %s", qPrintable(text));
@@ -121,12 +122,12 @@ void tst_Transport::everyButtonHasAnIconAndATooltip()
         seen.append(icon);
         const QString keys = action->shortcut().toString(QKeySequence::NativeText);
         QVERIFY(!keys.isEmpty());
-        QCOMPARE(action->toolTip(), QStringLiteral("%1 (%2)").arg(action->text(), keys));
+        QCOMPARE(action->toolTip(), QStringLiteral("%1 (%2)").arg(host::PlainText(*action), keys));
     }
     QCOMPARE(seen.size(), 7);
     QAction* const play = editor.Command(QStringLiteral("Play"));
     play->trigger();
-    QCOMPARE(play->text(), QStringLiteral("Pause"));
+    QCOMPARE(host::PlainText(*play), QStringLiteral("Pause"));
     QVERIFY(!seen.contains(play->icon().pixmap(32, 32).toImage()));
 }
 
@@ -165,7 +166,7 @@ void tst_Transport::theMenuHasTheSameCommands()
     PlayingEditor editor;
     QList<QAction*> commands;
     for (QAction* const entry : editor.window.menuBar()->actions()) {
-        if (entry->text() == QLatin1String("Playback"))
+        if (host::PlainText(*entry) == QLatin1String("Playback"))
             commands = entry->menu()->actions();
     }
     QVERIFY(!commands.isEmpty());
@@ -318,7 +319,7 @@ void tst_Transport::commandsKnowTheFrameWherePlayingEnded()
     editor.Timeline().SetActiveChildTrack(editor.Row("LeftArm"));
     QAction* insert = nullptr;
     for (QAction* const action : editor.window.findChildren<QAction*>()) {
-        if (action->text() == QLatin1String("Insert Key"))
+        if (host::PlainText(*action) == QLatin1String("Insert Key"))
             insert = action;
     }
     QVERIFY(insert);
