@@ -11,8 +11,8 @@ struct TimelineWindow::Tool
 {
     const char* text;
     const char* tip;
-    bool (TimelineWindow::*can)();
-    void (TimelineWindow::*run)();
+    bool (CTimelineWndBase::*can)();
+    void (CTimelineWndBase::*run)();
 };
 
 /// In the order of ViewCommand.
@@ -66,9 +66,10 @@ bool TimelineWindow::Can(ViewCommand command)
 
 void TimelineWindow::Do(ViewCommand command)
 {
-    if (!Can(command))
+    const Tool& tool = kTools[static_cast<int>(command)];
+    if (!(this->*tool.can)())
         return;
-    (this->*kTools[static_cast<int>(command)].run)();
+    (this->*tool.run)();
     OnTimelineRefreshed(); // the timeline does not tell of what it was told to do
 }
 
