@@ -21,7 +21,7 @@ QString ItemsText(const EditedItems& items);
 // What edits are called in the status bar and the menus: "Move 12 keys by 3 frames".
 
 QString MoveName(const EditedItems& items, int frames);
-QString CopyName(const EditedItems& items, int frame);   ///< dragged there with Ctrl
+QString CopyName(const EditedItems& items, int frame); ///< dragged there with Ctrl
 QString PasteName(const EditedItems& items, int frame);
 QString CutName(const EditedItems& items);
 QString DeleteName(const EditedItems& items);
