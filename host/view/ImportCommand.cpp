@@ -109,6 +109,10 @@ void ImportCommand::Apply(const Material& material, const QString& name)
         Tell(tr("%1: %2").arg(name, reason));
         return;
     }
+    if (scene == m_session.Current()) {
+        Tell(tr("%1 is in the scene already").arg(name));
+        return;
+    }
     m_session.Begin();
     m_session.Step(tr("Import %1").arg(name), scene);
     if (sceneChanged)

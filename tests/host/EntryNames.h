@@ -253,7 +253,19 @@ private:
 /// A line when the name of the edit does not say what it did; empty when it does.
 inline QString NameProblem(const QString& name, const host::Scene& before, const host::Scene& after)
 {
-    return EntryName(name, before, after).IsTrue()
-               ? QString()
-               : QStringLiteral("the entry \"%1\" did something else").arg(name);
+    if (EntryName(name, before, after).IsTrue())
+        return {};
+    const KeyChanges keys(before, after);
+    return QStringLiteral(
+               "the entry \"%1\" did something else: %2 keys gone, %3 made, %4 moved, %5 "
+               "changed; %6 rows, %7 before; %8 frames, %9 before")
+        .arg(name)
+        .arg(keys.gone)
+        .arg(keys.made.size())
+        .arg(keys.moved.size())
+        .arg(keys.changed.size())
+        .arg(after.tracks.size())
+        .arg(before.tracks.size())
+        .arg(after.frameCount)
+        .arg(before.frameCount);
 }

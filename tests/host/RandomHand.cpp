@@ -266,27 +266,40 @@ void RandomHand::PressRight(QWidget* widget, QPoint point, const std::function<v
         m_editor.pointer.Release(Qt::RightButton);
 }
 
-/// Clicks on one of its entries, or leaves it.
+/// Whether the hand may choose the entry: skins have other sizes, and one asks for a file; undoing
+/// has gestures of its own.
+bool RandomHand::IsOffered(const QAction& action)
+{
+    static constexpr const char* kLeftOut[] = {"Undo", "Redo", "Skin"};
+    const QString text = host::PlainText(action);
+    return action.isEnabled() && !action.isSeparator() &&
+           std::none_of(std::begin(kLeftOut), std::end(kLeftOut), [&text](const char* begin) {
+               return text.startsWith(QLatin1String(begin));
+           });
+}
+
+/// Clicks on one of its entries, or of a menu in it, or leaves it.
 void RandomHand::ChooseIn(QMenu& menu)
 {
     QVector<QAction*> possible;
     for (QAction* const action : menu.actions()) {
-        if (action->isEnabled() && !action->isSeparator() && !action->menu() &&
-            !host::PlainText(*action).startsWith(QLatin1String("Undo")) &&
-            !host::PlainText(*action).startsWith(QLatin1String("Redo")))
+        if (IsOffered(*action))
             possible.append(action);
     }
     m_editor.Begin();
     if (possible.isEmpty() || OneIn(8)) {
         Say(QStringLiteral("leave the menu "));
         menu.close();
-    } else {
-        QAction* const action = OneOf(possible);
-        Say(QStringLiteral("choose ") + host::PlainText(*action) + u' ');
-        QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier,
-                          menu.actionGeometry(action).center());
+        m_editor.End();
+        return;
     }
+    QAction* const action = OneOf(possible);
+    QMenu* const below = action->menu();
+    Say(QStringLiteral("choose ") + host::PlainText(*action) + u' ');
+    QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier, menu.actionGeometry(action).center());
     m_editor.End();
+    if (below && below->isVisible())
+        ChooseIn(*below);
 }
 
 /// This platform does not give the window back what a menu or another window has taken.

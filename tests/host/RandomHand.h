@@ -66,6 +66,7 @@ private:
     void Click(QWidget* widget, QPoint point);
     void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void PressRight(QWidget* widget, QPoint point, const std::function<void(QMenu&)>& deed);
+    static bool IsOffered(const QAction& action);
     void ChooseIn(QMenu& menu);
     void ComeBack();
 

@@ -112,6 +112,7 @@ private slots:
     void hiddenRowsStayHidden();
     void aLongerSceneCanBeScrubbedToItsEnd();
     void aSoundStartsAtTheCurrentFrame();
+    void aSoundThatIsThereAlreadyIsNoEdit();
     void aSoundStartsWithTheCuesItCameWith();
     void severalFilesAreOneEdit();
     void saysWhatIsWrongAndChangesNothing_data();
@@ -204,6 +205,16 @@ void tst_ImportCommand::aSoundStartsAtTheCurrentFrame()
     QCOMPARE(added->keys[0].frame, 12);
     QCOMPARE(added->keys[0].sound, path);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::aSoundThatIsThereAlreadyIsNoEdit()
+{
+    ImportingEditor editor;
+    const QString path = editor.File("hello.wav", WavBytes(4000, 4000));
+    QVERIFY(editor.Import({path}));
+    QVERIFY(editor.Import({path}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import hello.wav")});
+    QCOMPARE(editor.StatusText(), QStringLiteral("hello.wav is in the scene already"));
 }
 
 void tst_ImportCommand::aSoundStartsWithTheCuesItCameWith()

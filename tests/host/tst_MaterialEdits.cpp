@@ -139,6 +139,7 @@ private slots:
     void aSoundThatIsInTheWayStays_data();
     void aSoundThatIsInTheWayStays();
     void theSameSoundIsNotAddedTwice();
+    void aSoundThatIsThereAlreadyChangesNothing();
     void aLockedRowOfSoundsStaysAsItIs();
     void theSceneGrowsAndTheMarkerGoesAlong();
     void aMarkerInsideTheSceneStays();
@@ -341,6 +342,18 @@ void tst_MaterialEdits::theSameSoundIsNotAddedTwice()
     QVERIFY(Import(scene, material));
     QCOMPARE(Names(scene).count(QStringLiteral("Sound")), 1);
     QCOMPARE(Row(scene, "Sound").keys.size(), 1);
+}
+
+void tst_MaterialEdits::aSoundThatIsThereAlreadyChangesNothing()
+{
+    Scene scene = Made({}, Line(4)).rows;
+    const QStringList order = Names(scene);
+    const Material sound = Made({}, {}, {{QStringLiteral("/a/one.wav"), 1}});
+    QVERIFY(Import(scene, sound, 10));
+    QCOMPARE(Names(scene), order);
+    const Scene before = scene;
+    QVERIFY(Import(scene, sound, 10));
+    QVERIFY(scene == before);
 }
 
 void tst_MaterialEdits::aLockedRowOfSoundsStaysAsItIs()

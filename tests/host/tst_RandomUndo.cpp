@@ -224,6 +224,7 @@ void tst_RandomUndo::theHandCameToAllKindsOfEdits()
     if (m_gestures < kSeeds * kGestures)
         QSKIP("fewer gestures than by default");
     for (const char* const kind : {"Break",
+                                   "Change 1 mouth shape",
                                    "Copy",
                                    "Cut",
                                    "Delete",
@@ -231,7 +232,8 @@ void tst_RandomUndo::theHandCameToAllKindsOfEdits()
                                    "Give",
                                    "Hide",
                                    "Import",
-                                   "Insert",
+                                   "Insert key",
+                                   "Insert mouth shape",
                                    "Lengthen",
                                    "Lock",
                                    "Loop",
