@@ -1,5 +1,6 @@
 #include "OpenedEditor.h"
 
+#include "script/MenuPath.h"
 #include "storage/DocumentFile.h"
 #include "view/WindowPicture.h"
 
@@ -104,7 +105,7 @@ void OpenedEditor::Choose(const QString& command)
 {
     for (const QMenu* const menu : m_window.menuBar()->findChildren<QMenu*>()) {
         for (QAction* const action : menu->actions()) {
-            if (action->text() != command)
+            if (host::PlainText(*action) != command)
                 continue;
             action->trigger();
             Settle();
