@@ -6,6 +6,7 @@
 
 #include "OpenedEditor.h"
 
+#include "Sweep.h"
 #include "playback/Transport.h"
 #include "storage/DocumentFile.h"
 
@@ -126,25 +127,6 @@ private:
     benchmark::State& m_state;
     double m_work = 0;
     double m_worst = 0;
-};
-
-/// Where the hand goes: a sweep over the view and back.
-class Sweep
-{
-public:
-    Sweep(int width, int stride) : m_last(width - 1), m_stride(stride) {}
-
-    int Next()
-    {
-        if (m_x + m_stride > m_last || m_x + m_stride < 0)
-            m_stride = -m_stride;
-        return m_x += m_stride;
-    }
-
-private:
-    int m_last;
-    int m_stride;
-    int m_x = 0;
 };
 
 void WriteFile(benchmark::State& state)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DropFiles.h"
 #include "EditorFixture.h"
 
 #include "script/MenuPath.h"
@@ -127,17 +128,6 @@ struct HandledEditor : EditorFixture
     /// Drags a file over the row to @p point and lets go there. Whether it was taken.
     bool DropFile(const char* name, QPoint point, const QString& path)
     {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(path)});
-        QWidget* const row = WidgetOf(name);
-        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &enter);
-        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &drop);
-        return drop.isAccepted();
+        return DropFiles(WidgetOf(name), point, {path});
     }
 };

@@ -1,3 +1,4 @@
+#include "DropFiles.h"
 #include "EditorFixture.h"
 
 #include "view/ImportCommand.h"
@@ -71,21 +72,7 @@ struct ImportingEditor : EditorFixture
     /// Drags files over the widget and lets go there. Whether they were taken.
     static bool DropOn(QWidget* widget, const QStringList& files)
     {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString& file : files)
-            urls.append(QUrl::fromLocalFile(file));
-        data.setUrls(urls);
-        const QPoint point(20, 5);
-        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &enter);
-        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &drop);
-        return drop.isAccepted();
+        return DropFiles(widget, {20, 5}, files);
     }
     /// A row of the timeline, which knows only the files of its own list.
     QWidget* WidgetOf(const char* name)
