@@ -4,6 +4,7 @@
 // to the picture that is up to date.
 
 #include "BenchTimeline.h"
+#include "Sweep.h"
 
 #include "container/CTimelineContainer.h"
 #include "library/TimelineLibrary.h"
@@ -51,25 +52,6 @@ private:
     }
 
     CTimelineTrackTick* m_ruler;
-};
-
-/// Where the hand goes: a sweep over the view and back, @p stride pixels a step.
-class Sweep
-{
-public:
-    Sweep(int width, int stride) : m_last(width - 1), m_stride(stride) {}
-
-    int Next()
-    {
-        if (m_x + m_stride > m_last || m_x + m_stride < 0)
-            m_stride = -m_stride;
-        return m_x += m_stride;
-    }
-
-private:
-    int m_last;
-    int m_stride;
-    int m_x = 0;
 };
 
 void DragRuler(benchmark::State& state)

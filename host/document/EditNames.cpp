@@ -1,6 +1,7 @@
 #include "EditNames.h"
 
 #include "KeyList.h"
+#include "MouthShapes.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -27,7 +28,9 @@ QString Frames(int frames)
     return Counted(std::abs(frames), "1 frame", "%1 frames");
 }
 
-QString Text(const EditedItems& items)
+} // namespace
+
+QString ItemsText(const EditedItems& items)
 {
     QStringList parts;
     if (items.keys > 0)
@@ -38,8 +41,6 @@ QString Text(const EditedItems& items)
         parts += Counted(items.mouthShapes, "1 mouth shape", "%1 mouth shapes");
     return parts.isEmpty() ? Translated("nothing") : parts.join(Translated(" and "));
 }
-
-} // namespace
 
 EditedItems ItemsOf(const Scene& scene, const QVector<KeySelection>& selection)
 {
@@ -63,32 +64,42 @@ EditedItems ItemsOf(const Scene& scene, const QVector<KeySelection>& selection)
 QString MoveName(const EditedItems& items, int frames)
 {
     const char* const text = frames < 0 ? "Move %1 back by %2" : "Move %1 by %2";
-    return Translated(text).arg(Text(items), Frames(frames));
+    return Translated(text).arg(ItemsText(items), Frames(frames));
 }
 
 QString CopyName(const EditedItems& items, int frame)
 {
-    return Translated("Copy %1 to frame %2").arg(Text(items)).arg(frame);
+    return Translated("Copy %1 to frame %2").arg(ItemsText(items)).arg(frame);
 }
 
 QString PasteName(const EditedItems& items, int frame)
 {
-    return Translated("Paste %1 at frame %2").arg(Text(items)).arg(frame);
+    return Translated("Paste %1 at frame %2").arg(ItemsText(items)).arg(frame);
 }
 
 QString CutName(const EditedItems& items)
 {
-    return Translated("Cut %1").arg(Text(items));
+    return Translated("Cut %1").arg(ItemsText(items));
 }
 
 QString DeleteName(const EditedItems& items)
 {
-    return Translated("Delete %1").arg(Text(items));
+    return Translated("Delete %1").arg(ItemsText(items));
 }
 
 QString InsertName(int frame)
 {
     return Translated("Insert key at frame %1").arg(frame);
+}
+
+QString InsertShapeName(int frame)
+{
+    return Translated("Insert mouth shape at frame %1").arg(frame);
+}
+
+QString ChangeShapesName(const EditedItems& items, int shape)
+{
+    return Translated("Change %1 to %2").arg(ItemsText(items), ShortNameOfMouthShape(shape));
 }
 
 QString BreakName(int frame)

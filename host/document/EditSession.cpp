@@ -43,6 +43,7 @@ void EditSession::Commit()
     m_before.reset();
     if (before != m_current)
         emit Committed(m_name, before);
+    emit Ended();
 }
 
 void EditSession::Apply(const QString& name, const Scene& scene)

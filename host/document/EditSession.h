@@ -48,6 +48,8 @@ signals:
     void Begun();
     /// An edit that changed something was committed; @p before is the scene as it was before.
     void Committed(const QString& name, const host::Scene& before);
+    /// The edit is over, whether it changed something (then this follows Committed) or not.
+    void Ended();
 
 private:
     Scene m_current;

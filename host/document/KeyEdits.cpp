@@ -54,6 +54,30 @@ int Limited(int frames, const QVector<SceneKey>& moving, int lastFrame)
     return std::clamp(frames, earlier, later);
 }
 
+/// The copies that PasteKeys makes, as far as they lie in the scene.
+QVector<SceneKey> CopiesWithin(const Scene& scene, const QVector<SceneKey>& keys, int shift)
+{
+    QVector<SceneKey> copies;
+    for (SceneKey key : keys) {
+        key.frame += shift;
+        key.group = kNoGroup;
+        if (key.frame >= 0 && key.frame < scene.frameCount)
+            copies.append(key);
+    }
+    return copies;
+}
+
+bool IsAlike(SceneKey a, const SceneKey& b)
+{
+    if (a.subKeys.size() != b.subKeys.size())
+        return false;
+    a.id = b.id;
+    a.group = b.group;
+    for (int i = 0; i < a.subKeys.size(); ++i)
+        a.subKeys[i].id = b.subKeys[i].id;
+    return a == b;
+}
+
 } // namespace
 
 int MoveKeys(Scene& scene, const QVector<KeySelection>& selection, int frames)
@@ -94,19 +118,31 @@ QVector<KeyId> PasteKeys(Scene& scene, TrackId track, const QVector<SceneKey>& k
     SceneTrack* const row = scene.FindTrack(track);
     if (!row)
         return {};
-    QVector<SceneKey> pasted;
-    for (SceneKey key : keys) {
-        key.frame += shift;
-        key.group = kNoGroup;
-        if (key.frame >= 0 && key.frame < scene.frameCount)
-            pasted.append(key);
-    }
+    QVector<SceneKey> pasted = CopiesWithin(scene, keys, shift);
     scene.NumberKeys(pasted);
     PlaceKeys(row->keys, pasted);
     QVector<KeyId> ids;
     for (const SceneKey& key : qAsConst(pasted))
         ids.append(key.id);
     return ids;
+}
+
+QVector<KeyId> KeysAlreadyPasted(const Scene& scene, TrackId track, const QVector<SceneKey>& keys,
+                                 int shift)
+{
+    const SceneTrack* const row = scene.FindTrack(track);
+    if (!row)
+        return {};
+    QVector<KeyId> there;
+    for (const SceneKey& copy : CopiesWithin(scene, keys, shift)) {
+        const auto isOnFrame = [&copy](const SceneKey& key) { return key.frame == copy.frame; };
+        const auto key = std::find_if(row->keys.cbegin(), row->keys.cend(), isOnFrame);
+        const auto onFrame = std::count_if(row->keys.cbegin(), row->keys.cend(), isOnFrame);
+        if (onFrame != 1 || !IsAlike(copy, *key))
+            return {};
+        there.append(key->id);
+    }
+    return there;
 }
 
 KeyId InsertKey(Scene& scene, TrackId track, int frame)

@@ -26,6 +26,11 @@ void DeleteKeys(Scene& scene, const QVector<KeySelection>& selection);
 /// lie outside the scene are left out. Copies belong to no group. Their numbers are returned.
 QVector<KeyId> PasteKeys(Scene& scene, TrackId track, const QVector<SceneKey>& keys, int shift);
 
+/// The keys of the row that PasteKeys would replace by their likes (all but number and group are
+/// the same), when that is all that it would do; else none.
+QVector<KeyId> KeysAlreadyPasted(const Scene& scene, TrackId track, const QVector<SceneKey>& keys,
+                                 int shift);
+
 /// Makes a key that suits the row. Its number, or kNoKey for a frame outside the scene or with a
 /// key on it and for rows that hold no point keys.
 KeyId InsertKey(Scene& scene, TrackId track, int frame);

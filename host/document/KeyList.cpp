@@ -22,9 +22,14 @@ void PlaceKeys(QVector<SceneKey>& keys, const QVector<SceneKey>& placed)
         return !key.locked && frames.contains(key.frame);
     };
     keys.erase(std::remove_if(keys.begin(), keys.end(), isReplaced), keys.end());
+    const int stayed = keys.size();
     keys += placed;
-    std::stable_sort(keys.begin(), keys.end(),
-                     [](const SceneKey& a, const SceneKey& b) { return a.frame < b.frame; });
+    const auto isEarlier = [](const SceneKey& a, const SceneKey& b) { return a.frame < b.frame; };
+    // What stayed is in order, and most often so is what was placed.
+    const auto firstPlaced = keys.begin() + stayed;
+    if (!std::is_sorted(firstPlaced, keys.end(), isEarlier))
+        std::stable_sort(firstPlaced, keys.end(), isEarlier);
+    std::inplace_merge(keys.begin(), firstPlaced, keys.end(), isEarlier);
 }
 
 const SceneKey* FindKey(const Scene& scene, TrackId track, KeyId key)

@@ -8,7 +8,8 @@ namespace {
 
 auto Members(const Joint& joint)
 {
-    return std::tie(joint.name, joint.parent, joint.offset, joint.channels, joint.firstChannel);
+    return std::tie(joint.name, joint.parent, joint.offset, joint.channels, joint.firstChannel,
+                    joint.ends);
 }
 
 auto Members(const Motion& motion)

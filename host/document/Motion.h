@@ -25,6 +25,7 @@ struct Joint
     QVector3D offset; ///< from the parent, in rest
     QVector<Channel> channels; ///< rotations are applied in this order, the last one innermost
     int firstChannel = 0;      ///< place of its first number in a sample
+    QVector<QVector3D> ends{}; ///< where the bones end that lead on from it to no other joint
 };
 
 /// A captured motion: a skeleton, and one sample of all its channels for each moment. Y points up.

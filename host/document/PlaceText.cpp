@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
 
 namespace host {
 
@@ -18,17 +17,6 @@ QString Translated(const char* text)
 {
     return QCoreApplication::translate("PlaceText", text);
 }
-
-struct State
-{
-    RowState state;
-    const char* text;
-};
-
-constexpr std::array<State, 3> kStates{
-    {{RowState::Muted, QT_TRANSLATE_NOOP("PlaceText", "muted")},
-     {RowState::Soloed, QT_TRANSLATE_NOOP("PlaceText", "solo")},
-     {RowState::Locked, QT_TRANSLATE_NOOP("PlaceText", "locked")}}};
 
 /// The last of @p keys, which are in frame order, that stands at @p frame or before it; null when
 /// there is none.
@@ -46,9 +34,7 @@ QString ShapeText(const SceneKey& clip, int frame)
     const SceneKey* const shape = LastUpTo(clip.subKeys, within);
     if (!shape)
         return clip.name;
-    const QString cue = CueOfMouthShape(shape->mouthShape);
-    return Translated("shape %1 of %2")
-        .arg(cue.isEmpty() ? QString::number(shape->mouthShape) : cue, clip.name);
+    return Translated("shape %1 of %2").arg(ShortNameOfMouthShape(shape->mouthShape), clip.name);
 }
 
 QString ClipText(const SceneKey& clip, int frame)
@@ -90,9 +76,9 @@ QString RowText(const Scene& scene, TrackId track)
     if (!row)
         return {};
     QStringList states;
-    for (const State& each : kStates) {
-        if (HasState(*row, each.state))
-            states.append(Translated(each.text));
+    for (const RowState state : kRowStates) {
+        if (HasState(*row, state))
+            states.append(TextsOf(state).isOn);
     }
     return states.isEmpty() ? row->caption
                             : QStringLiteral("%1 (%2)").arg(row->caption, states.join(", "));

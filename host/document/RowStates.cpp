@@ -1,7 +1,8 @@
 #include "RowStates.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
-#include <array>
 
 namespace host {
 
@@ -16,7 +17,36 @@ bool SceneTrack::*MemberOf(RowState state)
     return kMembers.at(static_cast<std::size_t>(state));
 }
 
+struct Texts
+{
+    const char* name;
+    const char* switchOn;
+    const char* switchOff;
+    const char* isOn;
+};
+
+/// In the order of the enumeration.
+constexpr std::array<Texts, 3> kTexts{
+    {{QT_TRANSLATE_NOOP("RowStates", "Mute"), QT_TRANSLATE_NOOP("RowStates", "Mute %1"),
+      QT_TRANSLATE_NOOP("RowStates", "Unmute %1"), QT_TRANSLATE_NOOP("RowStates", "muted")},
+     {QT_TRANSLATE_NOOP("RowStates", "Solo"), QT_TRANSLATE_NOOP("RowStates", "Solo %1"),
+      QT_TRANSLATE_NOOP("RowStates", "Unsolo %1"), QT_TRANSLATE_NOOP("RowStates", "solo")},
+     {QT_TRANSLATE_NOOP("RowStates", "Lock"), QT_TRANSLATE_NOOP("RowStates", "Lock %1"),
+      QT_TRANSLATE_NOOP("RowStates", "Unlock %1"), QT_TRANSLATE_NOOP("RowStates", "locked")}}};
+
+QString Translated(const char* text)
+{
+    return QCoreApplication::translate("RowStates", text);
+}
+
 } // namespace
+
+RowStateTexts TextsOf(RowState state)
+{
+    const Texts& texts = kTexts.at(static_cast<std::size_t>(state));
+    return {Translated(texts.name), Translated(texts.switchOn), Translated(texts.switchOff),
+            Translated(texts.isOn)};
+}
 
 bool HasState(const SceneTrack& track, RowState state)
 {

@@ -2,6 +2,8 @@
 
 #include "Scene.h"
 
+#include <array>
+
 namespace host {
 
 /// What a row's caption buttons and its menu switch on and off.
@@ -11,6 +13,18 @@ enum class RowState
     Soloed,
     Locked
 };
+
+constexpr std::array<RowState, 3> kRowStates{RowState::Muted, RowState::Soloed, RowState::Locked};
+
+/// What a state is called, translated.
+struct RowStateTexts
+{
+    QString name;      ///< "Mute"
+    QString switchOn;  ///< the edit, with a place for the row's name: "Mute %1"
+    QString switchOff; ///< "Unmute %1"
+    QString isOn;      ///< said of a row: "muted"
+};
+RowStateTexts TextsOf(RowState state);
 
 bool HasState(const SceneTrack& track, RowState state);
 

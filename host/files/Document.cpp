@@ -1,6 +1,5 @@
 #include "Document.h"
 
-#include "storage/DocumentFile.h"
 #include "view/MainWindow.h"
 
 #include <QFileInfo>
@@ -25,12 +24,13 @@ bool Document::IsDirty() const
     return !m_window.History().Stack().isClean();
 }
 
-bool Document::Show(const QString& path, const SceneDocument& document)
+bool Document::Show(const QString& path, const SceneDocument& document, const FileStamp& stamp)
 {
     if (!m_window.CanShow(document.scene))
         return false;
     m_recovery.Start(path); // what was edited before is saved, or given up
     m_path = path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
+    m_stamp = stamp;
     ShowScene(document);
     emit Changed();
     return true;
@@ -41,9 +41,11 @@ bool Document::Recover(const Leftover& leftover, const SceneDocument& document)
     if (!m_window.CanShow(document.scene))
         return false;
     m_path = leftover.recoveryOf;
+    m_stamp = StampOf(m_path);
     ShowScene(document);
     m_window.History().Stack().resetClean();
-    m_recovery.Start(m_path, leftover); // not before: a new scene has nothing to be kept
+    if (!m_recovery.Start(m_path, leftover)) // not before: a new scene has nothing to be kept
+        m_recovery.Write(Current());
     emit Changed();
     return true;
 }
@@ -61,12 +63,18 @@ void Document::ShowScene(const SceneDocument& document)
     m_window.SetView(document.view);
 }
 
+bool Document::IsChangedElsewhere() const
+{
+    return QFileInfo::exists(m_path) && StampOf(m_path) != m_stamp;
+}
+
 bool Document::Save(const QString& path, QString& error)
 {
-    const SceneDocument document = Current();
-    if (!WriteDocument(path, document, error))
+    m_window.Session().Commit(); // or the edit would count as made after saving
+    if (!WriteDocument(path, Current(), error))
         return false;
     m_path = QFileInfo(path).absoluteFilePath();
+    m_stamp = StampOf(m_path);
     m_recovery.Start(m_path);
     m_window.History().Stack().setClean();
     emit Changed();

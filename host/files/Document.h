@@ -1,5 +1,6 @@
 #pragma once
 
+#include "storage/DocumentFile.h"
 #include "storage/RecoveryFile.h"
 
 #include <QObject>
@@ -23,14 +24,17 @@ public:
     QString Name() const;
     bool IsDirty() const;
 
-    /// Shows @p document, which was read from @p path (empty: made anew). False, and nothing
-    /// changes, when the skin cannot show it.
-    bool Show(const QString& path, const SceneDocument& document);
+    /// Shows @p document, which was read from @p path (empty: made anew) when that had @p stamp.
+    /// False, and nothing changes, when the skin cannot show it.
+    bool Show(const QString& path, const SceneDocument& document, const FileStamp& stamp);
     /// The same with what was left behind of that document; it then counts as changed.
     bool Recover(const Leftover& leftover, const SceneDocument& document);
     /// Takes the scene that the window shows already for a new one without a file.
     void Adopt();
-    /// Writes the scene. False, and @p error says why, when that fails; nothing is then changed.
+    /// Whether somebody else wrote the document's file after it was read or saved here.
+    bool IsChangedElsewhere() const;
+    /// Commits an edit under way and writes the scene. False, and @p error says why, when that
+    /// fails; the document then still belongs to the file before.
     bool Save(const QString& path, QString& error);
 
     /// Has all edits so far in the recovery file: to be called before anything risky.
@@ -51,6 +55,7 @@ private:
 
     MainWindow& m_window;
     QString m_path;
+    FileStamp m_stamp; ///< the file's, when it was read or saved
     RecoveryFile m_recovery;
 };
 

@@ -1,5 +1,6 @@
 #include "DocumentActions.h"
 
+#include "RecentMenu.h"
 #include "history/GestureEnd.h"
 #include "import/NewScene.h"
 #include "storage/DocumentFile.h"
@@ -13,7 +14,19 @@
 #include <QGuiApplication>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace host {
+
+namespace {
+
+QString NotShown(const QString& path)
+{
+    return DocumentActions::tr("%1: expected a scene that the skin has styles for")
+        .arg(QFileInfo(path).fileName());
+}
+
+} // namespace
 
 DocumentActions::DocumentActions(MainWindow& window, DocumentPrompts& prompts)
     : m_window(window), m_prompts(prompts), m_document(window)
@@ -41,40 +54,25 @@ void DocumentActions::FillMenu(QMenu& menu)
         connect(action, &QAction::triggered, this,
                 [this, deed] { EndGestureThen(*this, m_window.Session(), deed); });
     };
-    add(tr("New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { New(); });
-    add(tr("Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFile(); });
-    m_recentMenu = menu.addMenu(tr("Open Recent"));
-    connect(m_recentMenu, &QMenu::aboutToShow, this, &DocumentActions::FillRecentMenu);
+    add(tr("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { New(); });
+    add(tr("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFile(); });
+    m_recent = new RecentMenu(menu.addMenu(tr("Open &Recent")));
+    connect(m_recent, &RecentMenu::Chosen, this, &DocumentActions::Open);
     menu.addSeparator();
-    add(tr("Save"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { Save(); });
-    add(tr("Save As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { SaveAs(); });
+    add(tr("&Save"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { Save(); });
+    add(tr("Save &As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { SaveAs(); });
     menu.addSeparator();
     menu.addAction(m_window.Import().Action());
     menu.addSeparator();
-    add(tr("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_window.close(); });
-}
-
-void DocumentActions::FillRecentMenu()
-{
-    m_recentMenu->clear();
-    const QStringList paths = m_recent.Paths();
-    for (const QString& path : paths) {
-        QAction* const action =
-            m_recentMenu->addAction(QFileInfo(path).fileName(), this, [this, path] { Open(path); });
-        action->setStatusTip(path);
-        action->setToolTip(path);
-    }
-    m_recentMenu->addSeparator();
-    QAction* const clear =
-        m_recentMenu->addAction(tr("Clear List"), this, [this] { m_recent.Clear(); });
-    clear->setEnabled(!paths.isEmpty());
+    add(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_window.close(); });
 }
 
 bool DocumentActions::New()
 {
     SceneDocument document;
     document.scene = NewScene();
-    return MayLeave() && (m_document.Show({}, document) || Report(tr("The skin lacks styles")));
+    return MayLeave() && (m_document.Show({}, document, {}) ||
+                          Report(tr("The skin lacks styles for an empty scene")));
 }
 
 void DocumentActions::AskForFile()
@@ -89,46 +87,89 @@ bool DocumentActions::Open(const QString& path)
 {
     // Whether there is anything to open is known before the document here is given up.
     QString error;
-    const std::optional<SceneDocument> document = ReadDocument(path, error);
-    if (!document && !FindLeftoverOf(path)) {
-        m_recent.Remove(path);
+    FileStamp stamp = StampOf(path);
+    std::optional<SceneDocument> document = ReadDocument(path, error);
+    const FoundLeftovers found = FindLeftoversOf(path);
+    if (!document && found.leftovers.isEmpty()) {
+        if (!QFileInfo::exists(path))
+            m_recent->Files().Remove(path);
         return Report(error);
     }
+    m_document.Secure();
+    const bool mayBeSaved = m_document.IsDirty();
     if (!MayLeave())
         return false;
-    bool isDone = false;
-    const bool isRecovered = OpenLeft(path, isDone);
-    if (isDone)
-        return isRecovered;
+    if (mayBeSaved) { // perhaps in this very file
+        stamp = StampOf(path);
+        document = ReadDocument(path, error);
+    }
+    if (Offer(found))
+        return true;
     if (!document)
         return Report(error);
-    if (!m_document.Show(path, *document))
-        return Report(tr("%1: expected a scene that the skin has styles for")
-                          .arg(QFileInfo(path).fileName()));
-    m_recent.Add(path);
+    if (!m_document.Show(path, *document, stamp))
+        return Report(NotShown(path));
+    NoteOpened();
     return true;
 }
 
-/// Offers what was left behind of the document. @p isDone: the document itself is not to be opened.
-bool DocumentActions::OpenLeft(const QString& path, bool& isDone)
+void DocumentActions::NoteOpened()
 {
-    const std::optional<Leftover> leftover = FindLeftoverOf(path);
-    if (!leftover)
-        return false;
-    switch (m_prompts.AskToRecover(QFileInfo(path).fileName(), leftover->time)) {
-    case DocumentPrompts::RecoverAnswer::Recover:
-        isDone = true;
-        if (!Recover(*leftover))
-            return false;
-        m_recent.Add(path);
-        return true;
-    case DocumentPrompts::RecoverAnswer::Discard:
-        DiscardLeftover(*leftover);
-        return false;
-    case DocumentPrompts::RecoverAnswer::Leave:
-        return false;
+    if (m_document.Path().isEmpty())
+        return;
+    m_recent->Files().Add(m_document.Path());
+    if (IsTakenElsewhere(RecoveryBeside(m_document.Path())))
+        m_window.Tell(tr("%1 has unsaved changes in another window").arg(m_document.Name()));
+}
+
+void DocumentActions::OfferLeftovers(const QString& besidesOf)
+{
+    if (m_document.IsDirty())
+        return;
+    FoundLeftovers found = FindLeftovers();
+    const auto isKnown = [document = SameFile(besidesOf)](const Leftover& leftover) {
+        return !document.isEmpty() && leftover.recoveryOf == document;
+    };
+    QVector<Leftover>& leftovers = found.leftovers;
+    leftovers.erase(std::remove_if(leftovers.begin(), leftovers.end(), isKnown), leftovers.end());
+    Offer(found);
+}
+
+/// Once for each file: it may stay for long.
+void DocumentActions::TellOf(const QVector<UnreadableLeftover>& unreadable)
+{
+    ToldLeftovers told;
+    for (const UnreadableLeftover& leftover : unreadable) {
+        if (told.Paths().contains(leftover.path))
+            continue;
+        told.Add(leftover.path);
+        const QString reason = leftover.error.mid(QFileInfo(leftover.path).fileName().size());
+        Report(tr("%1 cannot be read%2. It is left where it is").arg(leftover.path, reason));
+    }
+}
+
+/// Offers one after the other. True as soon as one is taken.
+bool DocumentActions::Offer(const FoundLeftovers& found)
+{
+    TellOf(found.unreadable);
+    for (const Leftover& leftover : found.leftovers) {
+        const DocumentPrompts::RecoverAnswer answer = Ask(leftover);
+        if (answer == DocumentPrompts::RecoverAnswer::Recover && Recover(leftover))
+            return true;
+        if (answer == DocumentPrompts::RecoverAnswer::Discard)
+            DiscardLeftover(leftover);
     }
     return false;
+}
+
+DocumentPrompts::RecoverAnswer DocumentActions::Ask(const Leftover& leftover)
+{
+    if (leftover.recoveryOf.isEmpty())
+        return m_prompts.AskToRecover(tr("Untitled"), leftover.time, {});
+    const QFileInfo file(leftover.recoveryOf);
+    const QDateTime saved = file.lastModified(); // invalid when it is gone
+    return m_prompts.AskToRecover(file.fileName(), leftover.time,
+                                  saved > leftover.time ? saved : QDateTime());
 }
 
 bool DocumentActions::Recover(const Leftover& leftover)
@@ -137,41 +178,21 @@ bool DocumentActions::Recover(const Leftover& leftover)
     const std::optional<SceneDocument> document = ReadDocument(leftover.path, error);
     if (!document)
         return Report(error);
-    return m_document.Recover(leftover, *document) ||
-           Report(tr("%1: expected a scene that the skin has styles for")
-                      .arg(QFileInfo(leftover.path).fileName()));
-}
-
-void DocumentActions::OfferLeftovers()
-{
-    for (const Leftover& leftover : FindLeftovers()) {
-        const QString name = leftover.recoveryOf.isEmpty()
-                                 ? tr("Untitled")
-                                 : QFileInfo(leftover.recoveryOf).fileName();
-        switch (m_prompts.AskToRecover(name, leftover.time)) {
-        case DocumentPrompts::RecoverAnswer::Recover:
-            if (Recover(leftover))
-                return;
-            break;
-        case DocumentPrompts::RecoverAnswer::Discard:
-            DiscardLeftover(leftover);
-            break;
-        case DocumentPrompts::RecoverAnswer::Leave:
-            break;
-        }
-    }
+    if (!m_document.Recover(leftover, *document))
+        return Report(NotShown(leftover.path));
+    NoteOpened();
+    return true;
 }
 
 bool DocumentActions::Save()
 {
-    if (m_document.Path().isEmpty())
+    const QString path = m_document.Path();
+    if (path.isEmpty())
         return SaveAs();
-    QString error;
-    if (!m_document.Save(m_document.Path(), error))
-        return Report(error);
-    m_recent.Add(m_document.Path());
-    m_window.Tell(tr("Saved %1").arg(m_document.Name()));
-    return true;
+    if (m_document.IsChangedElsewhere() &&
+        !m_prompts.AskToReplace(m_document.Name(), QFileInfo(path).lastModified()))
+        return false;
+    return SaveIn(path);
 }
 
 bool DocumentActions::SaveAs()
@@ -181,12 +202,15 @@ bool DocumentActions::SaveAs()
                                   ? tr("Untitled") + u'.' + QLatin1String(kDocumentSuffix)
                                   : m_document.Path();
     const QString path = m_prompts.AskForFileToSave(suggested);
+    return !path.isEmpty() && SaveIn(path);
+}
+
+bool DocumentActions::SaveIn(const QString& path)
+{
     QString error;
-    if (path.isEmpty())
-        return false;
     if (!m_document.Save(path, error))
         return Report(error);
-    m_recent.Add(path);
+    m_recent->Files().Add(path);
     m_window.Tell(tr("Saved %1").arg(m_document.Name()));
     return true;
 }
@@ -221,7 +245,9 @@ bool DocumentActions::eventFilter(QObject* watched, QEvent* event)
 
 void DocumentActions::UpdateTitle()
 {
-    m_window.setWindowTitle(tr("%1[*] - Kestova Host").arg(m_document.Name()));
+    const QString mark = QStringLiteral("[*]"); // for changes; a name writes it twice
+    m_window.setWindowTitle(
+        tr("%1[*] - Kestova Host").arg(m_document.Name().replace(mark, mark + mark)));
     m_window.setWindowFilePath(m_document.Path());
     m_window.setWindowModified(m_document.IsDirty());
 }

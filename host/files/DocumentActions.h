@@ -2,14 +2,14 @@
 
 #include "Document.h"
 #include "DocumentPrompts.h"
-#include "storage/RecentFiles.h"
 
 #include <QObject>
 
-class QAction;
 class QMenu;
 
 namespace host {
+
+class RecentMenu;
 
 /// The File menu, and what happens to the document when it is left: unsaved changes are asked
 /// about, and what an earlier run has left behind is offered. Also opens documents that are dropped
@@ -30,8 +30,11 @@ public:
     bool SaveAs();
     /// Starts over with an empty scene after asking about the one before.
     bool New();
-    /// Offers what scenes without a file have left behind, the newest first, until one is taken.
-    void OfferLeftovers();
+    /// The document in the window was opened by somebody else than this object.
+    void NoteOpened();
+    /// Offers what earlier runs have left behind, the newest first, until one is taken, unless
+    /// there are changes here. @p besidesOf: the document whose were offered already.
+    void OfferLeftovers(const QString& besidesOf = {});
     /// Asks about unsaved changes. False when the user wants to stay.
     bool MayLeave();
 
@@ -40,18 +43,19 @@ protected:
 
 private:
     void FillMenu(QMenu& menu);
-    void FillRecentMenu();
     void UpdateTitle();
     void AskForFile();
-    bool OpenLeft(const QString& path, bool& isDone);
+    void TellOf(const QVector<UnreadableLeftover>& unreadable);
+    bool Offer(const FoundLeftovers& found);
+    DocumentPrompts::RecoverAnswer Ask(const Leftover& leftover);
     bool Recover(const Leftover& leftover);
+    bool SaveIn(const QString& path);
     bool Report(const QString& error);
 
     MainWindow& m_window;
     DocumentPrompts& m_prompts;
     Document m_document;
-    RecentFiles m_recent;
-    QMenu* m_recentMenu = nullptr; // the File menu's
+    RecentMenu* m_recent = nullptr; // the File menu's
 };
 
 } // namespace host

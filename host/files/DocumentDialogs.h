@@ -14,7 +14,9 @@ public:
     explicit DocumentDialogs(QWidget* parent) : m_parent(parent) {}
 
     SaveAnswer AskToSave(const QString& name) override;
-    RecoverAnswer AskToRecover(const QString& name, const QDateTime& time) override;
+    RecoverAnswer AskToRecover(const QString& name, const QDateTime& time,
+                               const QDateTime& savedLater) override;
+    bool AskToReplace(const QString& name, const QDateTime& time) override;
     QString AskForFileToOpen(const QString& folder) override;
     QString AskForFileToSave(const QString& suggested) override;
     void TellError(const QString& text) override;

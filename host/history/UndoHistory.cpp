@@ -40,13 +40,21 @@ UndoHistory::UndoHistory(EditSession& session, CTimelineManager& manager, const 
 {
     connect(&session, &EditSession::Restarted, this, [this] {
         m_unsettled = nullptr;
+        m_stateAtGesture.reset();
         m_stack.clear();
     });
     connect(&session, &EditSession::Begun, this, [this] {
         Settle();
-        m_stateBefore = StateNow();
+        m_stateBefore = m_stateAtGesture ? *m_stateAtGesture : StateNow();
+        m_stateAtGesture.reset();
     });
     connect(&session, &EditSession::Committed, this, &UndoHistory::Remember);
+}
+
+void UndoHistory::BeginGesture()
+{
+    Settle();
+    m_stateAtGesture = StateNow();
 }
 
 void UndoHistory::Undo()
@@ -91,8 +99,12 @@ void UndoHistory::Settle()
 
 void UndoHistory::GoTo(const Moment& moment)
 {
+    m_stateAtGesture.reset();
     m_session.Restore(moment.scene);
-    RestoreState(m_manager, m_tracks, moment.scene, moment.state);
+    TimelineState state = moment.state;
+    if (keepsFrame && keepsFrame())
+        state.frame = m_manager.GetCurrentFrame();
+    RestoreState(m_manager, m_tracks, moment.scene, state);
 }
 
 TimelineState UndoHistory::StateNow() const

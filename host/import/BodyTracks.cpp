@@ -126,9 +126,11 @@ std::optional<BodyRows> AddBodyTracks(Scene& scene, const ImportProgress& progre
     const TrackId motion = scene.AddTrack(motionRow);
     rows.blends = {AddBlendRow(scene, root, motionRow.keys.first())};
 
-    if (!progress.Advance(0))
+    const auto found =
+        FindFootContacts(scene.motion, scene.frameRate, progress.Part(0, kFeetShare));
+    if (!found)
         return std::nullopt;
-    const QVector<FootContacts> feet = FindFootContacts(scene.motion, scene.frameRate);
+    const QVector<FootContacts>& feet = *found;
     for (const FootContacts& foot : feet)
         rows.contacts.append(AddContactRow(scene, root, foot));
     const int jointCount = scene.motion.joints.size();

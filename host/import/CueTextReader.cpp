@@ -12,6 +12,8 @@ namespace host {
 
 namespace {
 
+constexpr int kCuesPerStep = 256; ///< between two words about the progress
+
 /// What stands next, for a message.
 QString Found(TextScanner& scanner)
 {
@@ -59,7 +61,7 @@ void EndWithLastCue(SpokenLine& line)
 } // namespace
 
 std::optional<SpokenLine> ReadCueText(const QByteArray& text, const QString& fileName,
-                                      ImportError& error)
+                                      ImportError& error, const ImportProgress& progress)
 {
     SpokenLine line;
     line.name = QFileInfo(fileName).completeBaseName();
@@ -74,6 +76,10 @@ std::optional<SpokenLine> ReadCueText(const QByteArray& text, const QString& fil
             return std::nullopt;
         }
         line.cues.append(*cue);
+        if (line.cues.size() % kCuesPerStep == 0 && !progress.Advance(scanner.ShareTaken())) {
+            error = {fileName, 0, {}, true};
+            return std::nullopt;
+        }
     } while (!scanner.AtEnd());
     EndWithLastCue(line);
     OrderCues(line);

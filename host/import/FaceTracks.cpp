@@ -90,9 +90,13 @@ FaceRows AddLineRows(Scene& scene, TrackId root)
 int SceneFramesOf(const SpokenLine& line, int frameRate)
 {
     double end = line.duration;
-    for (const MouthCue& cue : line.cues)
+    int lastKey = -1;
+    for (const MouthCue& cue : line.cues) {
         end = std::max(end, cue.end);
-    return static_cast<int>(std::ceil(end * frameRate - kRoundingOfSeconds));
+        lastKey = std::max(lastKey, FrameOf(cue.start, frameRate));
+    }
+    const int begun = static_cast<int>(std::ceil(end * frameRate - kRoundingOfSeconds));
+    return std::max(begun, lastKey + 1);
 }
 
 FaceRows AddFaceTracks(Scene& scene)
@@ -107,13 +111,9 @@ FaceRows AddFaceTracks(Scene& scene)
     return rows;
 }
 
-TrackId SoundRowOf(const Scene& scene)
+bool IsSoundRow(const SceneTrack& row)
 {
-    for (const SceneTrack& track : scene.tracks) {
-        if (track.kind == TrackKind::Clip && track.name == kSoundRow)
-            return track.id;
-    }
-    return kNoTrack;
+    return row.kind == TrackKind::Clip && row.name == kSoundRow;
 }
 
 } // namespace host

@@ -15,11 +15,12 @@ struct FaceRows
 /// holds one, and a row for sounds.
 FaceRows AddFaceTracks(Scene& scene);
 
-/// The row that imported sounds go on: the first row of clips with the name that AddFaceTracks
-/// gives it, or kNoTrack.
-TrackId SoundRowOf(const Scene& scene);
+/// Whether it is a row that imported sounds go on: one of clips with the name that AddFaceTracks
+/// gives it.
+bool IsSoundRow(const SceneTrack& row);
 
-/// The number of frames that a line takes: those that begin before it ends.
+/// The number of frames that a line takes: those that begin before it ends, and the one nearest to
+/// the start of its last cue.
 int SceneFramesOf(const SpokenLine& line, int frameRate);
 
 } // namespace host

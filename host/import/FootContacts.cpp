@@ -35,7 +35,8 @@ LowEnd MakeEnd(const Motion& motion, int joint, int frameRate)
     return end;
 }
 
-QVector<LowEnd> EndsOfSkeleton(const Motion& motion, int frameRate)
+std::optional<QVector<LowEnd>> EndsOfSkeleton(const Motion& motion, int frameRate,
+                                              const ImportProgress& progress)
 {
     QVector<bool> hasChildren(motion.joints.size(), false);
     for (const Joint& joint : motion.joints) {
@@ -44,6 +45,8 @@ QVector<LowEnd> EndsOfSkeleton(const Motion& motion, int frameRate)
     }
     QVector<LowEnd> ends;
     for (int joint = 0; joint < motion.joints.size(); ++joint) {
+        if (!progress.Advance(double(joint) / motion.joints.size()))
+            return std::nullopt;
         if (!hasChildren[joint] && motion.joints[joint].parent >= 0)
             ends.append(MakeEnd(motion, joint, frameRate));
     }
@@ -104,11 +107,15 @@ QVector<FrameRange> ContactsOf(const LowEnd& foot, double ground, double lift)
 
 } // namespace
 
-QVector<FootContacts> FindFootContacts(const Motion& motion, int frameRate)
+std::optional<QVector<FootContacts>> FindFootContacts(const Motion& motion, int frameRate,
+                                                      const ImportProgress& progress)
 {
-    QVector<LowEnd> ends = EndsOfSkeleton(motion, frameRate);
+    std::optional<QVector<LowEnd>> found = EndsOfSkeleton(motion, frameRate, progress);
+    if (!found)
+        return std::nullopt;
+    QVector<LowEnd>& ends = *found;
     if (ends.isEmpty() || ends[0].positions.isEmpty())
-        return {};
+        return QVector<FootContacts>();
     std::stable_sort(ends.begin(), ends.end(),
                      [](const LowEnd& a, const LowEnd& b) { return a.meanHeight < b.meanHeight; });
     const double skeletonHeight = ends.last().meanHeight - ends.first().meanHeight;
@@ -130,6 +137,11 @@ QVector<FootContacts> FindFootContacts(const Motion& motion, int frameRate)
     std::sort(feet.begin(), feet.end(),
               [](const FootContacts& a, const FootContacts& b) { return a.joint < b.joint; });
     return feet;
+}
+
+QVector<FootContacts> FindFootContacts(const Motion& motion, int frameRate)
+{
+    return *FindFootContacts(motion, frameRate, {}); // without a listener nothing cancels
 }
 
 } // namespace host

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ImportProgress.h"
 #include "document/Motion.h"
+
+#include <optional>
 
 namespace host {
 
@@ -23,5 +26,8 @@ struct FootContacts
 /// rest. Nothing for feet that keep their height, and for a walk on the spot, whose feet never
 /// rest.
 QVector<FootContacts> FindFootContacts(const Motion& motion, int frameRate);
+/// The same; nothing when the progress cancels.
+std::optional<QVector<FootContacts>> FindFootContacts(const Motion& motion, int frameRate,
+                                                      const ImportProgress& progress);
 
 } // namespace host

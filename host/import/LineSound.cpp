@@ -1,6 +1,7 @@
 #include "LineSound.h"
 
 #include "WavReader.h"
+#include "playback/WavFile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,7 +10,7 @@
 
 namespace host {
 
-std::optional<Sound> SoundOfLine(const QByteArray& cues, const QString& path)
+std::optional<Sound> SoundOfLine(const QByteArray& cues, const QString& path, QString& problem)
 {
     const QJsonObject metadata =
         QJsonDocument::fromJson(cues).object().value(QLatin1String("metadata")).toObject();
@@ -17,8 +18,9 @@ std::optional<Sound> SoundOfLine(const QByteArray& cues, const QString& path)
     if (name.isEmpty())
         return std::nullopt;
     const QString sound = QDir::cleanPath(QFileInfo(path).absoluteDir().absoluteFilePath(name));
-    ImportError ignored;
-    const std::optional<double> seconds = ReadWavSeconds(sound, ignored);
+    ImportError error;
+    const std::optional<double> seconds = ReadWavSeconds(sound, error);
+    problem = seconds ? SilenceOf(sound) : error.Message();
     return seconds ? std::make_optional(Sound{sound, *seconds}) : std::nullopt;
 }
 

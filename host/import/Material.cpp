@@ -6,6 +6,7 @@
 #include "MouthCueReader.h"
 #include "SceneBuilder.h"
 #include "WavReader.h"
+#include "playback/WavFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -18,9 +19,12 @@ namespace host {
 namespace {
 
 constexpr qint64 kLargestFile = 1 << 30; ///< bytes; texts are taken into memory
+constexpr qint64 kPiece = 1 << 22;       ///< bytes between two words about the progress
 constexpr double kReadingShare = 0.6;    ///< of the time; the rest makes the rows
+constexpr double kLoadingShare = 0.1;    ///< of a file's time; the rest makes sense of its text
 
-std::optional<QByteArray> ReadFile(const QString& path, ImportError& error)
+std::optional<QByteArray> ReadFile(const QString& path, ImportError& error,
+                                   const ImportProgress& progress)
 {
     const auto refuse = [&](const QString& expected) {
         error = {path, 0, expected};
@@ -33,7 +37,14 @@ std::optional<QByteArray> ReadFile(const QString& path, ImportError& error)
         return refuse(QStringLiteral("a readable file (%1)").arg(file.errorString()));
     if (file.size() > kLargestFile)
         return refuse(QStringLiteral("a file of at most a gigabyte"));
-    const QByteArray text = file.readAll();
+    QByteArray text;
+    while (!file.atEnd() && file.error() == QFileDevice::NoError) {
+        if (!progress.Advance(double(file.pos()) / kLargestFile)) {
+            error = {path, 0, {}, true};
+            return std::nullopt;
+        }
+        text += file.read(kPiece);
+    }
     if (file.error() != QFileDevice::NoError)
         return refuse(QStringLiteral("a readable file (%1)").arg(file.errorString()));
     return text;
@@ -45,8 +56,16 @@ struct Sources
     std::optional<Motion> motion;
     std::optional<SpokenLine> line;
     std::optional<Sound> soundOfLine;
+    QString problemOfLine; ///< with its sound
     QVector<Sound> sounds;
+    QStringList problems;
 };
+
+void AddProblem(QStringList& problems, const QString& problem)
+{
+    if (!problem.isEmpty())
+        problems.append(problem);
+}
 
 bool ReadMotion(const QString& path, Sources& sources, ImportError& error,
                 const ImportProgress& progress)
@@ -55,23 +74,25 @@ bool ReadMotion(const QString& path, Sources& sources, ImportError& error,
         error = {path, 0, QStringLiteral("at most one motion capture")};
         return false;
     }
-    if (const auto text = ReadFile(path, error))
-        sources.motion = ReadBvh(*text, path, error, progress);
+    if (const auto text = ReadFile(path, error, progress.Part(0, kLoadingShare)))
+        sources.motion = ReadBvh(*text, path, error, progress.Part(kLoadingShare, 1));
     return sources.motion.has_value();
 }
 
-using CueReader = std::optional<SpokenLine> (*)(const QByteArray&, const QString&, ImportError&);
+using CueReader = std::optional<SpokenLine> (*)(const QByteArray&, const QString&, ImportError&,
+                                                const ImportProgress&);
 
 template <CueReader Read>
-bool ReadLine(const QString& path, Sources& sources, ImportError& error, const ImportProgress&)
+bool ReadLine(const QString& path, Sources& sources, ImportError& error,
+              const ImportProgress& progress)
 {
     if (sources.line) {
         error = {path, 0, QStringLiteral("at most one file of mouth cues")};
         return false;
     }
-    if (const auto text = ReadFile(path, error)) {
-        sources.line = Read(*text, path, error);
-        sources.soundOfLine = SoundOfLine(*text, path);
+    if (const auto text = ReadFile(path, error, progress.Part(0, kLoadingShare))) {
+        sources.line = Read(*text, path, error, progress.Part(kLoadingShare, 1));
+        sources.soundOfLine = SoundOfLine(*text, path, sources.problemOfLine);
     }
     return sources.line.has_value();
 }
@@ -79,9 +100,11 @@ bool ReadLine(const QString& path, Sources& sources, ImportError& error, const I
 bool ReadSound(const QString& path, Sources& sources, ImportError& error, const ImportProgress&)
 {
     const auto seconds = ReadWavSeconds(path, error);
-    if (seconds)
-        sources.sounds.append({QFileInfo(path).absoluteFilePath(), *seconds});
-    return seconds.has_value();
+    if (!seconds)
+        return false;
+    sources.sounds.append({QFileInfo(path).absoluteFilePath(), *seconds});
+    AddProblem(sources.problems, SilenceOf(path));
+    return true;
 }
 
 /// A kind of file, by the end of its name.
@@ -153,8 +176,11 @@ std::optional<Material> ReadMaterial(const QStringList& files, int frameRate, Im
             return std::nullopt;
     }
     // Whoever gives sounds has chosen.
-    if (sources.sounds.isEmpty() && sources.soundOfLine)
-        sources.sounds.append(*sources.soundOfLine);
+    if (sources.sounds.isEmpty()) {
+        AddProblem(sources.problems, sources.problemOfLine);
+        if (sources.soundOfLine)
+            sources.sounds.append(*sources.soundOfLine);
+    }
     const auto rows =
         BuildScene(sources.motion.value_or(Motion()), sources.line.value_or(SpokenLine()),
                    {frameRate, !sources.sounds.isEmpty(), progress.Part(kReadingShare, 1)});
@@ -163,7 +189,7 @@ std::optional<Material> ReadMaterial(const QStringList& files, int frameRate, Im
         error.isCancelled = true;
         return std::nullopt;
     }
-    return Material{*rows, sources.sounds};
+    return Material{*rows, sources.sounds, sources.problems};
 }
 
 } // namespace host

@@ -22,6 +22,7 @@ struct Material
 {
     Scene rows; ///< the motion and the line, if the files had them, with the rows made for them
     QVector<Sound> sounds; ///< in the order of the files
+    QStringList problems;  ///< one line for the user about each sound that will not be heard
 };
 
 /// Whether the file is of a kind that can be read, by the end of its name.

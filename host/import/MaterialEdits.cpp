@@ -1,6 +1,5 @@
 #include "MaterialEdits.h"
 
-#include "FaceTracks.h"
 #include "RowMerge.h"
 #include "SoundClips.h"
 
@@ -68,12 +67,7 @@ bool AddMaterial(Scene& scene, const Material& material, int frame, QString& rea
     if (!rows.line.cues.isEmpty())
         made.line = rows.line;
     MakeRoomFor(made, rows.frameCount);
-    const SceneTrack* const soundRow = qAsConst(made).FindTrack(SoundRowOf(made));
-    if (!material.sounds.isEmpty() && soundRow && soundRow->locked) {
-        reason = Locked(soundRow->caption);
-        return false;
-    }
-    AddSoundClips(made, SoundRowOf(made), material.sounds, frame);
+    AddSounds(made, material.sounds, frame);
     scene = made;
     return true;
 }

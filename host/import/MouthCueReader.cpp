@@ -15,6 +15,9 @@ namespace host {
 
 namespace {
 
+constexpr double kParsingShare = 0.5; ///< of the time that the text takes before its cues are read
+constexpr int kCuesPerStep = 256;     ///< between two words about the progress
+
 struct JsonExpectation
 {
     QJsonParseError::ParseError error;
@@ -50,8 +53,9 @@ QString ExpectedInsteadOf(QJsonParseError::ParseError error)
 class MouthCueParser
 {
 public:
-    MouthCueParser(const QByteArray& text, const QString& fileName, ImportError& error)
-        : m_text(text), m_fileName(fileName), m_error(error), m_lines(m_text)
+    MouthCueParser(const QByteArray& text, const QString& fileName, ImportError& error,
+                   const ImportProgress& progress)
+        : m_text(text), m_fileName(fileName), m_error(error), m_progress(progress), m_lines(m_text)
     {
     }
 
@@ -70,6 +74,7 @@ private:
     bool ParseDuration(const QJsonObject& root);
     bool ParseCues(const QJsonObject& root);
     bool ParseCue(const QJsonObject& object, int index);
+    bool TellProgress(int cue, int count);
 
     bool Fail(int line, const QString& expected)
     {
@@ -80,6 +85,7 @@ private:
     const QByteArray& m_text;
     QString m_fileName;
     ImportError& m_error;
+    const ImportProgress& m_progress;
     JsonLines m_lines;
     SpokenLine m_line;
 };
@@ -125,10 +131,19 @@ bool MouthCueParser::ParseCues(const QJsonObject& root)
     const QJsonArray list = cues.toArray();
     m_line.cues.reserve(list.size());
     for (int i = 0; i < list.size(); ++i) {
-        if (!ParseCue(list[i].toObject(), i))
+        if (!ParseCue(list[i].toObject(), i) || !TellProgress(i, list.size()))
             return false;
     }
     return true;
+}
+
+bool MouthCueParser::TellProgress(int cue, int count)
+{
+    const double share = kParsingShare + (1 - kParsingShare) * cue / count;
+    if (cue % kCuesPerStep != 0 || m_progress.Advance(share))
+        return true;
+    m_error = {m_fileName, 0, {}, true};
+    return false;
 }
 
 bool MouthCueParser::ParseCue(const QJsonObject& object, int index)
@@ -154,9 +169,9 @@ bool MouthCueParser::ParseCue(const QJsonObject& object, int index)
 } // namespace
 
 std::optional<SpokenLine> ReadMouthCues(const QByteArray& text, const QString& fileName,
-                                        ImportError& error)
+                                        ImportError& error, const ImportProgress& progress)
 {
-    return MouthCueParser(text, fileName, error).Parse();
+    return MouthCueParser(text, fileName, error, progress).Parse();
 }
 
 } // namespace host

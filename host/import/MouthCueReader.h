@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ImportError.h"
+#include "ImportProgress.h"
 #include "document/SpokenLine.h"
 
 #include <optional>
@@ -13,7 +14,8 @@ namespace host {
 /// Refuses, naming the line, whatever does not fit: then nothing is returned and @p error is
 /// filled.
 /// @param fileName names the file in the error; its base name becomes the line's name.
+/// @param progress hears how far the reading is; when it cancels, nothing is returned.
 std::optional<SpokenLine> ReadMouthCues(const QByteArray& text, const QString& fileName,
-                                        ImportError& error);
+                                        ImportError& error, const ImportProgress& progress = {});
 
 } // namespace host

@@ -23,6 +23,20 @@ bool BringsKeys(const SceneTrack& fresh)
     return !fresh.keys.isEmpty() || fresh.kind != TrackKind::Clip;
 }
 
+/// The rows in their order, and those of @p brought that are not among them each behind the one
+/// that it was brought behind.
+QVector<TrackId> WithAdded(QVector<TrackId> rows, const QVector<TrackId>& brought)
+{
+    int place = 0;
+    for (const TrackId row : brought) {
+        const int known = rows.indexOf(row);
+        if (known < 0)
+            rows.insert(place, row);
+        place = (known < 0 ? place : known) + 1;
+    }
+    return rows;
+}
+
 QSet<GroupId> GroupsOf(const SceneTrack& row)
 {
     QSet<GroupId> groups;
@@ -107,16 +121,12 @@ void RowMerge::Take(TrackId freshRoot, Others others)
     }
     QSet<TrackId> gone;
     for (const TrackId row : before) {
-        if (order.contains(row))
+        if (order.contains(row) || others == Others::Stay)
             continue;
-        if (others == Others::Stay) {
-            order.append(row);
-            continue;
-        }
         gone.insert(row);
         groups += GroupsOf(*qAsConst(m_scene).FindTrack(row));
     }
-    PlaceBehind(root, order);
+    PlaceBehind(root, others == Others::Stay ? WithAdded(before, order) : order);
     TakeRelations(replaced + gone);
     TakeButtons();
     RemoveRows(gone);

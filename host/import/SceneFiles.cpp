@@ -1,6 +1,5 @@
 #include "SceneFiles.h"
 
-#include "FaceTracks.h"
 #include "Material.h"
 #include "SoundClips.h"
 
@@ -12,7 +11,7 @@ std::optional<Scene> LoadScene(const QStringList& files, ImportError& error)
     if (!material)
         return std::nullopt;
     Scene scene = material->rows;
-    AddSoundClips(scene, SoundRowOf(scene), material->sounds, 0);
+    AddSounds(scene, material->sounds, 0);
     return scene;
 }
 

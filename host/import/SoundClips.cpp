@@ -1,5 +1,6 @@
 #include "SoundClips.h"
 
+#include "SoundRows.h"
 #include "document/ClipEdits.h"
 #include "document/KeyList.h"
 
@@ -30,25 +31,45 @@ void MakeRoomFor(Scene& scene, int frameCount)
     scene.frameCount = frameCount;
 }
 
+int LastFrameOf(const Sound& sound, int frame, int frameRate)
+{
+    const int steps = FramesOf(sound, frameRate) - 1;
+    return frame + std::max(1, steps);
+}
+
 KeyId AddSoundClip(Scene& scene, TrackId row, const Sound& sound, int frame)
 {
-    const int frames = FramesOf(sound, scene.frameRate);
-    const int length = std::max(1, frames - 1); // counts the steps between the frames
-    const KeyId clip = AddClip(scene, row, QFileInfo(sound.path).completeBaseName(), length, frame);
+    const int last = LastFrameOf(sound, frame, scene.frameRate);
+    const KeyId clip =
+        AddClip(scene, row, QFileInfo(sound.path).completeBaseName(), last - frame, frame);
     if (clip == kNoKey)
         return kNoKey;
     FindKey(scene, row, clip)->sound = sound.path;
-    MakeRoomFor(scene, frame + length + 1);
+    MakeRoomFor(scene, last + 1);
     return clip;
 }
 
-void AddSoundClips(Scene& scene, TrackId row, const QVector<Sound>& sounds, int frame)
+void AddSounds(Scene& scene, const QVector<Sound>& sounds, int frame)
 {
+    struct Placed
+    {
+        Sound sound;
+        int frame;
+    };
+    QVector<Placed> placed;
     for (const Sound& sound : sounds) {
-        const int end = frame + FramesOf(sound, scene.frameRate);
-        MakeRoomFor(scene, frame + 1);
-        AddSoundClip(scene, row, sound, frame);
-        frame = end;
+        if (!HasSound(scene, sound.path, frame))
+            placed.append({sound, frame});
+        frame += FramesOf(sound, scene.frameRate);
+    }
+    if (placed.isEmpty())
+        return;
+    const Placed& last = placed.last();
+    const TrackId row = FreeSoundRow(scene, placed.first().frame,
+                                     LastFrameOf(last.sound, last.frame, scene.frameRate));
+    for (const Placed& each : placed) {
+        MakeRoomFor(scene, each.frame + 1);
+        AddSoundClip(scene, row, each.sound, each.frame);
     }
 }
 

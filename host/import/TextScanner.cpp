@@ -1,5 +1,6 @@
 #include "TextScanner.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -14,6 +15,20 @@ bool IsSpace(char c)
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
 }
 
+/// What old systems fill the end of a text with.
+bool IsFilling(char c)
+{
+    constexpr char kEndOfText = 0x1A;
+    return c == '\0' || c == kEndOfText || IsSpace(c);
+}
+
+int EndOf(const QByteArray& text)
+{
+    const auto last = std::find_if_not(text.crbegin(), text.crend(), IsFilling);
+    const auto filling = std::find_if(text.crbegin(), last, [](char c) { return !IsSpace(c); });
+    return filling == last ? text.size() : static_cast<int>(text.crend() - last);
+}
+
 bool IsBrace(char c)
 {
     return c == '{' || c == '}';
@@ -23,6 +38,7 @@ bool IsBrace(char c)
 
 TextScanner::TextScanner(QByteArray text) : m_text(std::move(text))
 {
+    m_text.truncate(EndOf(m_text));
     if (m_text.startsWith(kByteOrderMark))
         m_position = static_cast<int>(std::strlen(kByteOrderMark));
 }

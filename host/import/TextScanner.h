@@ -5,8 +5,8 @@
 namespace host {
 
 /// Cuts a text into words, and knows on which line each stands. Words are separated by spaces,
-/// tabs and line ends; the braces are words of their own. Lines may end in LF, CR LF or CR, and a
-/// byte order mark at the start is skipped.
+/// tabs and line ends; the braces are words of their own. Lines may end in LF, CR LF or CR; a byte
+/// order mark at the start is skipped, as are NUL and Ctrl-Z at the end.
 class TextScanner
 {
 public:

@@ -26,6 +26,7 @@ constexpr int kExtendedKindPlace = 24;
 constexpr int kWholeNumbers = 1;
 constexpr int kFloatNumbers = 3;
 constexpr int kExtended = 0xFFFE;
+constexpr int kBitsOfByte = 8;
 constexpr double kLongestSound = 24.0 * 60 * 60; ///< seconds
 
 quint32 NumberAt(const QByteArray& bytes, int place)
@@ -49,13 +50,45 @@ void ReadFormat(const QByteArray& chunk, WavFormat& format)
     format.rate = static_cast<int>(NumberAt(chunk, kRatePlace));
     format.bits = ShortAt(chunk, kBitsPlace);
     format.bytesPerSecond = NumberAt(chunk, kByteRatePlace);
+    // Plain samples take so many bytes whatever the header says of it.
+    const qint64 plain = qint64(format.rate) * format.channels * (format.bits / kBitsOfByte);
+    if ((format.isWhole || format.isFloat) && plain > 0)
+        format.bytesPerSecond = plain;
+}
+
+bool IsTag(const QByteArray& header)
+{
+    return std::all_of(header.cbegin(), header.cbegin() + kTagSize,
+                       [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+/// Where the chunk behind one that ends at @p end begins: at an even place, except in files of
+/// programs that leave the filling byte out.
+qint64 NextChunk(QFile& file, qint64 end)
+{
+    if (end % 2 == 0)
+        return end;
+    const auto headerAt = [&file](qint64 place) {
+        return file.seek(place) ? file.read(kChunkHeaderSize) : QByteArray();
+    };
+    const auto isChunk = [](const QByteArray& header) {
+        return header.size() == kChunkHeaderSize && IsTag(header);
+    };
+    return !isChunk(headerAt(end + 1)) && isChunk(headerAt(end)) ? end : end + 1;
+}
+
+/// The samples' length in bytes. A program that could not know it when it began left 0 there.
+qint64 SoundBytes(const QFile& file, qint64 start, qint64 size)
+{
+    const qint64 rest = file.size() - start;
+    return size == 0 ? rest : std::min(size, rest);
 }
 
 /// Walks the chunks up to that of the samples. What is not found stays as it is.
 WavFormat ReadChunks(QFile& file)
 {
     WavFormat format;
-    while (format.soundBytes < 0) {
+    for (;;) {
         const QByteArray chunk = file.read(kChunkHeaderSize);
         if (chunk.size() < kChunkHeaderSize)
             break;
@@ -67,10 +100,10 @@ WavFormat ReadChunks(QFile& file)
                 ReadFormat(content, format);
         } else if (chunk.startsWith("data")) {
             format.soundStart = start;
-            format.soundBytes = std::min(size, file.size() - start);
+            format.soundBytes = SoundBytes(file, start, size);
+            break;
         }
-        const qint64 next = start + size + size % 2; // chunks start at even places
-        if (!file.seek(next))
+        if (!file.seek(NextChunk(file, start + size)))
             break;
     }
     return format;
@@ -95,7 +128,8 @@ std::optional<WavFormat> ReadWavFormat(const QString& path, ImportError& error)
         return refuse(QStringLiteral("a format chunk with the bytes of a second"));
     if (format.soundBytes <= 0)
         return refuse(QStringLiteral("a data chunk with samples"));
-    if (static_cast<double>(format.soundBytes) / format.bytesPerSecond > kLongestSound)
+    if (static_cast<double>(format.soundBytes) / static_cast<double>(format.bytesPerSecond) >
+        kLongestSound)
         return refuse(QStringLiteral("a sound of at most a day"));
     return format;
 }
@@ -105,7 +139,7 @@ std::optional<double> ReadWavSeconds(const QString& path, ImportError& error)
     const auto format = ReadWavFormat(path, error);
     if (!format)
         return std::nullopt;
-    return static_cast<double>(format->soundBytes) / format->bytesPerSecond;
+    return static_cast<double>(format->soundBytes) / static_cast<double>(format->bytesPerSecond);
 }
 
 } // namespace host

@@ -16,6 +16,7 @@ public:
             "SoundOutput", "This program was built without sound: playing silently");
     }
     void Stop() override {}
+    std::optional<double> Place() const override { return std::nullopt; }
 };
 
 } // namespace

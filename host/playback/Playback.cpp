@@ -9,7 +9,9 @@ namespace {
 
 constexpr double kNanosecondsPerSecond = 1e9;
 constexpr double kNanosecondsPerMillisecond = 1e6;
-constexpr double kLongestWait = 1000; ///< milliseconds
+constexpr double kLongestWait = 1000;      ///< milliseconds
+constexpr double kUnheardLateness = 0.02;  ///< seconds that a sound may start after its picture
+constexpr double kShortestHeardLoop = 0.1; ///< seconds; what is shorter would be a buzz
 
 } // namespace
 
@@ -18,6 +20,7 @@ Playback::Playback(const EditSession& session, const PlaybackClock& clock, Sound
 {
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_sound, &SoundSync::Told, this, &Playback::Told);
     connect(&m_timer, &QTimer::timeout, this, &Playback::Advance);
     connect(&session, &EditSession::Changed, this, &Playback::FollowScene);
     connect(&session, &EditSession::Restarted, this, [this] {
@@ -26,10 +29,7 @@ Playback::Playback(const EditSession& session, const PlaybackClock& clock, Sound
     });
 }
 
-Playback::~Playback()
-{
-    m_sound.Stop();
-}
+Playback::~Playback() = default;
 
 void Playback::Play()
 {
@@ -39,7 +39,11 @@ void Playback::Play()
     const bool isBehind = m_isLooping ? m_frame > range.last : m_frame >= range.last;
     m_state = State::Playing;
     PlayFrom(isBehind ? range.first : m_frame);
+    FollowSound(m_startPlace);
+    m_startTime = m_clock.Nanoseconds(); // to open the device has taken its time
     emit StateChanged();
+    if (!IsPlaying())
+        return;
     Reach(static_cast<int>(m_startPlace));
     ScheduleNext();
 }
@@ -93,8 +97,11 @@ void Playback::FollowFrame(int frame)
 {
     if (m_isReaching || frame == m_frame)
         return;
+    const int last = m_session.Current().frameCount - 1;
+    const bool isForced = m_frame > last && frame == last; // the scene has become shorter
     m_frame = frame;
-    m_origin = frame;
+    if (!isForced)
+        m_origin = frame;
     if (!IsPlaying())
         return;
     // While the user scrubs this comes many times a frame; the sound waits for the next frame.
@@ -113,15 +120,18 @@ void Playback::Advance()
         Reach(std::max(0, range.last));
         return;
     }
+    double heard = place;
     if (place >= range.last + 1) {
         // A mark that was moved to before the current frame is entered at its start.
         const bool isBehind = m_frame > range.last;
         const double length = range.last + 1 - range.first;
         place = isBehind ? range.first : range.first + std::fmod(place - range.first, length);
         PlayFrom(place);
+        // Nobody hears that it is a little late, but that its beginning is missing.
+        const bool isLittle = place - range.first < kUnheardLateness * m_playedRate;
+        heard = isLittle ? range.first : place;
     }
-    if (m_isSoundDue)
-        StartSound(place);
+    FollowSound(heard);
     Reach(static_cast<int>(place));
     ScheduleNext();
 }
@@ -152,9 +162,7 @@ void Playback::PlayFrom(double place)
     m_startPlace = place;
     m_startTime = m_clock.Nanoseconds();
     m_playedRate = FrameRate();
-    m_isSoundDue = true;
-    if (m_plan != SoundPlan())
-        m_sound.Stop();
+    m_sound.Restart();
 }
 
 /// Makes the frame current as the user's choice.
@@ -181,35 +189,28 @@ void Playback::Halt(State state)
 {
     m_timer.stop();
     m_sound.Stop();
-    m_plan.clear();
     if (m_state == state)
         return;
     m_state = state;
     emit StateChanged();
 }
 
-void Playback::StartSound(double place)
+void Playback::FollowSound(double place)
 {
-    m_isSoundDue = false;
-    m_plan = SoundsOf(m_session.Current());
-    if (m_plan.isEmpty())
-        return;
-    const QString problem = m_sound.Start(m_plan, place / FrameRate());
-    if (problem.isEmpty() || m_told.contains(problem))
-        return;
-    m_told.insert(problem);
-    emit Told(problem);
+    const Range range = PlayedRange();
+    const bool isBuzz = m_isLooping && place >= range.first &&
+                        range.last + 1 - range.first <= kShortestHeardLoop * FrameRate();
+    if (isBuzz)
+        m_sound.Restart();
+    else
+        m_sound.Follow(m_session.Current(), place / FrameRate());
 }
 
-/// Wakes at the moment when the next frame is due, or as soon as others had their turn.
+/// Wakes at the moment when the next frame is due.
 void Playback::ScheduleNext()
 {
     if (!IsPlaying())
         return;
-    if (m_isSoundDue && !m_timer.isActive()) {
-        m_timer.start(0);
-        return;
-    }
     const double played = FramesPlayed(m_clock.Nanoseconds());
     const double place = m_startPlace + played;
     const double wait = (std::floor(place) + 1 - place) / m_playedRate * kNanosecondsPerSecond /
@@ -226,10 +227,7 @@ void Playback::FollowScene()
         PlayFrom(m_startPlace + FramesPlayed(m_clock.Nanoseconds()));
         return;
     }
-    if (!m_isSoundDue && SoundsOf(m_session.Current()) != m_plan) {
-        m_sound.Stop();
-        m_isSoundDue = true;
-    }
+    m_sound.Compare(m_session.Current());
 }
 
 } // namespace host

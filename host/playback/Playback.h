@@ -1,11 +1,10 @@
 #pragma once
 
 #include "PlaybackClock.h"
-#include "SoundOutput.h"
+#include "SoundSync.h"
 #include "document/EditSession.h"
 
 #include <QObject>
-#include <QSet>
 #include <QTimer>
 
 namespace host {
@@ -38,7 +37,8 @@ public:
 
     /// Plays from the current frame to the scene's last one; from the first again when it is there
     /// already. Looping plays to the end of the time mark, whose frames it then repeats; from
-    /// behind the mark it begins at the mark's start.
+    /// behind the mark it begins at the mark's start. A mark of a tenth of a second or less is
+    /// repeated silently.
     void Play();
     /// Halts where it is.
     void Pause();
@@ -81,25 +81,22 @@ private:
     void MoveTo(int frame);
     void Reach(int frame);
     void Halt(State state);
-    void StartSound(double place);
+    void FollowSound(double place);
     void ScheduleNext();
     void FollowScene();
 
     const EditSession& m_session;
     const PlaybackClock& m_clock;
-    SoundOutput& m_sound;
+    SoundSync m_sound;
     QTimer m_timer;
     State m_state = State::Stopped;
     bool m_isLooping = false;
     bool m_isReaching = false; ///< what is told of the current frame now is our own doing
-    bool m_isSoundDue = false; ///< the sound is to start anew at the next frame
     int m_frame = 0;
     int m_origin = 0;        ///< where Stop goes
     double m_startPlace = 0; ///< in frames: where playing was at the moment of m_startTime
     qint64 m_startTime = 0;
     double m_playedRate = 0; ///< the frame rate then
-    SoundPlan m_plan;        ///< what is being heard
-    QSet<QString> m_told;
 };
 
 } // namespace host

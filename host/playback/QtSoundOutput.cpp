@@ -43,7 +43,7 @@ class MixedSamples : public QIODevice
 public:
     MixedSamples(const SoundPlan& plan, double seconds) : m_mixer(plan, kRate, seconds)
     {
-        open(QIODevice::ReadOnly);
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered); // what was mixed is in the device
     }
 
     const SoundMixer& Mixer() const { return m_mixer; }
@@ -92,6 +92,15 @@ public:
             m_output->reset(); // what it has taken already must not be heard any more
         m_output.reset();
         m_samples.reset();
+    }
+
+    std::optional<double> Place() const override
+    {
+        if (!m_output || m_output->state() == QAudio::StoppedState ||
+            m_output->state() == QAudio::SuspendedState)
+            return std::nullopt;
+        const int waiting = std::max(0, m_output->bufferSize() - m_output->bytesFree());
+        return m_samples->Mixer().Seconds() - double(waiting) / kFrameBytes / kRate;
     }
 
 private:

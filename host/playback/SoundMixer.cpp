@@ -15,15 +15,17 @@ constexpr float kLoudest = 32767;
 SoundMixer::SoundMixer(const SoundPlan& plan, int rate, double seconds)
     : m_rate(std::max(1, rate)), m_position(std::llround(seconds * m_rate))
 {
+    QStringList problems;
     for (const SoundSpan& span : plan) {
         std::shared_ptr<WavFile>& file = m_files[span.path];
         if (!file)
             file = std::make_shared<WavFile>(span.path);
         if (file->IsOpen())
             m_plan.append(span);
-        else
-            m_problem = file->Error().Message();
+        else if (!problems.contains(file->Error().Message()))
+            problems.append(file->Error().Message());
     }
+    m_problem = problems.join(QStringLiteral("; "));
 }
 
 void SoundMixer::Mix(qint16* samples, int frames)

@@ -18,8 +18,10 @@ public:
     /// begins.
     SoundMixer(const SoundPlan& plan, int rate, double seconds);
 
-    /// One line about a sound that cannot be played; empty when all can.
+    /// One line about all the sounds that cannot be played; empty when all can.
     QString Problem() const { return m_problem; }
+    /// Where the next piece begins.
+    double Seconds() const { return static_cast<double>(m_position) / m_rate; }
     /// Writes the next @p frames moments, two samples each.
     void Mix(qint16* samples, int frames);
 

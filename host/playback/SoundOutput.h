@@ -3,6 +3,7 @@
 #include "SoundPlan.h"
 
 #include <memory>
+#include <optional>
 
 namespace host {
 
@@ -17,6 +18,9 @@ public:
     virtual QString Start(const SoundPlan& plan, double seconds) = 0;
     /// Ends at once; nothing when nothing is played.
     virtual void Stop() = 0;
+    /// What is being heard at this moment, in seconds as Start takes them; nothing when nothing is
+    /// played or it is not known.
+    virtual std::optional<double> Place() const = 0;
 };
 
 /// The computer's own, as far as the program was built with it.

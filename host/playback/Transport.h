@@ -21,6 +21,8 @@ public:
     ~Transport() override;
 
     Playback& Player() { return m_playback; }
+    /// Playing, or paused: the current frame is the playback's, and Stop leads back to the user's.
+    bool IsUnderWay() const { return m_playback.CurrentState() != Playback::State::Stopped; }
     TransportBar* Bar() const { return m_bar; }
 
     /// To be told whenever another frame is current, whoever made it so.

@@ -18,19 +18,19 @@ struct TransportBar::Entry
 };
 
 const TransportBar::Entry TransportBar::kEntries[] = {
-    {TransportSymbol::Start, QT_TR_NOOP("Go to Start"), "Ctrl+Home",
+    {TransportSymbol::Start, QT_TR_NOOP("Go to &Start"), "Ctrl+Home",
      [](Playback& playback) { playback.GotoStart(); }},
-    {TransportSymbol::StepBack, QT_TR_NOOP("Step Backwards"), "Left",
+    {TransportSymbol::StepBack, QT_TR_NOOP("Step &Backwards"), "Left",
      [](Playback& playback) { playback.Step(-1); }},
-    {TransportSymbol::Play, QT_TR_NOOP("Play"), "Space",
+    {TransportSymbol::Play, QT_TR_NOOP("&Play"), "Space",
      [](Playback& playback) { playback.Toggle(); }},
-    {TransportSymbol::Stop, QT_TR_NOOP("Stop"), "Shift+Space",
+    {TransportSymbol::Stop, QT_TR_NOOP("St&op"), "Shift+Space",
      [](Playback& playback) { playback.Stop(); }},
-    {TransportSymbol::StepForward, QT_TR_NOOP("Step Forwards"), "Right",
+    {TransportSymbol::StepForward, QT_TR_NOOP("Step &Forwards"), "Right",
      [](Playback& playback) { playback.Step(1); }},
-    {TransportSymbol::End, QT_TR_NOOP("Go to End"), "Ctrl+End",
+    {TransportSymbol::End, QT_TR_NOOP("Go to &End"), "Ctrl+End",
      [](Playback& playback) { playback.GotoEnd(); }},
-    {TransportSymbol::Loop, QT_TR_NOOP("Loop the Time Mark"), "Ctrl+Shift+L", nullptr},
+    {TransportSymbol::Loop, QT_TR_NOOP("&Loop the Time Mark"), "Ctrl+Shift+L", nullptr},
 };
 
 namespace {
@@ -39,7 +39,7 @@ namespace {
 void ShowShortcut(QAction& action)
 {
     action.setToolTip(QStringLiteral("%1 (%2)").arg(
-        action.text(), action.shortcut().toString(QKeySequence::NativeText)));
+        action.text().remove(u'&'), action.shortcut().toString(QKeySequence::NativeText)));
 }
 
 } // namespace
@@ -81,7 +81,7 @@ void TransportBar::ShowState()
 {
     const bool isPlaying = m_playback.IsPlaying();
     m_play->setIcon(TransportIcon(isPlaying ? TransportSymbol::Pause : TransportSymbol::Play));
-    m_play->setText(isPlaying ? tr("Pause") : tr("Play"));
+    m_play->setText(isPlaying ? tr("&Pause") : tr("&Play"));
     ShowShortcut(*m_play);
 }
 

@@ -1,17 +1,12 @@
 #include "TransportIcons.h"
 
-#include <QGuiApplication>
-#include <QIconEngine>
-#include <QPainter>
-#include <QPainterPath>
-#include <QPalette>
+#include "view/DrawnIcon.h"
 
 namespace host {
 
 namespace {
 
-// All shapes are drawn on a square of this many units, with a border that stays free.
-constexpr double kUnits = 16;
+// Units of the square that icons are drawn on.
 constexpr double kTop = 3;
 constexpr double kBottom = 13;
 constexpr double kMiddle = 8;
@@ -84,43 +79,11 @@ QPainterPath PathOf(TransportSymbol symbol)
     return path;
 }
 
-class TransportIconEngine : public QIconEngine
-{
-public:
-    explicit TransportIconEngine(TransportSymbol symbol) : m_symbol(symbol) {}
-
-    QIconEngine* clone() const override { return new TransportIconEngine(m_symbol); }
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
-    {
-        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.topLeft());
-        painter->scale(rect.width() / kUnits, rect.height() / kUnits);
-        painter->fillPath(PathOf(m_symbol),
-                          QGuiApplication::palette().color(group, QPalette::ButtonText));
-        painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return picture;
-    }
-
-private:
-    TransportSymbol m_symbol;
-};
-
 } // namespace
 
 QIcon TransportIcon(TransportSymbol symbol)
 {
-    return QIcon(new TransportIconEngine(symbol)); // the icon owns it
+    return DrawnIcon(PathOf(symbol));
 }
 
 } // namespace host

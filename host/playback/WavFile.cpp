@@ -64,6 +64,29 @@ const Encoding* EncodingOf(const WavFormat& format)
     return found == std::end(kEncodings) ? nullptr : found;
 }
 
+/// What would have been heard in place of that; empty when it can be.
+QString ExpectedInsteadOf(const WavFormat& format)
+{
+    if (!format.isWhole && !format.isFloat)
+        return QStringLiteral("samples that are not compressed, to be heard");
+    if (!EncodingOf(format)) {
+        return QStringLiteral("whole samples of 8, 16, 24 or 32 bits or floating-point ones of 32, "
+                              "to be heard, found %1 of %2 bits")
+            .arg(format.isWhole ? QStringLiteral("whole ones")
+                                : QStringLiteral("floating-point ones"))
+            .arg(format.bits);
+    }
+    if (format.channels < 1 || format.channels > kMostChannels)
+        return QStringLiteral("1 to %1 channels, to be heard, found %2")
+            .arg(kMostChannels)
+            .arg(format.channels);
+    if (format.rate < 1 || format.rate > kHighestRate)
+        return QStringLiteral("1 to %1 samples a second, to be heard, found %2")
+            .arg(kHighestRate)
+            .arg(format.rate);
+    return {};
+}
+
 } // namespace
 
 WavFile::WavFile(const QString& path) : m_file(path)
@@ -72,13 +95,17 @@ WavFile::WavFile(const QString& path) : m_file(path)
     if (!format)
         return;
     m_format = *format;
-    const bool isKnown = (m_format.isWhole || m_format.isFloat) && EncodingOf(m_format) &&
-                         m_format.channels > 0 && m_format.channels <= kMostChannels &&
-                         m_format.rate > 0 && m_format.rate <= kHighestRate;
-    if (!isKnown)
-        m_error = {path, 0, QStringLiteral("samples that are not compressed, to be heard")};
+    const QString expected = ExpectedInsteadOf(m_format);
+    if (!expected.isEmpty())
+        m_error = {path, 0, expected};
     else if (!m_file.open(QIODevice::ReadOnly))
         m_error = {path, 0, QStringLiteral("a readable file")};
+}
+
+QString SilenceOf(const QString& path)
+{
+    const WavFile file(path);
+    return file.IsOpen() ? QString() : file.Error().Message();
 }
 
 QVector<float> WavFile::Read(qint64 first, int count)

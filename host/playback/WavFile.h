@@ -32,4 +32,7 @@ private:
     ImportError m_error;
 };
 
+/// One line for the user about why the file is not heard; empty when it can be.
+QString SilenceOf(const QString& path);
+
 } // namespace host

@@ -49,7 +49,8 @@ constexpr float kToeWay = 0.085F;
 constexpr float kToeDrop = 0.022F;
 constexpr float kToeRadius = 0.018F;
 constexpr float kTipWay = 0.045F;
-constexpr float kGirdle = 1.1F; ///< how much thicker shoulders and hips are than their limbs
+constexpr float kShortestEnd = 0.02F; ///< in heights; what is shorter only fills its place
+constexpr float kGirdle = 1.1F;       ///< how much thicker shoulders and hips are than their limbs
 constexpr float kSole = 0.040F;
 
 const Thickness& ThicknessAt(const QString& joint)
@@ -135,16 +136,31 @@ private:
         m_parts.append({from, to, fromRadius, toRadius, SideOf(m_motion.joints[joint].name)});
     }
 
+    /// What lies ahead of a joint.
     void AddGrowth(int joint)
     {
         const Growth growth = ThicknessAt(m_motion.joints[joint].name).growth;
         if (growth == Growth::Head)
             AddHead(joint);
+        else if (AddEnds(joint, growth))
+            return;
         else if (growth == Growth::Foot && !m_hasChildren[joint])
             AddAhead(joint, {0, -kToeDrop, kToeWay}, Radius(joint), kToeRadius * m_height);
         else if (growth == Growth::Tip && !m_hasChildren[joint])
             AddAhead(joint, m_motion.joints[joint].offset.normalized() * kTipWay, Radius(joint),
                      Radius(joint) * 0.8F);
+    }
+
+    /// The bones that lead on to no joint, as far as the capture knows them.
+    bool AddEnds(int joint, Growth growth)
+    {
+        const float tip = growth == Growth::Foot ? kToeRadius * m_height : Radius(joint) * 0.8F;
+        const int before = m_parts.size();
+        for (const QVector3D& end : m_motion.joints[joint].ends) {
+            if (end.length() > kShortestEnd * m_height)
+                AddAhead(joint, end / m_height, Radius(joint), tip);
+        }
+        return m_parts.size() > before;
     }
 
     void AddHead(int joint)

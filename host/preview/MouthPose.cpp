@@ -3,6 +3,7 @@
 #include "ClipPlace.h"
 #include "document/MouthShapes.h"
 #include "document/RowStates.h"
+#include "document/SceneRows.h"
 
 #include <algorithm>
 #include <array>
@@ -97,22 +98,12 @@ MouthPose PoseHeldAt(const QVector<SceneKey>& lips, int frame)
     return PoseOfShape(HeldAt(lips, frame).shape);
 }
 
-const SceneTrack* FindLips(const Scene& scene)
-{
-    const auto lips =
-        std::find_if(scene.tracks.cbegin(), scene.tracks.cend(),
-                     [](const SceneTrack& row) { return row.kind == TrackKind::Viseme; });
-    return lips == scene.tracks.cend() ? nullptr : &*lips;
-}
-
 /// The keys of the row of blends under the same root; none while it is muted.
 QVector<SceneKey> BlendsBeside(const Scene& scene, const SceneTrack& lips)
 {
-    for (const SceneTrack& row : scene.tracks) {
-        if (row.kind == TrackKind::Transition && row.parent == lips.parent)
-            return IsInState(scene, row, RowState::Muted) ? QVector<SceneKey>() : row.keys;
-    }
-    return {};
+    const SceneTrack* const row =
+        RowFilter(TrackKind::Transition).Under(lips.parent).FirstIn(scene);
+    return row && !IsInState(scene, *row, RowState::Muted) ? row->keys : QVector<SceneKey>();
 }
 
 float Share(int frame, int start, int frames)
@@ -177,7 +168,7 @@ MouthPose Blended(const MouthPose& a, const MouthPose& b, float share)
 
 MouthPose MouthAt(const Scene& scene, int frame)
 {
-    const SceneTrack* const lips = FindLips(scene);
+    const SceneTrack* const lips = RowFilter(TrackKind::Viseme).FirstIn(scene);
     if (!lips || !TakesPart(scene, *lips))
         return PoseOfShape(kClosedMouth);
     const QVector<SceneKey> blends = BlendsBeside(scene, *lips);

@@ -18,8 +18,8 @@ PreviewPane::PreviewPane(const EditSession& session, QWidget* parent)
     setStretchFactor(indexOf(m_face), kFaceShare);
     setStretchFactor(indexOf(m_figure), kFigureShare);
     setChildrenCollapsible(true);
-    connect(&session, &EditSession::Changed, this, &PreviewPane::Follow);
-    Follow();
+    connect(&session, &EditSession::Changed, this, &PreviewPane::FollowScene);
+    FollowScene();
 }
 
 void PreviewPane::ShowFrame(int frame)
@@ -27,14 +27,20 @@ void PreviewPane::ShowFrame(int frame)
     if (frame == m_frame)
         return;
     m_frame = frame;
-    Follow();
+    Show();
 }
 
-void PreviewPane::Follow()
+void PreviewPane::FollowScene()
+{
+    m_poser = FigurePoser(m_session.Current());
+    Show();
+}
+
+void PreviewPane::Show()
 {
     const Scene& scene = m_session.Current();
     m_face->Show({MouthAt(scene, m_frame), LidsAt(m_frame, scene.frameRate)});
-    m_figure->Show(scene.motion, FigureAt(scene, m_frame));
+    m_figure->Show(scene.motion, m_poser.At(m_frame));
 }
 
 } // namespace host

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FigurePoser.h"
+
 #include <QSplitter>
 
 namespace host {
@@ -21,11 +23,13 @@ public:
     void ShowFrame(int frame);
 
 private:
-    void Follow();
+    void FollowScene();
+    void Show();
 
     const EditSession& m_session;
     FaceView* m_face;
     FigureView* m_figure;
+    FigurePoser m_poser; ///< of the scene as it is now
     int m_frame = 0;
 };
 

@@ -49,6 +49,12 @@ bool IsDocument(const QString& path)
            0;
 }
 
+FileStamp StampOf(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() ? FileStamp{file.size(), file.lastModified()} : FileStamp{};
+}
+
 std::optional<SceneDocument> ReadDocument(const QString& path, QString& error)
 {
     QFile file(path);

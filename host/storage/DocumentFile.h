@@ -2,6 +2,7 @@
 
 #include "SceneDocument.h"
 
+#include <QDateTime>
 #include <QString>
 
 #include <optional>
@@ -12,6 +13,20 @@ constexpr const char* kDocumentSuffix = "ktl";
 
 /// Whether the file is a document by its name.
 bool IsDocument(const QString& path);
+
+/// What shows that a file is another one than before.
+struct FileStamp
+{
+    qint64 size = -1; ///< in bytes; -1 when there is no file
+    QDateTime changed;
+};
+
+inline bool operator!=(const FileStamp& a, const FileStamp& b)
+{
+    return a.size != b.size || a.changed != b.changed;
+}
+
+FileStamp StampOf(const QString& path);
 
 /// Reads the document. Nothing is returned, and @p error says why in one line that starts with the
 /// file's name, when it cannot be read or holds no scene.

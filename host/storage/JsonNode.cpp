@@ -35,11 +35,11 @@ bool JsonNode::Flag() const
     return m_value.toBool();
 }
 
-QString JsonNode::Text() const
+QString JsonNode::Text(int longest) const
 {
     if (!m_value.isString())
         Refuse(QStringLiteral("a text"));
-    return m_value.toString();
+    return m_value.toString().left(longest);
 }
 
 int JsonNode::ChoiceOf(const char* const* names, int count) const
@@ -116,19 +116,14 @@ int JsonMembers::Whole(const char* name, int otherwise, WholeRange range)
     return Find(name) ? Found(name).Whole(range) : otherwise;
 }
 
-double JsonMembers::Real(const char* name, double otherwise)
-{
-    return Find(name) ? Found(name).Real() : otherwise;
-}
-
 bool JsonMembers::Flag(const char* name)
 {
     return Find(name) && Found(name).Flag();
 }
 
-QString JsonMembers::Text(const char* name)
+QString JsonMembers::Text(const char* name, int longest)
 {
-    return Find(name) ? Found(name).Text() : QString();
+    return Find(name) ? Found(name).Text(longest) : QString();
 }
 
 } // namespace host

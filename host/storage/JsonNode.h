@@ -22,6 +22,11 @@ struct WholeRange
     int most = std::numeric_limits<int>::max();
 };
 
+/// Nobody reads longer names; drawing them takes its time.
+constexpr int kLongestText = 1000;
+/// For texts that mean nothing when they are cut, such as paths.
+constexpr int kAnyLength = std::numeric_limits<int>::max();
+
 /// A value of a JSON text that knows its place there. Reading one that is of another type than
 /// expected gives a harmless value and notes the fault; only the first one is kept, so that a
 /// reader may go on and ask at the end.
@@ -35,7 +40,8 @@ public:
     int Whole(WholeRange range = {}) const;
     double Real() const;
     bool Flag() const;
-    QString Text() const;
+    /// Longer ones are cut.
+    QString Text(int longest = kLongestText) const;
     /// The place of the text among @p names; 0 when it is none of them.
     template <std::size_t N>
     int Choice(const std::array<const char*, N>& names) const
@@ -89,9 +95,8 @@ public:
 
     // Members that may be left out, and what they are then.
     int Whole(const char* name, int otherwise, WholeRange range = {});
-    double Real(const char* name, double otherwise);
     bool Flag(const char* name);
-    QString Text(const char* name);
+    QString Text(const char* name, int longest = kLongestText);
     /// Calls @p deed with the member, or not at all when it is left out.
     template <class Deed>
     void With(const char* name, Deed deed)

@@ -3,13 +3,16 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace host {
 
 namespace {
 
-constexpr int kIndent = 1;      ///< spaces; scenes are deep, and every key is indented
-constexpr int kFloatDigits = 9; ///< enough to tell any two floats apart
+constexpr int kIndent = 1;        ///< spaces; scenes are deep, and every key is indented
+constexpr int kFloatDigits = 9;   ///< enough to tell any two floats apart
+constexpr int kLongestFloat = 24; ///< characters, with room to spare
 constexpr ushort kFirstPrintable = 0x20;
 
 /// Whether the surrogate at @p index lacks its partner: UTF-8 cannot hold it.
@@ -68,7 +71,20 @@ void JsonWriter::Value(bool value)
 
 void JsonWriter::Value(float value)
 {
-    Write(QByteArray::number(static_cast<double>(value), 'g', kFloatDigits));
+    // A motion has millions of them: the fewest digits, written without a detour.
+    std::array<char, kLongestFloat> text{};
+    char* const begin = text.data();
+    char* end = std::to_chars(begin, begin + text.size(), value).ptr;
+    // Readers make a double of the digits first, which may round them the wrong way.
+    double read = 0;
+    std::from_chars(begin, end, read);
+    if (static_cast<float>(read) != value) {
+        end = std::to_chars(begin, begin + text.size(), static_cast<double>(value),
+                            std::chars_format::general, kFloatDigits)
+                  .ptr;
+    }
+    BeforeValue();
+    m_text.append(begin, static_cast<int>(end - begin));
 }
 
 void JsonWriter::Value(double value)

@@ -3,6 +3,7 @@
 #include "SceneJsonNames.h"
 #include "document/MouthShapes.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace host {
@@ -12,10 +13,12 @@ namespace {
 /// A number that a float can be; larger ones would be read as infinite.
 float ReadFloat(const JsonNode& node)
 {
+    constexpr double kMost = std::numeric_limits<float>::max();
+    constexpr double kFirstInfinite = 0x1.ffffffp127; // below it, decimals may mean the largest
     const double number = node.Real();
-    if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
+    if (std::abs(number) >= kFirstInfinite)
         node.Refuse(QStringLiteral("a smaller number"));
-    return static_cast<float>(number);
+    return static_cast<float>(std::clamp(number, -kMost, kMost));
 }
 
 QVector3D ReadOffset(const JsonNode& node)
@@ -47,6 +50,8 @@ Joint ReadJoint(const JsonNode& node, int index, int channelCount)
     });
     if (joint.channels.size() > channelCount - joint.firstChannel)
         first.Refuse(QStringLiteral("channels that a sample has"));
+    members.ForEach(
+        "ends", [&joint](const JsonNode& element, int) { joint.ends.append(ReadOffset(element)); });
     members.Finish();
     return joint;
 }

@@ -2,11 +2,6 @@
 
 #include "DocumentFile.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QLockFile>
-#include <QStandardPaths>
-
 #include <utility>
 
 namespace host {
@@ -14,89 +9,15 @@ namespace host {
 namespace {
 
 constexpr int kDelay = 400; ///< milliseconds that edits are gathered for
-constexpr int kMostFiles = 1000;
-
-QString BesideOf(const QString& documentPath)
-{
-    return documentPath + QStringLiteral(".recovery");
-}
-
-QDir OwnFolder()
-{
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                QStringLiteral("/recovery"));
-}
 
 QString NoPlace()
 {
-    return OwnFolder().path() + QStringLiteral(": expected a folder that can be written to");
-}
-
-/// Not yet locked. What a dead program has locked counts as free, however new it is.
-std::unique_ptr<QLockFile> LockOf(const QString& path)
-{
-    auto lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
-    lock->setStaleLockTime(0);
-    return lock;
-}
-
-/// Whether no running program writes the file.
-bool IsFree(const QString& path)
-{
-    return LockOf(path)->tryLock(0);
-}
-
-QString SameFile(const QString& path)
-{
-    return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
-}
-
-std::optional<Leftover> LeftoverAt(const QString& path)
-{
-    QString error;
-    if (!QFileInfo(path).isFile() || !IsFree(path))
-        return std::nullopt;
-    const std::optional<SceneDocument> document = ReadDocument(path, error);
-    if (!document)
-        return std::nullopt;
-    return Leftover{path, document->recoveryOf, QFileInfo(path).lastModified()};
+    return RecoveryFolder().path() + QStringLiteral(": expected a folder that can be written to");
 }
 
 } // namespace
 
-std::optional<Leftover> FindLeftoverOf(const QString& documentPath)
-{
-    std::optional<Leftover> beside = LeftoverAt(BesideOf(SameFile(documentPath)));
-    if (beside) {
-        beside->recoveryOf = SameFile(documentPath); // the folder may have been moved since
-        return beside;
-    }
-    for (const Leftover& leftover : FindLeftovers()) {
-        if (leftover.recoveryOf == SameFile(documentPath))
-            return leftover;
-    }
-    return std::nullopt;
-}
-
-QVector<Leftover> FindLeftovers()
-{
-    QVector<Leftover> found;
-    const QFileInfoList files = OwnFolder().entryInfoList(
-        {QStringLiteral("*.recovery")}, QDir::Files, QDir::Time); // the newest first
-    for (const QFileInfo& file : files) {
-        if (const std::optional<Leftover> leftover = LeftoverAt(file.absoluteFilePath()))
-            found.append(*leftover);
-    }
-    return found;
-}
-
-void DiscardLeftover(const Leftover& leftover)
-{
-    if (IsFree(leftover.path))
-        QFile::remove(leftover.path);
-}
-
-RecoveryFile::RecoveryFile(QObject* parent) : QObject(parent)
+RecoveryFile::RecoveryFile(QObject* parent) : QObject(parent), m_timer(this)
 {
     m_writer.setMaxThreadCount(1);
     m_timer.setSingleShot(true);
@@ -109,13 +30,13 @@ RecoveryFile::~RecoveryFile()
     Flush();
 }
 
-void RecoveryFile::Start(const QString& documentPath, const std::optional<Leftover>& leftover)
+bool RecoveryFile::Start(const QString& documentPath, const std::optional<Leftover>& leftover)
 {
     Remove();
     m_documentPath = SameFile(documentPath);
-    m_hasFailed = false;
     if (leftover)
-        Claim(leftover->path);
+        m_place = RecoveryPlace::Take(leftover->path);
+    return !leftover || m_place;
 }
 
 void RecoveryFile::Write(const SceneDocument& document)
@@ -130,10 +51,13 @@ bool RecoveryFile::Flush()
 {
     m_timer.stop();
     m_writer.waitForDone();
+    TakeResult(m_number);
+    m_timer.stop();
     if (!m_waiting)
         return !m_hasFailed;
     QString error = NoPlace();
-    if (FindPlace() && WriteDocument(m_path, *m_waiting, error)) {
+    const auto write = [this, &error] { return WriteDocument(m_place->Path(), *m_waiting, error); };
+    if ((FindPlace() && write()) || (FindOtherPlace() && write())) {
         m_waiting.reset();
         error.clear();
     }
@@ -145,40 +69,34 @@ void RecoveryFile::Remove()
 {
     m_timer.stop();
     m_writer.waitForDone();
+    m_isWriting = false; // its result concerns nobody any more
+    m_hasFailed = false;
     m_waiting.reset();
-    if (!m_lock)
-        return;
-    QFile::remove(m_path);
-    m_path.clear();
-    m_lock.reset();
-}
-
-bool RecoveryFile::Claim(const QString& path)
-{
-    std::unique_ptr<QLockFile> lock = LockOf(path);
-    if (!lock->tryLock(0))
-        return false;
-    m_lock = std::move(lock);
-    m_path = path;
-    return true;
+    for (std::unique_ptr<RecoveryPlace>* const place : {&m_place, &m_failedPlace}) {
+        if (*place)
+            (*place)->RemoveFile();
+        place->reset();
+    }
 }
 
 /// Chooses the file when there is none yet. No file that is there already is written over.
 bool RecoveryFile::FindPlace()
 {
-    if (m_lock)
-        return true;
-    const QString beside = BesideOf(m_documentPath);
-    if (!m_documentPath.isEmpty() && !QFile::exists(beside) && Claim(beside))
-        return true;
-    QDir().mkpath(OwnFolder().path());
-    for (int i = 1; i <= kMostFiles; ++i) {
-        const QString path =
-            OwnFolder().absoluteFilePath(QStringLiteral("scene-%1.recovery").arg(i));
-        if (!QFile::exists(path) && Claim(path))
-            return true;
-    }
-    return false;
+    if (!m_place)
+        m_place = RecoveryPlace::TakeBeside(m_documentPath);
+    if (!m_place)
+        m_place = RecoveryPlace::TakeInFolder();
+    return m_place != nullptr;
+}
+
+/// Chooses another file after the first one could not be written.
+/// That one is given up only when the other one was written.
+bool RecoveryFile::FindOtherPlace()
+{
+    if (!m_place || m_failedPlace)
+        return false;
+    m_failedPlace = std::exchange(m_place, RecoveryPlace::TakeInFolder());
+    return m_place != nullptr;
 }
 
 void RecoveryFile::WriteInBackground()
@@ -190,32 +108,42 @@ void RecoveryFile::WriteInBackground()
         return;
     }
     m_isWriting = true;
-    const SceneDocument document = *std::exchange(m_waiting, std::nullopt);
-    const QString path = m_path;
-    m_writer.start(QRunnable::create([this, document, path] {
-        QString error;
-        WriteDocument(path, document, error);
+    m_written = *std::exchange(m_waiting, std::nullopt);
+    m_writeError.clear();
+    m_writer.start(QRunnable::create([this, number = ++m_number, path = m_place->Path()] {
+        WriteDocument(path, m_written, m_writeError);
         QMetaObject::invokeMethod(
-            this,
-            [this, document, error] {
-                m_isWriting = false;
-                if (!error.isEmpty() && !m_waiting && m_lock) {
-                    m_waiting = document; // for the next edit, or the end, to try again
-                    Finish(error);
-                    return;
-                }
-                Finish(error);
-                if (m_waiting)
-                    m_timer.start();
-            },
-            Qt::QueuedConnection);
+            this, [this, number] { TakeResult(number); }, Qt::QueuedConnection);
     }));
 }
 
+/// What came of the write of that number, unless that was taken already.
+void RecoveryFile::TakeResult(int number)
+{
+    if (!m_isWriting || number != m_number)
+        return;
+    m_isWriting = false;
+    const bool isNewer = m_waiting.has_value();
+    SceneDocument written = std::exchange(m_written, {});
+    if (!m_writeError.isEmpty() && !isNewer)
+        m_waiting = std::move(written); // the next edit, or the end, tries again
+    const bool isElsewhere = !m_writeError.isEmpty() && FindOtherPlace();
+    if (!isElsewhere)
+        Finish(m_writeError);
+    if (isNewer || isElsewhere)
+        m_timer.start();
+}
+
+/// After the document was written, or was not.
 void RecoveryFile::Finish(const QString& error)
 {
     const bool hasFailed = !error.isEmpty();
-    if (hasFailed && !m_hasFailed)
+    if (m_failedPlace && !hasFailed)
+        m_failedPlace->RemoveFile();
+    else if (m_failedPlace)
+        m_place = std::move(m_failedPlace); // better older work than none
+    m_failedPlace.reset();
+    if (hasFailed && !std::exchange(m_hasFailed, true))
         emit Failed(error);
     m_hasFailed = hasFailed;
 }

@@ -1,6 +1,8 @@
+#include "DoubleMembers.h"
 #include "JsonNode.h"
 #include "KeyJson.h"
 #include "MotionJson.h"
+#include "Renumbering.h"
 #include "SceneJson.h"
 #include "SceneJsonNames.h"
 #include "document/MouthShapes.h"
@@ -14,7 +16,8 @@ namespace host {
 
 namespace {
 
-constexpr WholeRange kAnId{1, 2'000'000'000}; ///< room for the numbers of later keys
+constexpr WholeRange kAnId{1};
+constexpr int kManyIds = 1'000'000'000; ///< from here on there is no room for later keys
 constexpr WholeRange kShape{0, kMouthShapeCount - 1};
 constexpr WholeRange kFrameRate{1, 1000};
 
@@ -64,6 +67,8 @@ SceneDocument SceneReader::Read(const JsonNode& root)
     members.With("motion", [this](const JsonNode& node) { m_scene.motion = ReadMotion(node); });
     members.With("line", [this](const JsonNode& node) { m_scene.line = ReadSpokenLine(node); });
     members.Finish();
+    if (m_scene.lastId > kManyIds)
+        Renumber(m_scene);
     document.scene = m_scene;
     return document;
 }
@@ -72,7 +77,7 @@ void SceneReader::ReadHead(JsonMembers& members, SceneDocument& document)
 {
     members.At("format");
     members.At("version");
-    document.recoveryOf = members.Text("recoveryOf");
+    document.recoveryOf = members.Text("recoveryOf", kAnyLength);
     m_scene.frameRate = members.At("frameRate").Whole(kFrameRate);
     m_scene.frameCount = members.At("frameCount").Whole(kFrameSpan);
     m_scene.lastId = members.At("lastId").Whole({0, kAnId.most});
@@ -170,7 +175,7 @@ SceneKey SceneReader::ReadKey(const JsonNode& node)
     });
     key.mouthShape = members.Whole("mouthShape", key.mouthShape, kShape);
     key.startsLink = members.Flag("startsLink");
-    key.sound = members.Text("sound");
+    key.sound = members.Text("sound", kAnyLength);
     members.With("transition",
                  [&](const JsonNode& blend) { key.transition = ReadTransition(blend); });
     members.With("clip", [&](const JsonNode& clip) { key.clip = ReadClip(clip); });
@@ -259,6 +264,13 @@ std::optional<SceneDocument> ReadSceneJson(const QByteArray& text, QString& erro
         error = QStringLiteral("line %1: expected a whole JSON text (%2)")
                     .arg(LineOf(text, parseError.offset))
                     .arg(parseError.errorString());
+        return std::nullopt;
+    }
+    const DoubleMember again = FindDoubleMember(text);
+    if (again.offset >= 0) {
+        error = OneLine(QStringLiteral("line %1: expected every member once, found \"%2\" again")
+                            .arg(LineOf(text, again.offset + 1))
+                            .arg(QString::fromUtf8(again.name)));
         return std::nullopt;
     }
     const JsonNode root(json.isObject() ? QJsonValue(json.object()) : QJsonValue(), error);

@@ -123,22 +123,34 @@ void Write(JsonWriter& json, const SceneTrack& track)
     json.EndObject();
 }
 
+void Write(JsonWriter& json, const QVector3D& way)
+{
+    json.BeginArray(Layout::Inline);
+    for (int i = 0; i < 3; ++i)
+        json.Value(way[i]);
+    json.EndArray();
+}
+
 void Write(JsonWriter& json, const Joint& joint)
 {
     json.BeginObject(Layout::Inline);
     json.Member("name", joint.name);
     json.Member("parent", joint.parent);
     json.Name("offset");
-    json.BeginArray(Layout::Inline);
-    for (int i = 0; i < 3; ++i)
-        json.Value(joint.offset[i]);
-    json.EndArray();
+    Write(json, joint.offset);
     json.Member("firstChannel", joint.firstChannel);
     json.Name("channels");
     json.BeginArray(Layout::Inline);
     for (const Channel channel : joint.channels)
         json.Value(NameOf(kChannelNames, channel));
     json.EndArray();
+    if (!joint.ends.isEmpty()) {
+        json.Name("ends");
+        json.BeginArray(Layout::Inline);
+        for (const QVector3D& end : joint.ends)
+            Write(json, end);
+        json.EndArray();
+    }
     json.EndObject();
 }
 

@@ -7,6 +7,7 @@ namespace host {
 
 QString AboutText()
 {
+    // The library exports no question for its version: told is that of the headers built with.
     return QCoreApplication::translate(
                "AboutBox", "<h3>Kestova Host</h3>"
                            "<p>A small lip-sync editor around the timeline component.</p>"

@@ -3,6 +3,7 @@
 #include "RowModes.h"
 #include "SceneTracks.h"
 
+#include <algorithm>
 #include <array>
 
 namespace host {
@@ -11,30 +12,22 @@ namespace {
 
 constexpr int kOff = 0;
 constexpr int kOn = 2;
-constexpr int kNoButton = -1;
+constexpr int kUnknown = -1; ///< what the timeline shows of a row
 
-struct State
+/// Which toggle button of a caption shows the state.
+struct ShownState
 {
     RowState state;
-    int button; ///< its toggle button's number in the skin
-    const char* on;
-    const char* off;
+    int button;
 };
-
-constexpr std::array<State, 3> kStates{{
-    {RowState::Muted, 1, QT_TRANSLATE_NOOP("CaptionButtons", "Mute Row"),
-     QT_TRANSLATE_NOOP("CaptionButtons", "Unmute Row")},
-    {RowState::Soloed, kNoButton, QT_TRANSLATE_NOOP("CaptionButtons", "Solo Row"),
-     QT_TRANSLATE_NOOP("CaptionButtons", "Unsolo Row")},
-    {RowState::Locked, 2, QT_TRANSLATE_NOOP("CaptionButtons", "Lock Row"),
-     QT_TRANSLATE_NOOP("CaptionButtons", "Unlock Row")},
-}};
+constexpr std::array<ShownState, 2> kShown{
+    {{RowState::Muted, kMuteButton}, {RowState::Locked, kLockButton}}};
 
 int BitsOf(const SceneTrack& row)
 {
     int bits = 0;
-    for (std::size_t i = 0; i < kStates.size(); ++i)
-        bits |= HasState(row, kStates[i].state) ? 1 << i : 0;
+    for (std::size_t i = 0; i < kRowStates.size(); ++i)
+        bits |= HasState(row, kRowStates[i]) ? 1 << i : 0;
     return bits;
 }
 
@@ -45,6 +38,18 @@ QString CaptionOf(const SceneTrack& row)
 }
 
 } // namespace
+
+QString NameOfCaptionButton(int button)
+{
+    if (button == kAddKeyButton)
+        return CaptionButtons::tr("Add key");
+    if (button == kMenuButton)
+        return CaptionButtons::tr("Menu");
+    const auto shown = std::find_if(kShown.begin(), kShown.end(), [button](const ShownState& each) {
+        return each.button == button;
+    });
+    return shown == kShown.end() ? QString() : TextsOf(shown->state).name;
+}
 
 CaptionButtons::CaptionButtons(CTimelineManager& manager, const SceneTracks& tracks,
                                EditSession& session)
@@ -61,8 +66,8 @@ void CaptionButtons::ShowAll()
 
 bool CaptionButtons::Click(CTimelineTrackBase* track, int button)
 {
-    for (const State& each : kStates) {
-        if (each.button != button || button == kNoButton)
+    for (const ShownState& each : kShown) {
+        if (each.button != button)
             continue;
         Toggle(track, each.state);
         return true;
@@ -75,10 +80,11 @@ void CaptionButtons::Toggle(CTimelineTrackBase* track, RowState state)
     if (!Concerns(track))
         return;
     const bool on = !Has(track, state);
-    const State& each = kStates.at(static_cast<std::size_t>(state));
+    const RowStateTexts texts = TextsOf(state);
     Scene scene = m_session.Current();
     SetState(scene, m_tracks.IdOf(track), state, on);
-    m_session.Apply(tr(on ? each.on : each.off), scene);
+    const QString text = on ? texts.switchOn : texts.switchOff;
+    m_session.Apply(text.arg(RowOf(track)->caption), scene);
 }
 
 bool CaptionButtons::Has(CTimelineTrackBase* track, RowState state) const
@@ -98,7 +104,7 @@ void CaptionButtons::FollowScene()
     bool isChanged = false;
     for (const SceneTrack& row : m_session.Current().tracks) {
         const int bits = BitsOf(row);
-        if (m_shown.value(row.id) == bits || !m_tracks.TrackOf(row.id))
+        if (m_shown.value(row.id, kUnknown) == bits || !m_tracks.TrackOf(row.id))
             continue;
         m_shown[row.id] = bits;
         Show(row);
@@ -111,7 +117,7 @@ void CaptionButtons::FollowScene()
 void CaptionButtons::Show(const SceneTrack& row)
 {
     CTimelineTrackBase* const track = m_tracks.TrackOf(row.id);
-    for (const State& each : kStates) {
+    for (const ShownState& each : kShown) {
         int state = HasState(row, each.state) ? kOn : kOff;
         m_manager.SetTrackCaptionBtnState(track, each.button, state);
     }

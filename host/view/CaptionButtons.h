@@ -13,6 +13,15 @@ namespace host {
 
 class SceneTracks;
 
+/// The numbers that the skins give the buttons of captions.
+constexpr int kMuteButton = 1;
+constexpr int kLockButton = 2;
+constexpr int kAddKeyButton = 3;
+constexpr int kMenuButton = 4;
+
+/// What such a button is called: "Mute"; empty for another number.
+QString NameOfCaptionButton(int button);
+
 /// The state of rows on the timeline: muted, soloed and locked. The scene holds it; the captions'
 /// toggle buttons, a mark before the names of soloed rows and what a locked row lets the user do
 /// follow every change of it, whoever made it.
@@ -23,7 +32,7 @@ public:
     /// All are kept and outlive this object.
     CaptionButtons(CTimelineManager& manager, const SceneTracks& tracks, EditSession& session);
 
-    /// The timeline's tracks were made anew: shows the states of all.
+    /// The timeline's tracks were made anew, or may show other states: shows the states of all.
     void ShowAll();
 
     /// A button of a caption was clicked, by its number in the skin. False when it is no toggle.

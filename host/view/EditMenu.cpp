@@ -2,6 +2,7 @@
 
 #include "KeyCommands.h"
 #include "RowModes.h"
+#include "ShapeMenu.h"
 
 #include <QAction>
 #include <QMenu>
@@ -24,20 +25,22 @@ struct Entry
 
 constexpr Entry kSeparatorEntry{TL_EDIT_BEGIN, nullptr, nullptr};
 
-/// The entries of both menus. In a row's menu the timeline gives those that are named Cut, Copy,
-/// Paste, Delete and Break their shortcuts. Tab and Shift+Tab select too: those are its own.
+/// The entries of both menus. With their mnemonics they are not named as those that the timeline
+/// gives shortcuts in a row's menu (Cut, Copy, Paste, Delete, Break): two actions with one shortcut
+/// would leave the key dead as long as that menu is open. Tab and Shift+Tab select too: those are
+/// the timeline's own.
 constexpr std::array<Entry, 11> kEntries{{
-    {TL_EDIT_CUT, QT_TRANSLATE_NOOP("EditMenu", "Cut"), "Ctrl+X"},
-    {TL_EDIT_COPY, QT_TRANSLATE_NOOP("EditMenu", "Copy"), "Ctrl+C"},
-    {TL_EDIT_PASTE, QT_TRANSLATE_NOOP("EditMenu", "Paste"), "Ctrl+V"},
-    {TL_EDIT_DELETE, QT_TRANSLATE_NOOP("EditMenu", "Delete"), "Del"},
+    {TL_EDIT_CUT, QT_TRANSLATE_NOOP("EditMenu", "Cu&t"), "Ctrl+X"},
+    {TL_EDIT_COPY, QT_TRANSLATE_NOOP("EditMenu", "&Copy"), "Ctrl+C"},
+    {TL_EDIT_PASTE, QT_TRANSLATE_NOOP("EditMenu", "&Paste"), "Ctrl+V"},
+    {TL_EDIT_DELETE, QT_TRANSLATE_NOOP("EditMenu", "&Delete"), "Del"},
     kSeparatorEntry,
-    {TL_EDIT_INSERT_KEY, QT_TRANSLATE_NOOP("EditMenu", "Insert Key"), "Ins"},
-    {TL_EDIT_BREAK, QT_TRANSLATE_NOOP("EditMenu", "Break"), "Ctrl+B"},
+    {TL_EDIT_INSERT_KEY, QT_TRANSLATE_NOOP("EditMenu", "&Insert Key"), "Ins"},
+    {TL_EDIT_BREAK, QT_TRANSLATE_NOOP("EditMenu", "&Break"), "Ctrl+B"},
     kSeparatorEntry,
-    {TL_EDIT_SELECT_ALL, QT_TRANSLATE_NOOP("EditMenu", "Select All"), "Ctrl+A"},
-    {TL_EDIT_SELECT_PREVIOUS, QT_TRANSLATE_NOOP("EditMenu", "Select Previous"), "Alt+Left"},
-    {TL_EDIT_SELECT_NEXT, QT_TRANSLATE_NOOP("EditMenu", "Select Next"), "Alt+Right"},
+    {TL_EDIT_SELECT_ALL, QT_TRANSLATE_NOOP("EditMenu", "Select &All"), "Ctrl+A"},
+    {TL_EDIT_SELECT_PREVIOUS, QT_TRANSLATE_NOOP("EditMenu", "Select Pre&vious"), "Alt+Left"},
+    {TL_EDIT_SELECT_NEXT, QT_TRANSLATE_NOOP("EditMenu", "Select &Next"), "Alt+Right"},
 }};
 
 } // namespace
@@ -57,6 +60,8 @@ EditMenu::EditMenu(QMenu* menu, KeyCommands& commands) : QObject(menu), m_comman
         action->setData(static_cast<int>(type));
         m_actions.push_back(action);
     }
+    m_shapes = new ShapeMenu(menu, commands);
+    connect(m_shapes, &ShapeMenu::Done, this, &EditMenu::UpdateActions);
     UpdateActions();
 }
 
@@ -66,6 +71,8 @@ void EditMenu::UpdateActions()
         const auto type = static_cast<TLEditType>(action->data().toInt());
         action->setEnabled(m_commands.CanDo(nullptr, type));
     }
+    if (m_shapes)
+        m_shapes->Update();
 }
 
 void EditMenu::FillRowMenu(CTimelineTrackBase* track, bool isLocked,
@@ -85,11 +92,14 @@ void EditMenu::FillRowMenu(CTimelineTrackBase* track, bool isLocked,
         made.enabled = entry.text && m_commands.CanDo(track, entry.type);
         menu.push_back(&made);
     }
+    if (!isLocked)
+        m_shapes->FillRowMenu(track, menu);
 }
 
 void EditMenu::RunFromRow(CTimelineTrackBase* track, int command)
 {
-    Run(track, static_cast<TLEditType>(command));
+    if (!m_shapes->RunFromRow(track, command))
+        Run(track, static_cast<TLEditType>(command));
 }
 
 void EditMenu::Run(CTimelineTrackBase* track, TLEditType type)

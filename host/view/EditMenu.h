@@ -12,6 +12,7 @@ class QMenu;
 namespace host {
 
 class KeyCommands;
+class ShapeMenu;
 
 /// The commands on keys as the user finds them: in the window's Edit menu, with shortcuts, for the
 /// active track, and in the menu that opens on a row.
@@ -36,6 +37,7 @@ private:
     void Run(CTimelineTrackBase* track, TLEditType type);
 
     KeyCommands& m_commands;
+    ShapeMenu* m_shapes = nullptr;   ///< the menu's
     std::vector<QAction*> m_actions; ///< in the order of the entries, without separators
     std::vector<_tmpTLMenuMapData> m_rowEntries;
 };

@@ -1,12 +1,12 @@
 #include "FileDrops.h"
 
 #include "import/SoundClips.h"
+#include "import/SoundRows.h"
 #include "import/WavReader.h"
+#include "playback/WavFile.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-
-#include <array>
 
 namespace host {
 
@@ -16,18 +16,6 @@ QString Translated(const char* text)
 {
     return QCoreApplication::translate("FileDrops", text);
 }
-
-/// Why a sound may not be dropped on a row of that kind, in the order of TrackKind; null where it
-/// may.
-constexpr std::array<const char*, 6> kReasons{
-    QT_TRANSLATE_NOOP("FileDrops", "%1: a row of buttons takes no files"),
-    QT_TRANSLATE_NOOP("FileDrops", "%1: sounds go on a row of clips"),
-    QT_TRANSLATE_NOOP("FileDrops", "%1: sounds go on a row of clips"),
-    QT_TRANSLATE_NOOP("FileDrops", "%1: sounds go on a row of clips"),
-    QT_TRANSLATE_NOOP("FileDrops",
-                      "%1: mouth shapes come from mouth cues, sounds go on a row of clips"),
-    nullptr,
-};
 
 } // namespace
 
@@ -59,14 +47,22 @@ bool FileDrops::Drop(TLDropFileType type, const QString& path)
         Tell(error.Message());
         return false;
     }
+    const int frame = m_manager.GetCurrentFrame();
+    const Sound sound{QFileInfo(path).absoluteFilePath(), *seconds};
     Scene scene = m_session.Current();
-    AddSoundClip(scene, m_tracks.IdOf(track), {QFileInfo(path).absoluteFilePath(), *seconds},
-                 m_manager.GetCurrentFrame());
+    QString also = CoveredOn(*qAsConst(scene).FindTrack(m_tracks.IdOf(track)), frame,
+                             LastFrameOf(sound, frame, scene.frameRate));
+    AddSoundClip(scene, m_tracks.IdOf(track), sound, frame);
+    const QString name = Translated("Drop %1").arg(QFileInfo(path).fileName());
     m_session.Begin();
-    m_session.Step(Translated("Drop Sound"), scene);
+    m_session.Step(name, scene);
     if (sceneChanged)
         sceneChanged();
     m_session.Commit();
+    if (also.isEmpty())
+        also = SilenceOf(path);
+    if (!also.isEmpty()) // in place of the name of the edit, which is told by others
+        Tell(name + QStringLiteral(": ") + also);
     m_manager.SetDropTrackFocusAndPickJustLoadClip(track);
     return true;
 }
@@ -74,23 +70,18 @@ bool FileDrops::Drop(TLDropFileType type, const QString& path)
 QString FileDrops::ReasonAgainst(CTimelineTrackBase* track, const QString& path, int frame) const
 {
     const QFileInfo file(path);
-    const auto because = [&file](const char* reason) {
-        return Translated(reason).arg(file.fileName());
+    const auto because = [&file](const QString& reason) {
+        return file.fileName() + QStringLiteral(": ") + reason;
     };
     if (file.suffix().compare(QLatin1String("wav"), Qt::CaseInsensitive) != 0)
-        return because("%1: expected a sound file (.wav)");
+        return because(Translated("expected a sound file (.wav)"));
     const Scene& scene = m_session.Current();
     const SceneTrack* const row = scene.FindTrack(m_tracks.IdOf(track));
-    if (!row)
-        return because("%1: sounds go on a row of clips");
-    if (const char* const reason = kReasons.at(static_cast<std::size_t>(row->kind)))
+    const QString reason = ReasonAgainstSound(scene, row, frame);
+    if (!reason.isEmpty())
         return because(reason);
-    if (row->locked)
-        return because("%1: the row is locked");
     if (frame < 0 || frame >= scene.frameCount)
-        return because("%1: the scene ends before this frame");
-    if (m_manager.CheckIdleClip(track, frame))
-        return because("%1: a locked clip is in the way");
+        return because(Translated("the scene ends before this frame"));
     return {};
 }
 

@@ -17,8 +17,10 @@ struct TimelinePlace
     int frame = 0;
 };
 
-/// Finds the row and the frame at a point of the timeline. The timeline names both to its host when
-/// a file is held over a row: asked so, it answers for any point, whatever the zoom.
+/// Finds the row and the frame at a point of the timeline. A workaround: the timeline has no
+/// question for it, but it names both to its host when a file is held over a row, whatever the
+/// zoom. So this pretends to hold a file there, of a name that no real one has, and the host's
+/// callback has to hand every held file to Answer first.
 class FrameProbe
 {
 public:

@@ -1,13 +1,16 @@
 #include "HostOptions.h"
 
+#include "ToolkitOptions.h"
+#include "script/WindowSize.h"
+
 #include <QCommandLineParser>
-#include <QRegularExpression>
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace host {
 
 namespace {
-
-constexpr int kLargestSide = 16384; ///< pixels; a window beyond it cannot be painted
 
 struct Options
 {
@@ -24,16 +27,10 @@ struct Options
         QStringLiteral("grab-screen"),
         QStringLiteral("Write what the screen shows of the window and leave."),
         QStringLiteral("PNG")};
+    QCommandLineOption script{QStringLiteral("script"),
+                              QStringLiteral("Run the commands in FILE, a line each."),
+                              QStringLiteral("FILE")};
 };
-
-bool ParseSize(const QString& text, QSize& size)
-{
-    static const QRegularExpression pattern(QStringLiteral("^([0-9]{1,5})x([0-9]{1,5})$"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    size = {match.captured(1).toInt(), match.captured(2).toInt()};
-    return match.hasMatch() && !size.isEmpty() && size.width() <= kLargestSide &&
-           size.height() <= kLargestSide;
-}
 
 bool ParseFrame(const QString& text, int& frame)
 {
@@ -52,15 +49,20 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     const Options known;
-    parser.addOptions({known.skin, known.size, known.frame, known.screenshot, known.screenGrab});
+    parser.addOptions(
+        {known.skin, known.size, known.frame, known.screenshot, known.screenGrab, known.script});
     parser.addPositionalArgument(QStringLiteral("FILES"),
                                  QStringLiteral("A document (.ktl), or a motion capture (.bvh), "
                                                 "mouth cues (.json, .tsv) and sounds (.wav); "
                                                 "none: the sample scene."),
                                  QStringLiteral("[FILES...]"));
-    if (!parser.parse(arguments)) {
+    if (!parser.parse(WithoutToolkitOptions(arguments))) {
         error = parser.errorText();
         return std::nullopt;
+    }
+    if (parser.isSet(QStringLiteral("help-all"))) {
+        std::fputs(qUtf8Printable(parser.helpText() + ToolkitHelp()), stdout);
+        std::exit(EXIT_SUCCESS);
     }
     if (parser.isSet(help))
         parser.showHelp();
@@ -72,8 +74,20 @@ std::optional<HostOptions> ParseOptions(const QStringList& arguments, QString& e
     options.skin = parser.value(known.skin);
     options.screenshot = parser.value(known.screenshot);
     options.screenGrab = parser.value(known.screenGrab);
+    if (parser.isSet(known.screenshot) && parser.isSet(known.screenGrab)) {
+        error = QStringLiteral("--grab-screen: expected no --screenshot with it");
+        return std::nullopt;
+    }
+    options.script = parser.value(known.script);
+    if (parser.isSet(known.script) &&
+        (parser.isSet(known.screenshot) || parser.isSet(known.screenGrab))) {
+        error = QStringLiteral("--script: takes its pictures itself, by the command screenshot");
+        return std::nullopt;
+    }
     options.isSizeGiven = parser.isSet(known.size);
-    if (options.isSizeGiven && !ParseSize(parser.value(known.size), options.size)) {
+    const auto size = ReadWindowSize(parser.value(known.size));
+    options.size = size.value_or(options.size);
+    if (options.isSizeGiven && !size) {
         error = QStringLiteral("--size: expected WIDTHxHEIGHT in pixels, such as 1280x720");
         return std::nullopt;
     }

@@ -18,6 +18,7 @@ struct HostOptions
     std::optional<int> frame; ///< current frame at the start; none: the document's, or the first
     QString screenshot;       ///< write a picture of the window here and leave; empty: stay
     QString screenGrab;       ///< the same, taken from the screen
+    QString script;           ///< run this script file in the window; empty: none
 };
 
 /// Reads the command line. For --help and --version it answers them and leaves the program. Nothing

@@ -25,7 +25,7 @@ QString NameOf(const QStringList& files)
 
 ImportCommand::ImportCommand(QWidget* window, CTimelineManager& manager, EditSession& session)
     : QObject(window), m_manager(manager), m_session(session),
-      m_action(new QAction(tr("Import…"), this))
+      m_action(new QAction(tr("&Import…"), this))
 {
     m_action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
     m_action->setToolTip(tr("Bring a motion capture, mouth cues or sounds into the scene"));
@@ -87,7 +87,9 @@ void ImportCommand::Finish()
 {
     // Gone before the scene changes: whoever hears of that may import again.
     const std::unique_ptr<ImportJob> job = std::move(m_job);
-    m_progress.reset();
+    // A dialog that shows how far it is handles events meanwhile, and this may be one of them.
+    m_progress->hide();
+    m_progress.release()->deleteLater();
     const QString name = NameOf(job->Files());
     if (job->Result())
         Apply(*job->Result(), name);
@@ -107,11 +109,17 @@ void ImportCommand::Apply(const Material& material, const QString& name)
         Tell(tr("%1: %2").arg(name, reason));
         return;
     }
+    if (scene == m_session.Current()) {
+        Tell(tr("%1 is in the scene already").arg(name));
+        return;
+    }
     m_session.Begin();
     m_session.Step(tr("Import %1").arg(name), scene);
     if (sceneChanged)
         sceneChanged();
     m_session.Commit();
+    if (!material.problems.isEmpty()) // in place of the name of the edit, which is told by others
+        Tell(tr("Import %1, silent: %2").arg(name, material.problems.join(QStringLiteral("; "))));
 }
 
 void ImportCommand::Tell(const QString& text) const

@@ -8,15 +8,18 @@ namespace host {
 
 namespace {
 
-QVector<KeyId> SelectedIn(const CTimelineKeyArray& keys)
+void Select(CTimelineKeyArray& keys, const QVector<KeyId>& selected)
 {
-    QVector<KeyId> selected;
-    for (const int index : keys.SelectedIndexes()) {
-        const KeyId id = KeyIdAt(keys, index);
-        if (id != kNoKey)
-            selected.append(id);
+    if (selected.isEmpty()) // so it is on nearly every row
+        return;
+    const QSet<KeyId> ids(selected.cbegin(), selected.cend());
+    std::vector<CTimelineKeyArray::Choice> choices;
+    const int count = static_cast<int>(keys.GetSize());
+    for (int index = 0; index < count; ++index) {
+        if (ids.contains(TimelineKeys::IdOf(*keys.Keys()[static_cast<std::size_t>(index)])))
+            choices.push_back({index, true});
     }
-    return selected;
+    keys.SetSelectionOfKeys(choices);
 }
 
 KeySelection SelectionInside(TrackId row, const CTimelineKeyArray& keys)
@@ -52,6 +55,17 @@ KeyId KeyIdAt(const CTimelineKeyArray& keys, int index)
     return TimelineKeys::IdOf(*keys.GetAt(index));
 }
 
+QVector<KeyId> SelectedIn(const CTimelineKeyArray& keys)
+{
+    QVector<KeyId> selected;
+    for (const int index : keys.SelectedIndexes()) {
+        const KeyId id = KeyIdAt(keys, index);
+        if (id != kNoKey)
+            selected.append(id);
+    }
+    return selected;
+}
+
 QVector<KeySelection> SelectionOn(const SceneTracks& tracks, const Scene& scene,
                                   const QVector<TrackId>& rows)
 {
@@ -70,12 +84,18 @@ QVector<KeySelection> SelectionOn(const SceneTracks& tracks, const Scene& scene,
 
 void SelectOnly(CTimelineKeyArray& keys, const QVector<KeyId>& selected)
 {
-    const QSet<KeyId> ids(selected.cbegin(), selected.cend());
     keys.ClearAllSelection();
-    const int count = static_cast<int>(keys.GetSize());
-    for (int index = 0; index < count; ++index) {
-        if (ids.contains(KeyIdAt(keys, index)))
-            keys.SetSelectionByIndex(index, index, true, TL_KEY_ANY_KIND);
+    Select(keys, selected);
+}
+
+void SelectToo(CTimelineKeyArray& keys, const KeySelection& selected)
+{
+    if (selected.clip == kNoKey)
+        return Select(keys, selected.keys);
+    Select(keys, {selected.clip});
+    for (const VZ::CPointer<CTimelineKey>& clip : keys.Keys()) {
+        if (TimelineKeys::IdOf(*clip) == selected.clip && clip->subKeys)
+            SelectOnly(*clip->subKeys, selected.keys);
     }
 }
 

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "CaptionButtons.h"
+#include "EditRequests.h"
 #include "FileDrops.h"
 #include "GestureEdits.h"
 #include "KeyCommands.h"
 #include "RangeCommands.h"
 #include "SceneTracks.h"
+#include "ShownScene.h"
+#include "SkinSwitch.h"
 #include "TimelineCallbacks.h"
 #include "TimelineWindowFactory.h"
 #include "document/EditSession.h"
@@ -19,12 +22,14 @@
 namespace host {
 
 class EditMenu;
+class FrameProbe;
 class ImportCommand;
+class PointerWatch;
+class PreviewPane;
 class RowMenu;
 class SkinMenu;
 class StatusLine;
 class TimelineMenu;
-class TimelineWindow;
 class Transport;
 class WindowDrops;
 
@@ -67,8 +72,11 @@ public:
     ImportCommand& Import() { return *m_import; }
     /// The files that are dropped on the window.
     WindowDrops& Drops() { return *m_windowDrops; }
+    PreviewPane& Preview() { return *m_preview; }
     Transport& Player() { return *m_transport; }
     const SceneTracks& Tracks() const { return m_tracks; }
+    /// Says what lies at a point of the timeline.
+    FrameProbe& Probe();
     /// What was done, to be undone.
     UndoHistory& History() { return m_history; }
     /// The first menu, which is empty as long as nobody fills it.
@@ -81,25 +89,19 @@ signals:
     void CurrentFrameChanged(int frame);
 
 private:
+    void AddParts();
+    void AddMenus();
+    void AddPlayback();
     void ConnectTimeline();
     void ConnectHistory();
     void ConnectImport();
-    void AddPlayback();
-    void AddMenus();
-    void WatchPointer();
-    bool DrawIn(const QString& skinPath);
-    bool RedrawIn(const QString& skinPath);
-    void ShowTimes(const Scene& scene);
+    void ConnectPointer();
+    void TakeWindow(TimelineWindow& window, const QString& skinPath);
+    void FocusTimeline();
     void ShowScene();
-    void ShowRowStates();
-    void ShowArrows();
+    void ShowFrame(int frame);
     void UpdateCommands();
-    void TellOfLocks(TLEditType type, const TrackList& list);
-    int EditKeys(TLEditType type, const TrackList& list, int value1, int value2);
-    void ToggleRows(CTimelineTrackBase* switchTrack, int button);
-    void MoveTimeMark(int mark, int frame, bool isFinal);
     void ClickCaptionButton(CTimelineTrackBase* track, int button, QPoint place);
-    TimelineWindow* Window();
 
     // Destroyed from the last to the first: the manager goes before what it calls.
     EditSession m_session;
@@ -109,21 +111,28 @@ private:
     SceneTracks m_tracks;
     GestureEdits m_gestures;
     KeyCommands m_commands;
+    EditRequests m_requests;
     FileDrops m_drops;
     CaptionButtons m_captionButtons;
+    SwitchRows m_switchRows;
     RangeCommands m_ranges;
+    ShownScene m_scene;
+    SkinSwitch m_skins;
     CTimelineManager m_manager;
     UndoHistory m_history;
     // The window's:
     QMenu* m_fileMenu;
+    QMenu* m_edit;
     EditMenu* m_editMenu;
+    PreviewPane* m_preview;
     ImportCommand* m_import;
     WindowDrops* m_windowDrops;
     Transport* m_transport;
     TimelineMenu* m_timelineMenu = nullptr;
     SkinMenu* m_skinMenu = nullptr;
     RowMenu* m_rowMenu = nullptr;
-    StatusLine* m_statusLine = nullptr;
+    PointerWatch* m_pointer;
+    StatusLine* m_statusLine;
 };
 
 } // namespace host

@@ -1,7 +1,9 @@
 #include "RangeCommands.h"
 
+#include "AppliedEdit.h"
 #include "KeySelections.h"
 #include "SceneTracks.h"
+#include "document/EditNames.h"
 #include "document/KeyList.h"
 
 #include <algorithm>
@@ -45,29 +47,21 @@ void RangeCommands::Select()
         if (CTimelineKeyArray* const keys = m_tracks.KeysOf(row.id))
             keys->ClearAllSelection();
     }
-    for (const KeySelection& row : Keys(range, false)) {
-        CTimelineKeyArray& keys = *m_tracks.KeysOf(row.track);
-        if (row.clip == kNoKey) {
-            SelectOnly(keys, row.keys);
-            continue;
-        }
-        SelectOnly(keys, {row.clip});
-        const VZ::CPointer<CTimelineKey> clip =
-            keys.SelGetSize() > 0 ? keys.SelGetKeyAt(0) : VZ::CPointer<CTimelineKey>();
-        if (clip && clip->subKeys)
-            SelectOnly(*clip->subKeys, row.keys);
-    }
+    for (const KeySelection& row : Keys(range, false))
+        SelectToo(*m_tracks.KeysOf(row.track), row);
     m_manager.InvalidateTimeline();
 }
 
 void RangeCommands::Delete()
 {
     const Range range = Current();
-    if (range.row == kNoTrack)
+    const QVector<KeySelection> keys =
+        range.row == kNoTrack ? QVector<KeySelection>() : Keys(range, true);
+    if (keys.isEmpty())
         return;
     Scene scene = m_session.Current();
-    DeleteKeys(scene, Keys(range, true));
-    Apply(tr("Delete Range"), scene);
+    DeleteKeys(scene, keys);
+    ApplyEdit(m_session, m_tracks, DeleteName(ItemsOf(m_session.Current(), keys)), scene);
 }
 
 void RangeCommands::Shift(int frames)
@@ -81,7 +75,7 @@ void RangeCommands::Shift(int frames)
     Scene scene = before;
     MoveKeys(scene, keys, frames);
     const int moved = FramesMoved(before, scene, keys.first());
-    Apply(tr("Shift Range"), scene);
+    ApplyEdit(m_session, m_tracks, MoveName(ItemsOf(before, keys), moved), scene);
     const int last = scene.frameCount - 1;
     m_manager.SetTrackSelFrame(m_tracks.TrackOf(range.row),
                                std::clamp(range.first + moved, 0, last),
@@ -101,7 +95,19 @@ void RangeCommands::Mark()
     Scene scene = m_session.Current();
     scene.timeMark = {range.first, range.last};
     m_manager.SetTimeMarkFrame(range.first, range.last);
-    m_session.Apply(tr("Mark Range"), scene);
+    m_session.Apply(tr("Mark frames %1 to %2").arg(range.first).arg(range.last), scene);
+}
+
+void RangeCommands::DropLeftEnds()
+{
+    for (const SceneTrack& row : m_session.Current().tracks) {
+        CTimelineTrackBase* const track = m_tracks.TrackOf(row.id);
+        int first = -1;
+        int last = -1;
+        m_manager.GetTrackSelFrame(track, first, last);
+        if (first < 0 && last >= 0)
+            m_manager.SetTrackSelFrame(track, -1, -1);
+    }
 }
 
 RangeCommands::Range RangeCommands::Current() const
@@ -124,14 +130,6 @@ QVector<KeySelection> RangeCommands::Keys(const Range& range, bool forChange) co
     };
     rows.erase(std::remove_if(rows.begin(), rows.end(), isLeftOut), rows.end());
     return KeysWithin(scene, rows, range.first, range.last);
-}
-
-void RangeCommands::Apply(const QString& name, const Scene& scene)
-{
-    m_session.Begin();
-    m_session.Step(name, scene);
-    m_tracks.ShowKeys(scene);
-    m_session.Commit(); // who hears of it finds the timeline in step
 }
 
 } // namespace host

@@ -31,6 +31,9 @@ public:
     void ShiftToCurrentFrame();
     /// Puts the ruler's markers at its ends.
     void Mark();
+    /// A row that loses its range keeps the frame where it ended, and would be drawn as selected
+    /// from the first frame to there: takes that away as well.
+    void DropLeftEnds();
 
 private:
     struct Range
@@ -41,7 +44,6 @@ private:
     };
     Range Current() const;
     QVector<KeySelection> Keys(const Range& range, bool forChange) const;
-    void Apply(const QString& name, const Scene& scene);
 
     CTimelineManager& m_manager;
     SceneTracks& m_tracks;

@@ -5,19 +5,12 @@
 
 #include <QMenu>
 
-#include <array>
-
 namespace host {
 
 namespace {
 
 constexpr int kSeparator = -1;
 constexpr int kFirstState = 1000; ///< above the numbers of all edits
-
-/// In the order of RowState.
-constexpr std::array<const char*, 3> kStates{QT_TRANSLATE_NOOP("RowMenu", "Mute"),
-                                             QT_TRANSLATE_NOOP("RowMenu", "Solo"),
-                                             QT_TRANSLATE_NOOP("RowMenu", "Lock")};
 
 } // namespace
 
@@ -32,13 +25,13 @@ void RowMenu::Fill(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& m
     if (!m_buttons.Concerns(track))
         return;
     m_edits.FillRowMenu(track, m_buttons.Has(track, RowState::Locked), menu);
-    m_entries.resize(kStates.size() + 1);
+    m_entries.resize(kRowStates.size() + 1);
     m_entries.front().command = kSeparator;
-    for (std::size_t i = 0; i < kStates.size(); ++i) {
+    for (std::size_t i = 0; i < kRowStates.size(); ++i) {
         _tmpTLMenuMapData& entry = m_entries[i + 1];
         entry.command = kFirstState + static_cast<int>(i);
-        const bool isOn = m_buttons.Has(track, static_cast<RowState>(i));
-        entry.text = tr(kStates[i]);
+        const bool isOn = m_buttons.Has(track, kRowStates[i]);
+        entry.text = u'&' + TextsOf(kRowStates[i]).name;
         entry.checked = isOn;
     }
     for (_tmpTLMenuMapData& entry : m_entries)
@@ -47,7 +40,7 @@ void RowMenu::Fill(CTimelineTrackBase* track, std::vector<_tmpTLMenuMapData*>& m
 
 void RowMenu::Run(CTimelineTrackBase* track, int command)
 {
-    if (command >= kFirstState)
+    if (command >= kFirstState && command < kFirstState + static_cast<int>(kRowStates.size()))
         m_buttons.Toggle(track, static_cast<RowState>(command - kFirstState));
     else
         m_edits.RunFromRow(track, command);
@@ -61,19 +54,29 @@ void RowMenu::Open(CTimelineTrackBase* track, QPoint place)
         return;
     auto* const menu = new QMenu(m_parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const _tmpTLMenuMapData* const entry : entries) {
-        if (entry->command < 0) {
-            menu->addSeparator();
-            continue;
-        }
-        const int command = entry->command;
-        QAction* const action =
-            menu->addAction(entry->text, this, [this, track, command] { Run(track, command); });
-        action->setCheckable(command >= kFirstState);
-        action->setChecked(entry->checked);
-        action->setEnabled(entry->enabled);
-    }
+    AddEntries(*menu, track, entries);
     menu->popup(place);
+}
+
+void RowMenu::AddEntries(QMenu& menu, CTimelineTrackBase* track,
+                         const std::vector<_tmpTLMenuMapData*>& entries)
+{
+    for (const _tmpTLMenuMapData* const entry : entries) {
+        const int command = entry->command;
+        if (command < 0) {
+            menu.addSeparator();
+        } else if (!entry->children.empty()) {
+            QMenu* const below = menu.addMenu(entry->text);
+            below->setEnabled(entry->enabled);
+            AddEntries(*below, track, entry->children);
+        } else {
+            QAction* const action =
+                menu.addAction(entry->text, this, [this, track, command] { Run(track, command); });
+            action->setCheckable(command >= kFirstState);
+            action->setChecked(entry->checked);
+            action->setEnabled(entry->enabled);
+        }
+    }
 }
 
 } // namespace host

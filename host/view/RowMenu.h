@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QMenu;
 class QWidget;
 
 namespace host {
@@ -31,6 +32,9 @@ public:
     void Open(CTimelineTrackBase* track, QPoint place);
 
 private:
+    void AddEntries(QMenu& menu, CTimelineTrackBase* track,
+                    const std::vector<_tmpTLMenuMapData*>& entries);
+
     QWidget* m_parent;
     EditMenu& m_edits;
     CaptionButtons& m_buttons;

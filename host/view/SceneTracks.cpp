@@ -159,6 +159,7 @@ void SceneTracks::Clear()
     for (CTimelineTrackBase* const track : qAsConst(m_tracks))
         m_manager.DeleteTrack(track);
     m_tracks.clear();
+    m_ids.clear();
     m_keys = TimelineKeys();
     m_shown = Scene();
 }
@@ -171,6 +172,7 @@ bool SceneTracks::MakeTrack(const SceneTrack& track)
     if (!made)
         return false;
     m_tracks.insert(track.id, made);
+    m_ids.insert(made, track.id);
     if (track.parent == kNoTrack)
         m_manager.ShowRootTrack(made, kLast, false);
     else

@@ -29,6 +29,9 @@ public:
     /// False as for Show.
     bool Update(const Scene& scene);
 
+    /// Whether Update keeps the rows: @p scene has the same.
+    bool HasRowsOf(const Scene& scene) const;
+
     /// Brings the keys of the tracks shown into line with @p scene, which has the same tracks: of
     /// those whose keys are others than when they were last shown, and of @p touched, whose keys
     /// the timeline has changed by itself. Selected keys stay selected.
@@ -42,19 +45,19 @@ public:
     /// The timeline's keys of the scene's track, or null.
     CTimelineKeyArray* KeysOf(TrackId id) const { return m_manager.GetKeyDataArray(TrackOf(id)); }
     /// The scene's track for the timeline's, or kNoTrack.
-    TrackId IdOf(CTimelineTrackBase* track) const { return m_tracks.key(track, kNoTrack); }
+    TrackId IdOf(CTimelineTrackBase* track) const { return m_ids.value(track, kNoTrack); }
 
 private:
     void Clear();
     bool MakeTrack(const SceneTrack& track);
     void Fill(const SceneTrack& track);
-    bool HasRowsOf(const Scene& scene) const;
     void UpdateRow(const Scene& scene, const SceneTrack& track, const SceneTrack& shown);
     void ShowRelatedKeys(const Scene& scene);
     void Relate(const QVector<TrackRelation>& relations);
 
     CTimelineManager& m_manager;
     QHash<TrackId, CTimelineTrackBase*> m_tracks;
+    QHash<CTimelineTrackBase*, TrackId> m_ids; ///< the same the other way round
     TimelineKeys m_keys;
     Scene m_shown; ///< the scene whose keys the timeline shows
 };

@@ -19,8 +19,8 @@ struct Skin
 };
 
 constexpr std::array<Skin, 2> kSkins{
-    {{QT_TRANSLATE_NOOP("SkinMenu", "Dark"), "skins/default.ini"},
-     {QT_TRANSLATE_NOOP("SkinMenu", "High Contrast"), "skins/contrast.ini"}}};
+    {{QT_TRANSLATE_NOOP("SkinMenu", "&Dark"), "skins/default.ini"},
+     {QT_TRANSLATE_NOOP("SkinMenu", "&High Contrast"), "skins/contrast.ini"}}};
 
 QString PathOf(const QString& file)
 {

@@ -17,7 +17,7 @@ void Tell(const Handler& handler, Arguments&&... arguments)
 
 void TimelineCallbacks::OnCurrentFrameChanged(int, bool)
 {
-    Tell(situationChanged); // the frame display hears of it through the timeline's window
+    // The timeline's window hears of it as well, and of what the host itself does.
 }
 
 void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
@@ -25,8 +25,10 @@ void TimelineCallbacks::OnMoveTimeMark(int mark, int frame, bool flag)
     Tell(timeMarkMoved, mark, frame, flag);
 }
 
-void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase*, CTimelineTrackBase*)
+void TimelineCallbacks::OnActiveTrackChanged(CTimelineTrackBase* root, CTimelineTrackBase* child)
 {
+    Tell(activeTrackChanged, root, child);
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 
@@ -61,11 +63,13 @@ void TimelineCallbacks::OnSelectedTrackRightMenu(CTimelineTrackBase* track, int 
 
 void TimelineCallbacks::OnSelectedDataCleared()
 {
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 
 void TimelineCallbacks::OnSelectedDataChanged()
 {
+    Tell(selectionChanged);
     Tell(situationChanged);
 }
 
@@ -74,9 +78,9 @@ bool TimelineCallbacks::OnTrackDropFile(TLDropFileType type, QString path)
     return fileDropped && fileDropped(type, path);
 }
 
-void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int type)
+void TimelineCallbacks::OnCheckDragFile(CTimelineTrackBase* track, QString path, int frame)
 {
-    Tell(fileHeld, track, path, type);
+    Tell(fileHeld, track, path, frame);
 }
 
 } // namespace host

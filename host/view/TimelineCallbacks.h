@@ -14,6 +14,11 @@ public:
     /// Something changed that commands depend on: the selection, the active track, the current
     /// frame.
     std::function<void()> situationChanged;
+    /// The selection is another one, or another track is active; told before situationChanged.
+    std::function<void()> selectionChanged;
+    /// The user has gone to another row. Given are the active root and the active row below a root,
+    /// as the timeline tells them.
+    std::function<void(CTimelineTrackBase* root, CTimelineTrackBase* child)> activeTrackChanged;
     /// A marker of the ruler stands at @p frame now. @p mark: 0 start, 1 end. @p isFinal: it was
     /// let go.
     std::function<void(int mark, int frame, bool isFinal)> timeMarkMoved;
@@ -49,7 +54,7 @@ public:
     void OnSelectedDataCleared() override;
     void OnSelectedDataChanged() override;
     bool OnTrackDropFile(TLDropFileType type, QString path) override;
-    void OnCheckDragFile(CTimelineTrackBase* track, QString path, int type) override;
+    void OnCheckDragFile(CTimelineTrackBase* track, QString path, int frame) override;
 };
 
 } // namespace host

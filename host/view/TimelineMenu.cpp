@@ -3,6 +3,7 @@
 #include "CaptionButtons.h"
 #include "RangeCommands.h"
 #include "TimelineWindow.h"
+#include "document/EditNames.h"
 
 #include <QAction>
 #include <QMenu>
@@ -20,22 +21,24 @@ struct View
 };
 
 constexpr std::array<View, 4> kViews{
-    {{ViewCommand::ZoomIn, QT_TRANSLATE_NOOP("TimelineMenu", "Zoom In\t+")},
-     {ViewCommand::ZoomOut, QT_TRANSLATE_NOOP("TimelineMenu", "Zoom Out\t-")},
-     {ViewCommand::ShowAll, QT_TRANSLATE_NOOP("TimelineMenu", "Show All Frames\t*")},
-     {ViewCommand::ShowClosest, QT_TRANSLATE_NOOP("TimelineMenu", "Show Closest\t/")}}};
+    {{ViewCommand::ZoomIn, QT_TRANSLATE_NOOP("TimelineMenu", "Zoom &In\t+")},
+     {ViewCommand::ZoomOut, QT_TRANSLATE_NOOP("TimelineMenu", "Zoom &Out\t-")},
+     {ViewCommand::ShowAll, QT_TRANSLATE_NOOP("TimelineMenu", "Show &All Frames\t*")},
+     {ViewCommand::ShowClosest, QT_TRANSLATE_NOOP("TimelineMenu", "Show &Closest\t/")}}};
 
-struct State
+/// In the order of the states: the letter of "Mute Row", "Solo Row" and "Lock Row" that chooses it.
+constexpr std::array<int, kRowStates.size()> kStateMnemonics{0, 1, 3};
+
+/// In the order of the states.
+constexpr std::array<const char*, kRowStates.size()> kStateShortcuts{"Ctrl+M", "Ctrl+Shift+M",
+                                                                     "Ctrl+L"};
+
+/// "&Mute Row"
+QString Accelerated(RowState state)
 {
-    RowState state;
-    const char* text;
-    const char* shortcut;
-};
-
-constexpr std::array<State, 3> kStates{
-    {{RowState::Muted, QT_TRANSLATE_NOOP("TimelineMenu", "Mute Row"), "Ctrl+M"},
-     {RowState::Soloed, QT_TRANSLATE_NOOP("TimelineMenu", "Solo Row"), "Ctrl+Shift+M"},
-     {RowState::Locked, QT_TRANSLATE_NOOP("TimelineMenu", "Lock Row"), "Ctrl+L"}}};
+    QString text = TextsOf(state).switchOn.arg(TimelineMenu::tr("Row"));
+    return text.insert(kStateMnemonics.at(static_cast<std::size_t>(state)), u'&');
+}
 
 } // namespace
 
@@ -89,12 +92,12 @@ void TimelineMenu::AddRanges(QMenu* menu)
         m_commands.Add(menu, {text, QLatin1String(shortcut),
                               [&ranges] { return ranges.HasRange(); }, std::move(run)});
     };
-    add(tr("Select Range"), "Ctrl+R", [&ranges] { ranges.Select(); });
-    add(tr("Delete Range"), "Ctrl+Del", [&ranges] { ranges.Delete(); });
-    add(tr("Shift Range Earlier"), "Ctrl+Alt+Left", [&ranges] { ranges.Shift(-1); });
-    add(tr("Shift Range Later"), "Ctrl+Alt+Right", [&ranges] { ranges.Shift(1); });
-    add(tr("Shift Range to Current Frame"), "", [&ranges] { ranges.ShiftToCurrentFrame(); });
-    add(tr("Mark Range"), "", [&ranges] { ranges.Mark(); });
+    add(tr("&Select Range"), "Ctrl+R", [&ranges] { ranges.Select(); });
+    add(tr("&Delete Range"), "Ctrl+Del", [&ranges] { ranges.Delete(); });
+    add(tr("Shift Range &Earlier"), "Alt+Shift+Left", [&ranges] { ranges.Shift(-1); });
+    add(tr("Shift Range &Later"), "Alt+Shift+Right", [&ranges] { ranges.Shift(1); });
+    add(tr("Shift Range to Current &Frame"), "", [&ranges] { ranges.ShiftToCurrentFrame(); });
+    add(tr("Mark &Range"), "", [&ranges] { ranges.Mark(); });
 }
 
 void TimelineMenu::AddMarks(QMenu* menu)
@@ -104,14 +107,14 @@ void TimelineMenu::AddMarks(QMenu* menu)
     const auto add = [&](const QString& text, const char* shortcut, std::function<void()> run) {
         m_commands.Add(menu, {text, QLatin1String(shortcut), nullptr, std::move(run)});
     };
-    add(tr("Mark Start Here"), "Ctrl+[", [this, current, mark] {
-        MarkFrames(tr("Mark Start"), current(), std::max(current(), mark().end));
+    add(tr("Mark S&tart Here"), "Shift+Home", [this, current, mark] {
+        MarkFrames(MarkerName(true, current()), current(), std::max(current(), mark().end));
     });
-    add(tr("Mark End Here"), "Ctrl+]", [this, current, mark] {
-        MarkFrames(tr("Mark End"), std::min(current(), mark().start), current());
+    add(tr("Mark E&nd Here"), "Shift+End", [this, current, mark] {
+        MarkFrames(MarkerName(false, current()), std::min(current(), mark().start), current());
     });
-    add(tr("Mark Whole Scene"), "", [this] {
-        MarkFrames(tr("Mark Whole Scene"), 0, m_subjects.session.Current().frameCount - 1);
+    add(tr("Mark &Whole Scene"), "", [this] {
+        MarkFrames(tr("Mark whole scene"), 0, m_subjects.session.Current().frameCount - 1);
     });
 }
 
@@ -119,11 +122,10 @@ void TimelineMenu::AddRowStates(QMenu* menu)
 {
     CTimelineManager& manager = m_subjects.manager;
     CaptionButtons& rows = m_subjects.rows;
-    for (const State& each : kStates) {
-        const RowState state = each.state;
+    for (const RowState state : kRowStates) {
         QAction* const action = m_commands.Add(
             menu,
-            {tr(each.text), QLatin1String(each.shortcut),
+            {Accelerated(state), QLatin1String(kStateShortcuts.at(static_cast<std::size_t>(state))),
              [&rows, &manager] { return rows.Concerns(manager.GetActiveChildTrack()); },
              [&rows, &manager, state] { rows.Toggle(manager.GetActiveChildTrack(), state); }});
         action->setCheckable(true);
@@ -134,7 +136,7 @@ void TimelineMenu::AddRowStates(QMenu* menu)
 void TimelineMenu::AddClipEnds(QMenu* menu)
 {
     m_clipSpeed = m_commands.Add(
-        menu, {tr("Clip Ends Change Speed"), QStringLiteral("Ctrl+E"), nullptr, [this] {
+        menu, {tr("&Clip Ends Change Speed"), QStringLiteral("Ctrl+E"), nullptr, [this] {
                    if (m_window)
                        m_window->SetClipSpeed(m_clipSpeed->isChecked());
                }});

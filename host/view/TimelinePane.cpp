@@ -1,12 +1,16 @@
 #include "TimelinePane.h"
 
-#include <QAction>
+#include <QActionGroup>
 #include <QEvent>
+#include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace host {
 
@@ -18,19 +22,18 @@ constexpr int kRowHeight = 20;  ///< pixels that a notch of the wheel scrolls a 
 } // namespace
 
 TimelinePane::TimelinePane(QWidget* parent)
-    : QWidget(parent), m_toolBar(new QToolBar(this)), m_frameLabel(new QLabel),
+    : QWidget(parent), m_toolBar(new QToolBar(this)), m_frameLabel(new QLabel(this)),
       m_view(new QScrollArea(this))
 {
-    m_clipSpeed =
-        AddTool(tr("Clip Speed"),
-                tr("Let the end of a clip change its speed instead of its loops (Ctrl+E)"));
-    m_clipSpeed->setCheckable(true);
+    constexpr int kIconSide = 16; // pixels
+    m_toolBar->setIconSize({kIconSide, kIconSide});
+    m_modesOfClips = m_toolBar->addWidget(new QLabel(tr("Clip ends:")));
+    auto* const modes = new QActionGroup(this);
+    m_clipLoop = AddMode(*modes, tr("Loop"), tr("Let the end of a clip change its loops"));
+    m_clipSpeed = AddMode(*modes, tr("Speed"), tr("Let the end of a clip change its speed"));
+    m_clipLoop->setChecked(true);
     connect(m_clipSpeed, &QAction::toggled, this, &TimelinePane::ClipSpeedToggled);
-    auto* const space = new QWidget;
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    m_space = m_toolBar->addWidget(space);
     m_frameLabel->setContentsMargins(0, 0, kLabelMargin, 0);
-    m_toolBar->addWidget(m_frameLabel);
 
     m_view->verticalScrollBar()->setSingleStep(kRowHeight);
     m_view->setFrameShape(QFrame::NoFrame);
@@ -40,7 +43,11 @@ TimelinePane::TimelinePane(QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_toolBar);
+    // The frame has a place of its own, which no tool takes from it in a narrow window.
+    auto* const tools = new QHBoxLayout;
+    tools->addWidget(m_toolBar, 1);
+    tools->addWidget(m_frameLabel);
+    layout->addLayout(tools);
     layout->addWidget(m_view, 1);
 }
 
@@ -48,7 +55,7 @@ void TimelinePane::AdoptTimeline()
 {
     const auto children = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget* const child : children) {
-        if (child == m_toolBar || child == m_view)
+        if (child == m_toolBar || child == m_view || child == m_frameLabel)
             continue;
         m_view->setWidget(child);
         child->setAutoFillBackground(false); // the timeline paints all of itself
@@ -72,22 +79,45 @@ void TimelinePane::SetFrameText(const QString& text)
     m_frameLabel->setText(text);
 }
 
-QAction* TimelinePane::AddTool(const QString& text, const QString& tip)
+QAction* TimelinePane::AddTool(const QIcon& icon, const QString& text, const QString& tip)
 {
-    auto* const tool = new QAction(text, this);
+    auto* const tool = new QAction(icon, text, this);
     tool->setToolTip(tip);
-    m_toolBar->insertAction(m_clipSpeed ? m_clipSpeed : m_space, tool);
+    m_toolBar->insertAction(m_modesOfClips, tool);
     return tool;
+}
+
+QAction* TimelinePane::AddMode(QActionGroup& modes, const QString& text, const QString& tip)
+{
+    QAction* const mode = m_toolBar->addAction(text);
+    mode->setToolTip(tip);
+    mode->setCheckable(true);
+    modes.addAction(mode);
+    return mode;
 }
 
 void TimelinePane::AddSeparator()
 {
-    m_toolBar->insertSeparator(m_clipSpeed);
+    m_toolBar->insertSeparator(m_modesOfClips);
 }
 
 void TimelinePane::SetClipSpeed(bool isSpeed)
 {
-    m_clipSpeed->setChecked(isSpeed);
+    (isSpeed ? m_clipSpeed : m_clipLoop)->setChecked(true);
+}
+
+int TimelinePane::RowWidth() const
+{
+    const QWidget* const timeline = m_view->widget();
+    if (!timeline)
+        return 0;
+    int left = 0; // of the ruler, which is at the top and starts where the rows do
+    for (const QWidget* const child :
+         timeline->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!child->isHidden() && child->y() == 0)
+            left = std::max(left, child->x());
+    }
+    return timeline->width() - left;
 }
 
 int TimelinePane::VerticalScroll() const

@@ -3,6 +3,8 @@
 #include <QWidget>
 
 class QAction;
+class QActionGroup;
+class QIcon;
 class QLabel;
 class QScrollArea;
 class QToolBar;
@@ -31,7 +33,7 @@ public:
 
     void SetFrameText(const QString& text);
     /// Adds a button before that for the ends of clips; the action is the pane's.
-    QAction* AddTool(const QString& text, const QString& tip);
+    QAction* AddTool(const QIcon& icon, const QString& text, const QString& tip);
     /// Adds what separates buttons.
     void AddSeparator();
     /// What the end of a clip changes: its speed or its loops.
@@ -39,6 +41,8 @@ public:
     /// The timeline's widget, or null; and the part of the pane that it is seen in.
     QWidget* Timeline() const;
     QWidget* Viewport() const;
+    /// How wide the rows are beside their captions, in pixels; 0 without a timeline.
+    int RowWidth() const;
 
     /// The larger part of the window's height; the preview above has the rest.
     QSize sizeHint() const override;
@@ -51,8 +55,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QAction* AddMode(QActionGroup& modes, const QString& text, const QString& tip);
+
     QToolBar* m_toolBar;
-    QAction* m_space = nullptr; ///< between the buttons and the frame display
+    QAction* m_modesOfClips = nullptr; ///< what stands before the two
+    QAction* m_clipLoop = nullptr;
     QAction* m_clipSpeed = nullptr;
     QLabel* m_frameLabel;
     QScrollArea* m_view;

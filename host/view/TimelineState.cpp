@@ -9,17 +9,6 @@ namespace host {
 
 namespace {
 
-QVector<KeyId> SelectedIn(const CTimelineKeyArray& keys)
-{
-    QVector<KeyId> selected;
-    for (const int index : keys.SelectedIndexes()) {
-        const KeyId id = KeyIdAt(keys, index);
-        if (id != kNoKey)
-            selected.append(id);
-    }
-    return selected;
-}
-
 /// Whether keys inside the clips of the row can be selected: other rows need not be looked through.
 bool HasSelectionInside(const SceneTrack& track)
 {
@@ -58,14 +47,20 @@ auto Members(const RowSelection& selection)
                     selection.rangeEnd);
 }
 
-void Activate(CTimelineManager& manager, CTimelineTrackBase* row)
+void Activate(CTimelineManager& manager, const SceneTracks& tracks, const Scene& scene,
+              const TimelineState& state)
 {
-    if (manager.GetActiveChildTrack() == row)
+    CTimelineTrackBase* const root = tracks.TrackOf(state.activeRoot);
+    CTimelineTrackBase* const row = tracks.TrackOf(state.activeRow);
+    if (manager.GetActiveRootTrack() == root && manager.GetActiveChildTrack() == row)
         return;
-    if (row)
-        manager.SetActiveChildTrack(row);
-    else
+    while (manager.GetActiveRootTrack())
         manager.SetActiveRootTrack(nullptr);
+    // A row of buttons stays active when a row of another root becomes so: then there are two.
+    if (root && (!row || scene.ChildrenOf(state.activeRoot).isEmpty()))
+        manager.SetActiveRootTrack(root);
+    if (row)
+        manager.SetActiveChildTrack(row); // and its root
 }
 
 } // namespace
@@ -82,7 +77,8 @@ bool operator==(const RowSelection& a, const RowSelection& b)
 
 bool operator==(const TimelineState& a, const TimelineState& b)
 {
-    return a.frame == b.frame && a.activeRow == b.activeRow && a.rows == b.rows;
+    return a.frame == b.frame && a.activeRoot == b.activeRoot && a.activeRow == b.activeRow &&
+           a.rows == b.rows;
 }
 
 TimelineState TakeState(CTimelineManager& manager, const SceneTracks& tracks, const Scene& scene,
@@ -90,6 +86,7 @@ TimelineState TakeState(CTimelineManager& manager, const SceneTracks& tracks, co
 {
     TimelineState state;
     state.frame = frame;
+    state.activeRoot = tracks.IdOf(manager.GetActiveRootTrack());
     state.activeRow = tracks.IdOf(manager.GetActiveChildTrack());
     for (const SceneTrack& track : scene.tracks) {
         const CTimelineKeyArray* const keys = tracks.KeysOf(track.id);
@@ -111,7 +108,8 @@ TimelineState TakeState(CTimelineManager& manager, const SceneTracks& tracks, co
 void RestoreState(CTimelineManager& manager, const SceneTracks& tracks, const Scene& scene,
                   const TimelineState& state)
 {
-    Activate(manager, tracks.TrackOf(state.activeRow)); // clears selections, so it comes first
+    // Clears selections, so it comes first.
+    Activate(manager, tracks, scene, state);
     for (const SceneTrack& track : scene.tracks) {
         CTimelineKeyArray* const keys = tracks.KeysOf(track.id);
         if (!keys)

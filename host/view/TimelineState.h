@@ -26,6 +26,7 @@ struct RowSelection
 struct TimelineState
 {
     int frame = 0;
+    TrackId activeRoot = kNoTrack; ///< a row of buttons, or the root of the active row
     TrackId activeRow = kNoTrack;
     QVector<RowSelection> rows; ///< those on which anything is selected, in the scene's order
 };

@@ -22,7 +22,8 @@ TimelineWheel::TimelineWheel(TimelineWindow& window, CTimelineManager& manager)
     : QObject(&window), m_window(window), m_manager(manager)
 {
     // Rows leave the wheel to the widget that they stand in.
-    window.Pane().Viewport()->installEventFilter(this);
+    if (window.Pane())
+        window.Pane()->Viewport()->installEventFilter(this);
 }
 
 bool TimelineWheel::eventFilter(QObject*, QEvent* event)

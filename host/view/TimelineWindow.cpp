@@ -1,7 +1,6 @@
 #include "TimelineWindow.h"
 
 #include "TimelinePane.h"
-#include "document/FrameText.h"
 
 #include <QAction>
 #include <QDockWidget>
@@ -12,8 +11,8 @@ struct TimelineWindow::Tool
 {
     const char* text;
     const char* tip;
-    bool (TimelineWindow::*can)();
-    void (TimelineWindow::*run)();
+    bool (CTimelineWndBase::*can)();
+    void (CTimelineWndBase::*run)();
 };
 
 /// In the order of ViewCommand.
@@ -26,11 +25,9 @@ const TimelineWindow::Tool TimelineWindow::kTools[] = {
      &TimelineWindow::CanDoZoomAll, &TimelineWindow::DoZoomAll},
     {QT_TR_NOOP("Closest"), QT_TR_NOOP("Show the frames as large as they get (/)"),
      &TimelineWindow::CanDoUnZoom, &TimelineWindow::DoUnZoom},
-    {QT_TR_NOOP("Previous Key"),
-     QT_TR_NOOP("Select the key before the selected one (Shift+Tab in the timeline, or Alt+Left)"),
+    {QT_TR_NOOP("Previous Key"), QT_TR_NOOP("Select the key before the selected one (Shift+Tab)"),
      &TimelineWindow::CanDoSelectPreviousKey, &TimelineWindow::DoSelectPreviousKey},
-    {QT_TR_NOOP("Next Key"),
-     QT_TR_NOOP("Select the next key after the current frame (Tab in the timeline, or Alt+Right)"),
+    {QT_TR_NOOP("Next Key"), QT_TR_NOOP("Select the next key after the current frame (Tab)"),
      &TimelineWindow::CanDoSelectNextKey, &TimelineWindow::DoSelectNextKey},
 };
 
@@ -45,8 +42,8 @@ void TimelineWindow::AddTools()
 {
     int command = 0;
     for (const Tool& tool : kTools) {
-        QAction* const action = m_pane->AddTool(tr(tool.text), tr(tool.tip));
         const auto stands = static_cast<ViewCommand>(command++);
+        QAction* const action = m_pane->AddTool(IconOf(stands), tr(tool.text), tr(tool.tip));
         connect(action, &QAction::triggered, this, [this, stands] { Do(stands); });
         m_tools.push_back(action);
         if (stands == ViewCommand::ShowClosest || stands == ViewCommand::NextKey)
@@ -69,20 +66,28 @@ bool TimelineWindow::Can(ViewCommand command)
 
 void TimelineWindow::Do(ViewCommand command)
 {
-    if (!Can(command))
+    const Tool& tool = kTools[static_cast<int>(command)];
+    if (!(this->*tool.can)())
         return;
-    (this->*kTools[static_cast<int>(command)].run)();
+    (this->*tool.run)();
     OnTimelineRefreshed(); // the timeline does not tell of what it was told to do
 }
 
 void TimelineWindow::SetClipSpeed(bool isSpeed)
 {
-    m_pane->SetClipSpeed(isSpeed);
+    if (m_pane)
+        m_pane->SetClipSpeed(isSpeed);
 }
 
-TimelinePane& TimelineWindow::Pane()
+TimelinePane* TimelineWindow::Pane() const
 {
-    return *m_pane;
+    return m_pane;
+}
+
+void TimelineWindow::SetFrameText(const QString& text)
+{
+    if (m_pane)
+        m_pane->SetFrameText(text);
 }
 
 void TimelineWindow::TakeClipSpeed(bool isSpeed)
@@ -90,12 +95,6 @@ void TimelineWindow::TakeClipSpeed(bool isSpeed)
     m_isClipSpeed = isSpeed;
     SetLoopSpeedState(isSpeed);
     emit ClipSpeedChanged(isSpeed);
-}
-
-void TimelineWindow::SetTimeBase(int frameRate, int frameCount)
-{
-    m_frameRate = frameRate;
-    m_frameCount = frameCount;
 }
 
 bool TimelineWindow::CreateWnd()
@@ -115,29 +114,30 @@ void TimelineWindow::UpdateWnd()
 
 void TimelineWindow::GetInitialGeometry(QRect& rect)
 {
-    rect = m_pane->rect();
+    rect = m_pane ? m_pane->rect() : QRect();
 }
 
 bool TimelineWindow::EnableWnd(bool enable)
 {
-    m_pane->setEnabled(enable);
-    return true;
+    if (m_pane)
+        m_pane->setEnabled(enable);
+    return m_pane;
 }
 
 bool TimelineWindow::ShowWnd(bool show)
 {
-    m_dock->setVisible(show);
-    return true;
+    if (m_dock)
+        m_dock->setVisible(show);
+    return m_dock;
 }
 
 bool TimelineWindow::IsWndVisible()
 {
-    return m_dock->isVisible();
+    return m_dock && m_dock->isVisible();
 }
 
 void TimelineWindow::OnCurrentFrameChanged(int frame)
 {
-    m_pane->SetFrameText(FrameText(frame, m_frameCount, m_frameRate));
     emit CurrentFrameChanged(frame);
 }
 
@@ -148,7 +148,8 @@ void TimelineWindow::RepaintWnd()
 
 void TimelineWindow::OnAfterCreate()
 {
-    m_pane->AdoptTimeline();
+    if (m_pane)
+        m_pane->AdoptTimeline();
     FitHeight();
 }
 

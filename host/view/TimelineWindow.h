@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ViewCommand.h"
+
 #include <KestovaTimelineQU/KestovaTimelineQU.h>
 
 #include <QObject>
@@ -8,21 +10,11 @@
 #include <vector>
 
 class QAction;
+class QDockWidget;
 
 namespace host {
 
 class TimelinePane;
-
-/// What the user may tell the view, by tool buttons, menus and the wheel.
-enum class ViewCommand
-{
-    ZoomIn,
-    ZoomOut,
-    ShowAll,     ///< every frame in view
-    ShowClosest, ///< as close as it goes
-    PreviousKey,
-    NextKey
-};
 
 /// The host's timeline window: says where in the dock the timeline goes, how high it is, and what
 /// stands around it. Made and destroyed by TimelineWindowFactory; the dock holds its pane.
@@ -39,10 +31,10 @@ public:
     /// What the end of a clip changes where it could change both: its speed or its loops.
     bool IsClipSpeed() const { return m_isClipSpeed; }
     void SetClipSpeed(bool isSpeed);
-    /// What stands in the dock.
-    TimelinePane& Pane();
-    /// What the frame display counts in.
-    void SetTimeBase(int frameRate, int frameCount);
+    /// What stands in the dock; null when the dock has gone and taken it along.
+    TimelinePane* Pane() const;
+    /// Shows a text beside the tool bar: what the host has to say of CurrentFrameChanged.
+    void SetFrameText(const QString& text);
 
     bool CreateWnd() override;
     QWidget* GetWidget() override;
@@ -77,12 +69,10 @@ private:
     void TakeClipSpeed(bool isSpeed);
     void FitHeight();
 
-    QDockWidget* m_dock;
+    QPointer<QDockWidget> m_dock;
     QPointer<TimelinePane> m_pane; // a child of the dock, which may go first
     std::vector<QAction*> m_tools; ///< in the order of ViewCommand
     bool m_isClipSpeed = false;
-    int m_frameRate = 0;
-    int m_frameCount = 0;
 };
 
 } // namespace host

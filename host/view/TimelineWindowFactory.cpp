@@ -1,12 +1,11 @@
 #include "TimelineWindowFactory.h"
 
-#include "TimelineWindow.h"
-
 namespace host {
 
 CTimelineWndBase* TimelineWindowFactory::CreateTimelineWnd(QDockWidget* dock)
 {
-    return new TimelineWindow(dock);
+    m_window = new TimelineWindow(dock);
+    return m_window;
 }
 
 void TimelineWindowFactory::ReleaseTimelineWnd(CTimelineWndBase** window)

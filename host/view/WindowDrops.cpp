@@ -70,8 +70,8 @@ QStringList WindowDrops::FilesFor(const QWidget& widget, const QDropEvent& event
     if (files.size() == 1 && IsDocument(files.first()))
         return files;
     const bool isKnown = std::all_of(files.cbegin(), files.cend(), IsMaterial);
-    const bool isForRow =
-        IsIn(widget, *m_timeline) && std::all_of(files.cbegin(), files.cend(), IsSound);
+    // A row takes one file only.
+    const bool isForRow = IsIn(widget, *m_timeline) && files.size() == 1 && IsSound(files.first());
     return isKnown && !isForRow ? files : QStringList();
 }
 

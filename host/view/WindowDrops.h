@@ -9,9 +9,9 @@ class QWidget;
 namespace host {
 
 /// Lets files be dropped anywhere in a window, rows of the timeline included: documents, motion
-/// captures and mouth cues, which the rows themselves do not know, and sounds where there is no
-/// row. A sound on a row goes the timeline's own way, which says on which row and frame it was
-/// dropped.
+/// captures and mouth cues, which the rows themselves do not know, several sounds, and one where
+/// there is no row. One sound on a row goes the timeline's own way, which says on which row and
+/// frame it was dropped.
 class WindowDrops : public QObject
 {
     Q_OBJECT

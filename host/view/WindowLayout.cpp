@@ -1,6 +1,9 @@
 #include "WindowLayout.h"
 
 #include "MainWindow.h"
+#include "playback/Playback.h"
+#include "playback/Transport.h"
+#include "preview/PreviewPane.h"
 
 #include <QEvent>
 #include <QSettings>
@@ -12,6 +15,9 @@ namespace {
 const QString kGeometry = QStringLiteral("window/geometry");
 const QString kState = QStringLiteral("window/state");
 const QString kSkin = QStringLiteral("view/skin");
+const QString kPreview = QStringLiteral("window/preview");
+const QString kPreviewShown = QStringLiteral("window/previewShown");
+const QString kLoop = QStringLiteral("playback/loop");
 const QString kClipSpeed = QStringLiteral("timeline/clipSpeed");
 
 } // namespace
@@ -27,6 +33,9 @@ WindowLayout::WindowLayout(MainWindow& window, bool keepSize) : QObject(&window)
     if (!keepSize)
         window.restoreGeometry(settings.value(kGeometry).toByteArray());
     window.restoreState(settings.value(kState).toByteArray());
+    window.Preview().restoreState(settings.value(kPreview).toByteArray());
+    window.Preview().setVisible(settings.value(kPreviewShown, true).toBool());
+    window.Player().Player().SetLooping(settings.value(kLoop, false).toBool());
     window.SetClipSpeed(settings.value(kClipSpeed, false).toBool());
     window.installEventFilter(this);
 }
@@ -36,6 +45,9 @@ void WindowLayout::Save() const
     QSettings settings;
     settings.setValue(kGeometry, m_window.saveGeometry());
     settings.setValue(kState, m_window.saveState());
+    settings.setValue(kPreview, m_window.Preview().saveState());
+    settings.setValue(kPreviewShown, !m_window.Preview().isHidden());
+    settings.setValue(kLoop, m_window.Player().Player().IsLooping());
     settings.setValue(kSkin, m_window.Skin());
     settings.setValue(kClipSpeed, m_window.IsClipSpeed());
 }

@@ -10,8 +10,8 @@ class MainWindow;
 /// QSettings.
 QString RememberedSkin();
 
-/// Remembers where the window stands, how it is divided, its skin and what the ends of clips change
-/// from one run to the next.
+/// Remembers where the window stands, how it and the preview are divided, what of it is shown, its
+/// skin, whether playback loops and what the ends of clips change from one run to the next.
 class WindowLayout : public QObject
 {
     Q_OBJECT

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "DropFiles.h"
 #include "EditorFixture.h"
 
+#include "script/MenuPath.h"
 #include "support/Pointer.h"
 
 #include <QAction>
@@ -79,7 +81,7 @@ struct HandledEditor : EditorFixture
     {
         for (const QMenu* const menu : window.menuBar()->findChildren<QMenu*>()) {
             for (QAction* const action : menu->actions()) {
-                if (action->text() == text)
+                if (host::PlainText(*action) == text)
                     return action;
             }
         }
@@ -113,7 +115,7 @@ struct HandledEditor : EditorFixture
     {
         WithMenu(name, point, [&text](QMenu& menu) {
             for (QAction* const action : menu.actions()) {
-                if (action->text() != text || !action->isEnabled())
+                if (host::PlainText(*action) != text || !action->isEnabled())
                     continue;
                 const QPoint place = menu.actionGeometry(action).center();
                 QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier, place);
@@ -126,17 +128,6 @@ struct HandledEditor : EditorFixture
     /// Drags a file over the row to @p point and lets go there. Whether it was taken.
     bool DropFile(const char* name, QPoint point, const QString& path)
     {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(path)});
-        QWidget* const row = WidgetOf(name);
-        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &enter);
-        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(row, &drop);
-        return drop.isAccepted();
+        return DropFiles(WidgetOf(name), point, {path});
     }
 };

@@ -55,6 +55,7 @@ class tst_BvhReader : public QObject
 
 private slots:
     void readsTheJoints();
+    void keepsWhereTheLastBonesEnd();
     void readsTheSamples();
     void namesTheMotionAfterItsFile();
     void readsEveryWayOfWriting_data();
@@ -95,6 +96,14 @@ void tst_BvhReader::readsTheJoints()
     QVERIFY(motion->joints[1].channels == armChannels);
 }
 
+void tst_BvhReader::keepsWhereTheLastBonesEnd()
+{
+    const auto motion = Read(With("    End Site\n", "    End Site\n{ OFFSET 0 2 0 }\nEnd Site\n"));
+    QVERIFY(motion);
+    QVERIFY(motion->joints[0].ends.isEmpty());
+    QCOMPARE(motion->joints[1].ends, (QVector<QVector3D>{{0, 2, 0}, {1, 0, 0}}));
+}
+
 void tst_BvhReader::readsTheSamples()
 {
     const auto motion = Read(kArm);
@@ -131,6 +140,18 @@ void tst_BvhReader::readsEveryWayOfWriting_data()
         << QByteArray("\xEF\xBB\xBF") + With("\n", "\r\n").chopped(2);
     QTest::newRow("space at line ends") << With("\n", " \t\n");
     QTest::newRow("a name for the End Site") << With("End Site", "End Site Fingers");
+    QTest::newRow("space before the colons")
+        << With("Frames:", "Frames :").replace("Time:", "Time :");
+    QTest::newRow("space before the colons only") << With("Frames: ", "Frames :");
+    QTest::newRow("no channels of an End Site")
+        << With("OFFSET 1 0 0", "OFFSET 1 0 0\n      CHANNELS 0");
+    QTest::newRow("samples wrapped over lines") << With("4 5 6 7 8", "4\n5 6\n\n7 8");
+    QTest::newRow("several samples on a line") << With("8 9\n", "8 9 ");
+    QTest::newRow("a mark of the end") << QByteArray(kArm) + '\x1a';
+    QTest::newRow("marks of the end and NULs")
+        << QByteArray(kArm) + QByteArray("\x1a\0\0\r\n\0", 6);
+    QTest::newRow("NULs behind the last number")
+        << QByteArray(kArm).chopped(1) + QByteArray(3, '\0');
     QTest::newRow("end site on one line")
         << With("End Site\n    {\n      OFFSET 1 0 0\n    }", "End Site { OFFSET 1 0 0 }");
 }
@@ -328,11 +349,15 @@ void tst_BvhReader::namesTheLineAndWhatWasExpected_data()
         "17: expected a number of frames above 0, found \"99999999999\"");
     row("no frame time", With("Frame Time: 0.05\n", ""), "18: expected Frame Time:, found \"1\"");
     row("frame time of nothing", With("0.05", "0"),
-        "18: expected a frame time above 0 and up to 1 second, found \"0\"");
+        "18: expected a frame time from 0.0001 to 1 second, found \"0\"");
     row("negative frame time", With("0.05", "-0.05"),
-        "18: expected a frame time above 0 and up to 1 second, found \"-0.05\"");
+        "18: expected a frame time from 0.0001 to 1 second, found \"-0.05\"");
+    row("frame time of next to nothing", With("0.05", "1e-300"),
+        "18: expected a frame time from 0.0001 to 1 second, found \"1e-300\"");
+    row("channels said of an end site", With("OFFSET 1 0 0", "OFFSET 1 0 0\nCHANNELS 1 Xrotation"),
+        "13: expected OFFSET or } in an End Site, found \"CHANNELS\"");
     row("frame time without its point", With("0.05", "5"),
-        "18: expected a frame time above 0 and up to 1 second, found \"5\"");
+        "18: expected a frame time from 0.0001 to 1 second, found \"5\"");
     row("a number too few", With("8 9\n", "8\n"), "19: expected 9 numbers, found 8");
     row("a number too many", With("8 9\n", "8 9 9\n"), "19: expected 9 numbers, found more");
     row("a word among the numbers", With("70 80", "70 x80"),

@@ -50,6 +50,7 @@ private slots:
     void survivesEveryByteReplaced_data();
     void survivesEveryByteReplaced();
     void readsTheRealLineAsItsJsonDoes();
+    void stopsWhenItIsCancelled();
 };
 
 void tst_CueTextReader::holdsEachShapeUntilTheNext()
@@ -196,6 +197,21 @@ void tst_CueTextReader::readsTheRealLineAsItsJsonDoes()
     QVERIFY(line);
     QCOMPARE(line->duration, json->duration);
     QVERIFY(line->cues.mid(0, json->cues.size()) == json->cues);
+}
+
+void tst_CueTextReader::stopsWhenItIsCancelled()
+{
+    const QByteArray text = QByteArray("0.1\tA\n").repeated(5000);
+    ImportError error;
+    double reached = 0;
+    const ImportProgress progress([&reached](double share) {
+        reached = share;
+        return share < 0.7;
+    });
+    QVERIFY(!ReadCueText(text, QStringLiteral("a"), error, progress));
+    QVERIFY(error.isCancelled);
+    QVERIFY(reached >= 0.7 && reached < 0.9);
+    QVERIFY(ReadCueText(text, QStringLiteral("a"), error));
 }
 
 QTEST_MAIN(tst_CueTextReader)

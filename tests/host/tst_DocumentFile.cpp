@@ -3,7 +3,7 @@
 #include "TestSettings.h"
 
 #include "storage/DocumentFile.h"
-#include "storage/RecentFiles.h"
+#include "storage/PathList.h"
 
 #include <QTemporaryDir>
 

@@ -2,7 +2,14 @@
 #include "TestSettings.h"
 
 #include "files/DocumentActions.h"
+#include "files/DocumentDialogs.h"
+#include "files/StartOffers.h"
 #include "storage/DocumentFile.h"
+#include "storage/PathList.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QWindow>
 
 #include <memory>
 
@@ -17,6 +24,7 @@ struct Answers : DocumentPrompts
     QStringList asked;
     SaveAnswer toSave = SaveAnswer::Cancel;
     RecoverAnswer toRecover = RecoverAnswer::Leave;
+    bool toReplace = false;
     QString path; ///< to open, or to save in
 
     SaveAnswer AskToSave(const QString& name) override
@@ -24,10 +32,18 @@ struct Answers : DocumentPrompts
         asked += QStringLiteral("save %1?").arg(name);
         return toSave;
     }
-    RecoverAnswer AskToRecover(const QString& name, const QDateTime&) override
+    RecoverAnswer AskToRecover(const QString& name, const QDateTime&,
+                               const QDateTime& savedLater) override
     {
-        asked += QStringLiteral("recover %1?").arg(name);
+        asked += (savedLater.isValid() ? QStringLiteral("recover older %1?")
+                                       : QStringLiteral("recover %1?"))
+                     .arg(name);
         return toRecover;
+    }
+    bool AskToReplace(const QString& name, const QDateTime&) override
+    {
+        asked += QStringLiteral("replace %1?").arg(name);
+        return toReplace;
     }
     QString AskForFileToOpen(const QString&) override
     {
@@ -64,7 +80,7 @@ struct DocumentEditor : HandledEditor
     void SaveIn(const char* name)
     {
         answers.path = Path(name);
-        Choose("Save As...");
+        Choose("Save As");
         answers.Take();
     }
     /// The program dies: what it has done is left in a recovery file, and the lock is free.
@@ -115,6 +131,8 @@ private slots:
     void openingWhatTheSkinCannotShowIsExplainedAndChangesNothing();
     void openingAsksAboutChanges_data();
     void openingAsksAboutChanges();
+    void openingWhatIsOpenShowsItAsItWasSaved();
+    void openingTheFileThatWasJustSavedInShowsItAsItWasSaved();
     void newStartsWithEmptyRows();
     void closingAsksAboutChanges();
     void closingWithoutChangesAsksNothing();
@@ -130,6 +148,27 @@ private slots:
     void openingAfterACrashKeepsForLater();
     void aDamagedDocumentCanBeRecovered();
     void startingAfterACrashOffersWhatWasNeverSaved();
+    void startingAfterACrashOffersTheDocumentThatWasOpen();
+    void startingWithADocumentOffersTheRestToo();
+    void startingAtAFrameGoesThereWhateverIsRecovered();
+    void startingOffersNothingMoreOnceSomethingWasRecovered();
+    void whatIsLeftOfOneDocumentIsOfferedOneByOne();
+    void whatIsOlderThanTheFileIsOfferedAsSuch();
+    void workThatCannotBeTakenOverIsKeptElsewhere();
+    void aRecoveryFileThatCannotBeReadIsToldOnce();
+    void whatAnotherProgramWroteIsReplacedOnlyOnDemand();
+    void whatAnotherProgramRemovedIsWrittenWithoutAQuestion();
+    void unsavedChangesInAnotherProgramAreTold();
+    void savingCommitsTheEditUnderWay();
+    void aFileThatIsDamagedStaysInTheMenu();
+    void namesStandInTheMenuAsTheyAre();
+    void filesOfOneNameTellTheirFolder();
+    void aNameLikeTheMarkForChangesStandsInTheTitle();
+    void everyWayOutAsksAboutChanges_data();
+    void everyWayOutAsksAboutChanges();
+    void theEndOfTheSessionKeepsTheWork();
+    void theDialogForOlderWorkSaysSoAndKeepsIt();
+    void theDialogForAFileChangedElsewhereLeavesItAlone();
 };
 
 void tst_Documents::aSceneThatWasImportedHasNoFileAndNoChanges()
@@ -217,7 +256,7 @@ void tst_Documents::openingBringsBackSceneAndView()
     editor.SaveIn("walk.ktl");
     editor.Choose("New");
     QVERIFY(editor.Scene() != saved);
-    editor.Choose("Open...");
+    editor.Choose("Open");
     QCOMPARE(editor.answers.Take(), Asked("open which?"));
     QVERIFY(editor.Scene() == saved);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
@@ -291,6 +330,37 @@ void tst_Documents::openingAsksAboutChanges()
     QCOMPARE(QFile::exists(editor.Path("walk.ktl.recovery")), !isOpened);
 }
 
+void tst_Documents::openingWhatIsOpenShowsItAsItWasSaved()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    const host::Scene changed = editor.Scene();
+    editor.answers.toSave = DocumentPrompts::SaveAnswer::Save;
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    QCOMPARE(editor.answers.Take(), Asked("save walk.ktl?"));
+    QVERIFY(editor.Scene() == changed);
+    QVERIFY(SceneIn(editor.Path("walk.ktl")) == changed);
+    QVERIFY(!editor.Document().IsDirty());
+}
+
+void tst_Documents::openingTheFileThatWasJustSavedInShowsItAsItWasSaved()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.Choose("New");
+    host::Scene scene = editor.Scene();
+    scene.frameCount += 5;
+    editor.window.Session().Apply(QStringLiteral("Lengthen"), scene);
+    editor.answers.toSave =
+        DocumentPrompts::SaveAnswer::Save; // of the untitled one, over the other
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    QCOMPARE(editor.answers.Take(), (QStringList{QStringLiteral("save Untitled?"),
+                                                 QStringLiteral("save where? Untitled.ktl")}));
+    QVERIFY(editor.Scene() == scene);
+    QVERIFY(SceneIn(editor.Path("walk.ktl")) == scene);
+}
+
 void tst_Documents::newStartsWithEmptyRows()
 {
     DocumentEditor editor;
@@ -333,7 +403,7 @@ void tst_Documents::closingLeavesNothingToRecover()
     editor.answers.toSave = DocumentPrompts::SaveAnswer::Discard;
     QVERIFY(editor.window.close());
     editor.actions.reset();
-    QVERIFY(host::FindLeftovers().isEmpty());
+    QVERIFY(host::FindLeftovers().leftovers.isEmpty());
 }
 
 void tst_Documents::aDocumentDroppedOnTheWindowIsOpened()
@@ -505,7 +575,353 @@ void tst_Documents::startingAfterACrashOffersWhatWasNeverSaved()
     QVERIFY(editor.Document().IsDirty());
     editor.SaveIn("walk.ktl");
     editor.actions.reset();
-    QVERIFY(host::FindLeftovers().isEmpty());
+    QVERIFY(host::FindLeftovers().leftovers.isEmpty());
+}
+
+void tst_Documents::startingAfterACrashOffersTheDocumentThatWasOpen()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    host::RecentFiles().Clear();
+    editor.MoveAKey();
+    const host::Scene changed = editor.Scene();
+    editor.Crash();
+    editor.StartAgain();
+    editor.answers.toRecover = DocumentPrompts::RecoverAnswer::Recover;
+    editor.actions->OfferLeftovers();
+    QCOMPARE(editor.answers.Take(), Asked("recover walk.ktl?"));
+    QVERIFY(editor.Scene() == changed);
+    QCOMPARE(editor.Document().Path(), editor.Path("walk.ktl"));
+}
+
+void tst_Documents::startingWithADocumentOffersTheRestToo()
+{
+    DocumentEditor editor;
+    editor.MoveAKey();
+    const host::Scene untitled = editor.Scene();
+    editor.Crash();
+    editor.StartAgain();
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    editor.Crash();
+    editor.StartAgain();
+    host::OfferAtStart(editor.window, *editor.actions, {editor.Path("walk.ktl"), false, {}});
+    QCOMPARE(editor.answers.Take(), (QStringList{QStringLiteral("recover walk.ktl?"),
+                                                 QStringLiteral("recover Untitled?")}));
+    QCOMPARE(editor.Document().Path(), editor.Path("walk.ktl")); // the others stay for later
+    editor.answers.toRecover = DocumentPrompts::RecoverAnswer::Recover;
+    host::OfferAtStart(editor.window, *editor.actions, {editor.Path("walk.ktl"), true, {}});
+    QCOMPARE(editor.answers.Take(), Asked("recover Untitled?"));
+    QVERIFY(editor.Scene() == untitled);
+}
+
+void tst_Documents::startingAtAFrameGoesThereWhateverIsRecovered()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    editor.Crash();
+    editor.StartAgain();
+    editor.Timeline().SetCurrentFrame(0);
+    editor.answers.toRecover = DocumentPrompts::RecoverAnswer::Recover;
+    host::OfferAtStart(editor.window, *editor.actions, {editor.Path("walk.ktl"), false, 33});
+    QVERIFY(editor.Document().IsDirty());
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 33);
+}
+
+void tst_Documents::startingOffersNothingMoreOnceSomethingWasRecovered()
+{
+    DocumentEditor editor;
+    editor.MoveAKey();
+    editor.Crash();
+    editor.StartAgain();
+    editor.MoveAKey();
+    editor.actions->OfferLeftovers();
+    QCOMPARE(editor.answers.Take(), QStringList());
+}
+
+void tst_Documents::whatIsLeftOfOneDocumentIsOfferedOneByOne()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    const host::Scene saved = editor.Scene();
+    editor.MoveAKey();
+    const host::Scene first = editor.Scene();
+    editor.Crash();
+    editor.StartAgain();
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl"))); // leaves that for later
+    editor.Drag("LeftArm", editor.At("LeftArm", 30), {editor.At("LeftArm", 35)});
+    editor.Crash();
+    editor.StartAgain();
+    editor.answers.Take();
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    QCOMPARE(editor.answers.Take(), (QStringList{QStringLiteral("recover walk.ktl?"),
+                                                 QStringLiteral("recover walk.ktl?")}));
+    QVERIFY(editor.Scene() == saved);
+    const auto left = host::FindLeftoversOf(editor.Path("walk.ktl")).leftovers;
+    QCOMPARE(left.size(), 2);
+    host::DiscardLeftover(left[0]); // the newer one
+    editor.answers.toRecover = DocumentPrompts::RecoverAnswer::Recover;
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    QVERIFY(editor.Scene() == first);
+}
+
+void tst_Documents::whatIsOlderThanTheFileIsOfferedAsSuch()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    editor.Crash();
+    QFile file(editor.Path("walk.ktl"));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(100),
+                             QFileDevice::FileModificationTime));
+    file.close();
+    editor.StartAgain();
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    QCOMPARE(editor.answers.Take(), Asked("recover older walk.ktl?"));
+}
+
+void tst_Documents::workThatCannotBeTakenOverIsKeptElsewhere()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    const host::Scene changed = editor.Scene();
+    editor.Crash();
+    editor.StartAgain();
+    const auto left = host::FindLeftoversOf(editor.Path("walk.ktl")).leftovers;
+    QCOMPARE(left.size(), 1);
+    QString error;
+    const auto document = host::ReadDocument(left[0].path, error);
+    QVERIFY(document);
+    const auto taken = host::RecoveryPlace::Take(left[0].path); // by somebody, meanwhile
+    QVERIFY(editor.Document().Recover(left[0], *document));
+    editor.Document().Secure();
+    const QDir folder = host::RecoveryFolder();
+    const QStringList kept = folder.entryList({QStringLiteral("*.recovery")});
+    QCOMPARE(kept.size(), 1);
+    QVERIFY(SceneIn(folder.filePath(kept[0])) == changed);
+}
+
+void tst_Documents::aRecoveryFileThatCannotBeReadIsToldOnce()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    QFile file(editor.Path("walk.ktl.recovery"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{\"format\": \"kestova-scene\", \"version\": 99}");
+    file.close();
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    QCOMPARE(editor.answers.Take(),
+             QStringList{file.fileName() +
+                         QStringLiteral(" cannot be read: version: expected 1 at most, found 99: "
+                                        "written by a newer program. It is left where it is")});
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    editor.actions->OfferLeftovers();
+    QCOMPARE(editor.answers.Take(), QStringList());
+    QVERIFY(file.exists());
+}
+
+void tst_Documents::whatAnotherProgramWroteIsReplacedOnlyOnDemand()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    host::SceneDocument other;
+    other.scene = editor.Scene();
+    other.scene.frameCount += 1000;
+    QString error;
+    QVERIFY(host::WriteDocument(editor.Path("walk.ktl"), other, error));
+    editor.Choose("Save");
+    QCOMPARE(editor.answers.Take(), Asked("replace walk.ktl?"));
+    QVERIFY(SceneIn(editor.Path("walk.ktl")) == other.scene);
+    QVERIFY(editor.Document().IsDirty());
+    editor.answers.toSave = DocumentPrompts::SaveAnswer::Save;
+    QVERIFY(!editor.actions->MayLeave()); // nothing is lost here either
+    editor.answers.Take();
+    editor.answers.toReplace = true;
+    editor.Choose("Save");
+    QCOMPARE(editor.answers.Take(), Asked("replace walk.ktl?"));
+    QVERIFY(SceneIn(editor.Path("walk.ktl")) == editor.Scene());
+    editor.window.History().Undo();
+    editor.Choose("Save");
+    QCOMPARE(editor.answers.Take(), QStringList());
+}
+
+void tst_Documents::whatAnotherProgramRemovedIsWrittenWithoutAQuestion()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    QVERIFY(QFile::remove(editor.Path("walk.ktl")));
+    editor.Choose("Save");
+    QCOMPARE(editor.answers.Take(), QStringList());
+    QVERIFY(SceneIn(editor.Path("walk.ktl")) == editor.Scene());
+}
+
+void tst_Documents::unsavedChangesInAnotherProgramAreTold()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    QFile lock(editor.Path("walk.ktl.recovery.lock"));
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    lock.write("1\nkestova-host\nanother-computer\n");
+    lock.close();
+    QVERIFY(editor.actions->Open(editor.Path("walk.ktl")));
+    QCOMPARE(editor.StatusText(), QStringLiteral("walk.ktl has unsaved changes in another window"));
+}
+
+void tst_Documents::savingCommitsTheEditUnderWay()
+{
+    DocumentEditor editor;
+    host::Scene scene = editor.Scene();
+    ++scene.frameCount;
+    editor.window.Session().Step(QStringLiteral("Lengthen"), scene);
+    QString error;
+    QVERIFY(editor.Document().Save(editor.Path("walk.ktl"), error));
+    QVERIFY(!editor.Document().IsDirty());
+    editor.window.Session().Commit();
+    QVERIFY(!editor.Document().IsDirty());
+    QVERIFY(SceneIn(editor.Path("walk.ktl")) == scene);
+}
+
+void tst_Documents::aFileThatIsDamagedStaysInTheMenu()
+{
+    DocumentEditor editor;
+    editor.SaveIn("one.ktl");
+    QVERIFY(QFile::resize(editor.Path("one.ktl"), 100));
+    QVERIFY(!editor.actions->Open(editor.Path("one.ktl")));
+    QCOMPARE(host::RecentFiles().Paths(), QStringList{editor.Path("one.ktl")});
+}
+
+void tst_Documents::namesStandInTheMenuAsTheyAre()
+{
+    DocumentEditor editor;
+    editor.SaveIn("Tom & Ann.ktl");
+    QMenu* const recent = editor.Command(QStringLiteral("Open Recent"))->menu();
+    emit recent->aboutToShow();
+    QCOMPARE(recent->actions()[0]->text(), QStringLiteral("Tom && Ann.ktl"));
+}
+
+void tst_Documents::filesOfOneNameTellTheirFolder()
+{
+    DocumentEditor editor;
+    QVERIFY(QDir().mkpath(editor.Path("a")));
+    editor.SaveIn("a/walk.ktl");
+    editor.SaveIn("run.ktl");
+    editor.SaveIn("walk.ktl");
+    QMenu* const recent = editor.Command(QStringLiteral("Open Recent"))->menu();
+    emit recent->aboutToShow();
+    const QString folder = QFileInfo(editor.Path("walk.ktl")).absolutePath();
+    QCOMPARE(recent->actions()[0]->text(), QStringLiteral("walk.ktl in ") + folder);
+    QCOMPARE(recent->actions()[1]->text(), QStringLiteral("run.ktl"));
+    QCOMPARE(recent->actions()[2]->text(), QStringLiteral("walk.ktl in %1/a").arg(folder));
+}
+
+void tst_Documents::aNameLikeTheMarkForChangesStandsInTheTitle()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk[*].ktl");
+    QCOMPARE(editor.Title(), QStringLiteral("walk[*][*].ktl[*] - Kestova Host"));
+    // The platform's window has it as people see it.
+    QCOMPARE(editor.window.windowHandle()->title(), QStringLiteral("walk[*].ktl - Kestova Host"));
+}
+
+void tst_Documents::everyWayOutAsksAboutChanges_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char* const way : {"New", "Open", "Recent", "drop"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void tst_Documents::everyWayOutAsksAboutChanges()
+{
+    QFETCH(QString, way);
+    DocumentEditor editor;
+    editor.SaveIn("other.ktl");
+    const host::Scene other = editor.Scene();
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    const host::Scene changed = editor.Scene();
+    editor.answers.path = editor.Path("other.ktl");
+    const auto leave = [&editor, &way] {
+        QMenu* const recent = editor.Command(QStringLiteral("Open Recent"))->menu();
+        emit recent->aboutToShow();
+        if (way == QLatin1String("Recent"))
+            recent->actions()[1]->trigger();
+        else if (way == QLatin1String("drop"))
+            editor.DropFile("Sound", QPoint(30, 5), editor.Path("other.ktl"));
+        else
+            editor.Command(way)->trigger();
+        QCoreApplication::processEvents();
+        return editor.answers.Take().filter(QStringLiteral("save"));
+    };
+    QCOMPARE(leave(), Asked("save walk.ktl?")); // and is cancelled
+    QVERIFY(editor.Scene() == changed);
+    QVERIFY(editor.Document().IsDirty());
+    editor.answers.toSave = DocumentPrompts::SaveAnswer::Discard;
+    QCOMPARE(leave(), Asked("save walk.ktl?"));
+    QVERIFY(editor.Scene() != changed);
+    QVERIFY(way == QLatin1String("New") || editor.Scene() == other);
+    QVERIFY(!QFile::exists(editor.Path("walk.ktl.recovery")));
+}
+
+void tst_Documents::theEndOfTheSessionKeepsTheWork()
+{
+    DocumentEditor editor;
+    editor.SaveIn("walk.ktl");
+    editor.MoveAKey();
+    host::Scene scene = editor.Scene();
+    ++scene.frameCount;
+    editor.window.Session().Step(QStringLiteral("Lengthen"), scene); // under way
+    const char unused = 0; // only the session's end itself makes such a manager; nobody asks it
+    QMetaObject::invokeMethod(qApp, "commitDataRequest", Qt::DirectConnection,
+                              QGenericArgument("QSessionManager&", &unused));
+    QVERIFY(SceneIn(editor.Path("walk.ktl.recovery")) == scene);
+    QCOMPARE(editor.answers.Take(), QStringList());
+}
+
+void tst_Documents::theDialogForOlderWorkSaysSoAndKeepsIt()
+{
+    host::DocumentDialogs dialogs(nullptr);
+    const QDateTime time(QDate(2024, 5, 1), QTime(10, 30));
+    const QDateTime later(QDate(2024, 5, 2), QTime(11, 40));
+    const auto ask = [&](const QDateTime& savedLater) {
+        QString text;
+        QTimer::singleShot(0, this, [&text] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            text = box->text();
+            box->defaultButton()->click();
+        });
+        const auto answer = dialogs.AskToRecover(QStringLiteral("walk.ktl"), time, savedLater);
+        return qMakePair(answer, text);
+    };
+    const QString saved = QLocale().toString(later, QLocale::ShortFormat);
+    QCOMPARE(ask({}).first, DocumentPrompts::RecoverAnswer::Recover);
+    QVERIFY(ask({}).second.contains(QStringLiteral("not saved after its last change")));
+    QCOMPARE(ask(later).first, DocumentPrompts::RecoverAnswer::Leave);
+    QVERIFY(
+        ask(later).second.contains(QStringLiteral("the file was saved after that, on ") + saved));
+}
+
+void tst_Documents::theDialogForAFileChangedElsewhereLeavesItAlone()
+{
+    host::DocumentDialogs dialogs(nullptr);
+    const auto ask = [&](const auto& choose) {
+        QTimer::singleShot(0, this, [&choose] {
+            choose(*qobject_cast<QMessageBox*>(QApplication::activeModalWidget()));
+        });
+        return dialogs.AskToReplace(QStringLiteral("walk.ktl"), QDateTime::currentDateTime());
+    };
+    QVERIFY(!ask([](QMessageBox& box) { box.defaultButton()->click(); }));
+    QVERIFY(!ask([](QMessageBox& box) { box.reject(); }));
+    QVERIFY(ask([](QMessageBox& box) {
+        for (QAbstractButton* const button : box.buttons()) {
+            if (box.buttonRole(button) == QMessageBox::DestructiveRole)
+                button->click();
+        }
+    }));
 }
 
 QTEST_MAIN(tst_Documents)

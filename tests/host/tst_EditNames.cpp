@@ -33,6 +33,9 @@ void tst_EditNames::sayWhatWasDone_data()
     row(CutName({0, 2, 0}), "Cut 2 clips");
     row(DeleteName({0, 0, 1}), "Delete 1 mouth shape");
     row(InsertName(8), "Insert key at frame 8");
+    row(InsertShapeName(8), "Insert mouth shape at frame 8");
+    row(ChangeShapesName({0, 0, 2}, 4), "Change 2 mouth shapes to D");
+    row(ChangeShapesName({0, 0, 1}, 12), "Change 1 mouth shape to 12");
     row(BreakName(40), "Break clip at frame 40");
     row(LoopName(3), "Loop clip 3 times");
     row(LoopName(1), "Loop clip once");

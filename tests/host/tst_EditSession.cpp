@@ -42,12 +42,14 @@ private slots:
     void keepsTheSceneAsItWasBeforeUntilTheCommit();
     void stepsOfOneEditAreCommittedOnce();
     void anEditThatChangedNothingIsNotCommitted();
+    void anEditIsToldToEndWhetherItChangedAnythingOrNot();
     void beginningCommitsTheEditUnderWay();
     void aStepWithoutABeginBeginsAnEdit();
     void aCommitWithoutAnEditDoesNothing();
     void anEditOfOneStepLeavesNothingOpen();
     void restartingDropsTheEditUnderWay();
     void tellsOfABeginningBeforeAnythingChanges();
+    void tellsOfTheEndOfEveryEdit();
     void goingBackCommitsNothing();
     void goingBackCommitsTheEditUnderWayFirst();
 };
@@ -85,6 +87,23 @@ void tst_EditSession::anEditThatChangedNothingIsNotCommitted()
     r.session.Step(QStringLiteral("Grow"), SceneOf(10)); // and back
     r.session.Commit();
     QVERIFY(r.commits.isEmpty());
+}
+
+void tst_EditSession::anEditIsToldToEndWhetherItChangedAnythingOrNot()
+{
+    Recorded r;
+    connect(&r.session, &EditSession::Ended, [&r] {
+        r.commits.append(r.session.IsOpen() ? QStringLiteral("still open")
+                                            : QStringLiteral("ended"));
+    });
+    r.session.Begin();
+    r.session.Commit();
+    QCOMPARE(r.commits, QStringList{QStringLiteral("ended")});
+    r.session.Apply(QStringLiteral("Grow"), SceneOf(11));
+    QCOMPARE(r.commits, (QStringList{QStringLiteral("ended"), QStringLiteral("Grow: 10 to 11"),
+                                     QStringLiteral("ended")}));
+    r.session.Commit(); // nothing is open
+    QCOMPARE(r.commits.size(), 3);
 }
 
 void tst_EditSession::beginningCommitsTheEditUnderWay()
@@ -140,6 +159,22 @@ void tst_EditSession::tellsOfABeginningBeforeAnythingChanges()
     QCOMPARE(begun, QVector<int>{10});
     r.session.Begin(); // commits first
     QCOMPARE(begun, (QVector<int>{10, 11}));
+}
+
+void tst_EditSession::tellsOfTheEndOfEveryEdit()
+{
+    Recorded r;
+    QVector<int> ended; // how many commits had been told of
+    connect(&r.session, &EditSession::Ended, [&] {
+        ended.append(r.commits.size());
+        QVERIFY(!r.session.IsOpen());
+    });
+    r.session.Apply(QStringLiteral("Grow"), SceneOf(11));
+    QCOMPARE(ended, QVector<int>{1});
+    r.session.Apply(QStringLiteral("Stay"), SceneOf(11));
+    QCOMPARE(ended, (QVector<int>{1, 1}));
+    r.session.Commit(); // nothing is under way
+    QCOMPARE(ended.size(), 2);
 }
 
 void tst_EditSession::goingBackCommitsNothing()

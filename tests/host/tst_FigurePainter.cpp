@@ -74,6 +74,7 @@ private slots:
     void everyBoneHasFlesh();
     void shouldersAndHipsBelongToTheTrunk();
     void headsHandsAndFeetGrowBeyondTheirJoints();
+    void lastBonesEndWhereTheCaptureSays();
 };
 
 void tst_FigurePainter::drawsAStrideInThreeQuarters()
@@ -257,6 +258,21 @@ void tst_FigurePainter::headsHandsAndFeetGrowBeyondTheirJoints()
     // Toes take the foot's place.
     const Motion foot = Chain({QStringLiteral("LeftFoot"), QStringLiteral("LeftToeBase")});
     QCOMPARE(RestParts(foot).size(), 2);
+}
+
+void tst_FigurePainter::lastBonesEndWhereTheCaptureSays()
+{
+    Motion motion = Chain({QStringLiteral("Hips"), QStringLiteral("Knee"), QStringLiteral("Foot")});
+    const QVector<FigurePart> grown = RestParts(motion);
+    motion.joints[2].ends = {{0.01F, 0, 0}}; // only there for the file's sake
+    QCOMPARE(RestParts(motion).last().to, grown.last().to);
+    motion.joints[2].ends = {{0.5F, 0, 0}, {0, 0, -0.5F}};
+    const QVector<FigurePart> parts = RestParts(motion);
+    QCOMPARE(parts.size(), grown.size() + 1); // two in place of one
+    const QVector3D foot = RestPose(motion).positions[2];
+    QCOMPARE(parts[parts.size() - 2].from, foot);
+    QCOMPARE(parts[parts.size() - 2].to, foot + QVector3D(0.5F, 0, 0));
+    QCOMPARE(parts.last().to, foot + QVector3D(0, 0, -0.5F));
 }
 
 QTEST_MAIN(tst_FigurePainter)

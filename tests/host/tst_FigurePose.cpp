@@ -140,6 +140,8 @@ private slots:
     void aMutedMotionRests();
     void aMutedJointIsNotTurned();
     void aSoloedJointIsTheOnlyOneTurned();
+    void jointsOfOneNameHaveRowsOfTheirOwn();
+    void rowsElsewhereOfAJointsNameAreOthers();
     void aSoloedMotionMovesAllJoints();
     void restsWhileTheFaceIsSoloed();
     void soundsOnTheRowPoseNothing();
@@ -378,6 +380,37 @@ void tst_FigurePose::aSoloedJointIsTheOnlyOneTurned()
     body.Track("Arm").soloed = true;
     COMPARE_NEAR(body.ArmAngle(kFirst + 10), 20.0);
     COMPARE_NEAR(body.At(kFirst + 10).positions[0].y(), 5.0);
+}
+
+void tst_FigurePose::jointsOfOneNameHaveRowsOfTheirOwn()
+{
+    Body body;
+    body.scene.motion.joints[0].name =
+        QStringLiteral("Arm"); // the second arm is the one that turns
+    body.Track("Root").name = QStringLiteral("Arm");
+    SceneTrack& first = body.scene.tracks[3];
+    SceneTrack& second = body.scene.tracks[4];
+    first.muted = true;
+    COMPARE_NEAR(body.ArmAngle(kFirst + 10), 20.0);
+    first.muted = false;
+    second.muted = true;
+    COMPARE_NEAR(body.ArmAngle(kFirst + 10), 0.0);
+    second.muted = false;
+    first.soloed = true;
+    COMPARE_NEAR(body.ArmAngle(kFirst + 10), 0.0);
+    first.soloed = false;
+    second.soloed = true;
+    COMPARE_NEAR(body.ArmAngle(kFirst + 10), 20.0);
+}
+
+void tst_FigurePose::rowsElsewhereOfAJointsNameAreOthers()
+{
+    Body body;
+    SceneTrack other = Body::Row(TrackKind::Key, "Arm", kNoTrack);
+    other.muted = true;
+    body.scene.AddTrack(other);
+    body.scene.tracks.move(body.scene.tracks.size() - 1, 0);
+    COMPARE_NEAR(body.ArmAngle(kFirst + 10), 20.0);
 }
 
 void tst_FigurePose::aSoloedMotionMovesAllJoints()

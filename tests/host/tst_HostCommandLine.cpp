@@ -46,7 +46,8 @@ int CurrentFrameColumn(const QImage& picture)
 }
 
 /// Writes the sample scene as a document that is looked at like that.
-bool WriteSample(const QString& path, const host::ViewRecord& view, int frameCount = 0)
+bool WriteSample(const QString& path, const host::ViewRecord& view, int frameCount = 0,
+                 int styleNumber = 0)
 {
     host::ImportError importError;
     auto scene = host::LoadScene(
@@ -56,6 +57,8 @@ bool WriteSample(const QString& path, const host::ViewRecord& view, int frameCou
     if (!scene)
         return false;
     scene->frameCount = std::max(scene->frameCount, frameCount);
+    if (styleNumber > 0)
+        scene->tracks[1].styleNumber = styleNumber;
     return host::WriteDocument(path, {*scene, view, {}}, error);
 }
 
@@ -79,6 +82,10 @@ private slots:
     void opensADocumentAsItWasLookedAt();
     void leavesADamagedDocumentAlone();
     void listsItsOptions();
+    void listsTheToolkitsOptionsToo();
+    void leavesTheToolkitItsOptions_data();
+    void leavesTheToolkitItsOptions();
+    void startsWithoutARememberedSkinThatIsDamaged();
     void saysInOneLineWhatIsWrong_data();
     void saysInOneLineWhatIsWrong();
     void refusesASkinCutAnywhere();
@@ -223,6 +230,61 @@ void tst_HostCommandLine::listsItsOptions()
         QVERIFY2(run.output.contains(QLatin1String(option)), option);
 }
 
+void tst_HostCommandLine::listsTheToolkitsOptionsToo()
+{
+    const HostRun run = RunHost({QStringLiteral("--help-all")});
+    QCOMPARE(run.exitCode, 0);
+    for (const char* option :
+         {"--skin <FILE>", "[FILES...]", "-platform <NAME", "-style <NAME>", "-display <NAME>"})
+        QVERIFY2(run.output.contains(QLatin1String(option)), option);
+}
+
+void tst_HostCommandLine::leavesTheToolkitItsOptions_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("with a value") << QStringList{QStringLiteral("-style"),
+                                                 QStringLiteral("fusion")};
+    QTest::newRow("with two dashes")
+        << QStringList{QStringLiteral("--platform"), QStringLiteral("offscreen")};
+    QTest::newRow("joined to its value") << QStringList{QStringLiteral("-style=fusion")};
+    QTest::newRow("without a value") << QStringList{QStringLiteral("-widgetcount")};
+}
+
+void tst_HostCommandLine::leavesTheToolkitItsOptions()
+{
+    QFETCH(QStringList, options);
+    const QString size = QStringLiteral("900x500"); // what follows is still the program's own
+    QCOMPARE(Picture(options + QStringList{QStringLiteral("--size"), size}).size(),
+             QSize(900, 500));
+}
+
+void tst_HostCommandLine::startsWithoutARememberedSkinThatIsDamaged()
+{
+    const QTemporaryDir home;
+    const QString skin = home.filePath(QStringLiteral("damaged.ini"));
+    WriteFile(skin, "[TickTrack]\n");
+    QVERIFY(QDir().mkpath(home.filePath(QStringLiteral("Kestova"))));
+    WriteFile(home.filePath(QStringLiteral("Kestova/kestova-host.ini")),
+              "[view]\nskin=" + skin.toUtf8() + '\n');
+    QProcessEnvironment environment = OffscreenEnvironment();
+    for (const char* const folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+        environment.insert(QLatin1String(folder), home.path());
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.setReadChannel(QProcess::StandardError);
+    program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), QStringList());
+    QByteArray errors;
+    const QByteArray expected =
+        skin.toUtf8() + ": expected a skin with every section and key; the usual skin stands in\n";
+    constexpr int kPatience = 30000; // milliseconds
+    while (!errors.contains(expected) && program.waitForReadyRead(kPatience))
+        errors += program.readAllStandardError();
+    QVERIFY2(errors.contains(expected), errors.constData());
+    QVERIFY(!program.waitForFinished(1000)); // it goes on
+    program.kill();
+    QVERIFY(program.waitForFinished());
+}
+
 void tst_HostCommandLine::saysInOneLineWhatIsWrong_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -271,6 +333,22 @@ void tst_HostCommandLine::saysInOneLineWhatIsWrong_data()
         QStringLiteral("kestova-host: Unknown option 'colour'."));
     row("an option without its value", {QStringLiteral("--skin")},
         QStringLiteral("kestova-host: Missing value after '--skin'."));
+    const QString odd = InDirectory(QStringLiteral("odd.ktl"));
+    QVERIFY(WriteSample(odd, {}, 0, 77));
+    row("a document with a style that no skin has", {odd},
+        odd + QStringLiteral(": expected a scene that the skin has styles for"));
+    const QString document = InDirectory(QStringLiteral("whole.ktl"));
+    QVERIFY(WriteSample(document, {}));
+    const QString alone = document + QStringLiteral(": a document is opened alone, without other "
+                                                    "files");
+    row("a document and a sound", {document, QStringLiteral("a.wav")}, alone);
+    row("a sound and a document", {QStringLiteral("a.wav"), document}, alone);
+    row("two documents", {document, document}, alone);
+    row("two pictures",
+        {QStringLiteral("--screenshot=a.png"), QStringLiteral("--grab-screen=b.png")},
+        QStringLiteral("kestova-host: --grab-screen: expected no --screenshot with it"));
+    row("a toolkit option's value where it may not be", {QStringLiteral("--platform=offscreen")},
+        QStringLiteral("kestova-host: Unknown option 'platform'."));
     const QString nowhere = InDirectory(QStringLiteral("no/such/folder.png"));
     row("a picture that cannot be written", {QStringLiteral("--screenshot"), nowhere},
         nowhere + QStringLiteral(": expected a file that can be written"));

@@ -398,8 +398,9 @@ void tst_HostEdits::theRowMenuOffersWhatIsPossible()
         editor.Timeline().ReceiveMessage(1310, editor.Row("LeftArm"), &menu, 0, 0, 0);
         QStringList lines;
         for (const _tmpTLMenuMapData* const entry : menu) {
-            lines.append(entry->command < 0 ? QStringLiteral("-")
-                                            : entry->text + (entry->enabled ? "" : " off"));
+            lines.append(entry->command < 0
+                             ? QStringLiteral("-")
+                             : QString(entry->text).remove(u'&') + (entry->enabled ? "" : " off"));
         }
         return lines.join(QStringLiteral(", "));
     };

@@ -27,6 +27,7 @@ private slots:
     void theKeysOfTheEditMenuWork();
     void theKeysOfTheEditMenuWorkAfterARowsMenuWasClosed();
     void theEditMenuFollowsTheSelection();
+    void theEditMenuFollowsTheFrameThatTheHostGoesTo();
     void droppingASoundPlacesAClip();
     void droppingSomethingElseIsRefused();
 };
@@ -144,7 +145,7 @@ void tst_HostGestures::draggingAClipsEndChangesItsSpeed()
     QVERIFY(editor.window.SetScene(scene));
     QCoreApplication::processEvents();
     for (QAction* const action : editor.window.findChildren<QAction*>()) {
-        if (action->text() == QLatin1String("Clip Speed"))
+        if (host::PlainText(*action) == QLatin1String("Speed"))
             action->trigger(); // the end of a clip loops it otherwise
     }
     editor.Drag("Motion", editor.EdgeOf("Motion", 29),
@@ -273,12 +274,10 @@ void tst_HostGestures::theKeysOfTheEditMenuWork()
 void tst_HostGestures::theKeysOfTheEditMenuWorkAfterARowsMenuWasClosed()
 {
     HandledEditor editor;
-    bool isOffered = false;
-    editor.WithMenu("LeftArm", editor.At("LeftArm", 15), [&isOffered](QMenu& menu) {
-        for (const QAction* const action : menu.actions())
-            isOffered = isOffered || action->shortcut() == QKeySequence(QKeySequence::Delete);
+    editor.WithMenu("LeftArm", editor.At("LeftArm", 15), [](QMenu& menu) {
+        for (const QAction* const action : menu.actions()) // the window has them
+            QVERIFY2(action->shortcut().isEmpty(), qPrintable(action->text()));
     });
-    QVERIFY(isOffered); // the same shortcut, which must not stay taken
     QTest::keyClick(&editor.window, Qt::Key_Delete);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 30, 45, 60, 75, 90}));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
@@ -302,6 +301,18 @@ void tst_HostGestures::theEditMenuFollowsTheSelection()
     QVERIFY(paste->isEnabled());
 }
 
+void tst_HostGestures::theEditMenuFollowsTheFrameThatTheHostGoesTo()
+{
+    HandledEditor editor;
+    QAction* const breakClip = editor.Command(QStringLiteral("Break"));
+    editor.pointer.Click(editor.WidgetOf("Motion"), editor.At("Motion", 0));
+    QVERIFY(!breakClip->isEnabled()); // at the clip's edge
+    editor.window.GotoFrame(30);
+    QVERIFY(breakClip->isEnabled());
+    QTest::keyClick(&editor.window, Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(editor.FramesOf("Motion"), (Frames{0, 30}));
+}
+
 void tst_HostGestures::droppingASoundPlacesAClip()
 {
     HandledEditor editor;
@@ -316,7 +327,7 @@ void tst_HostGestures::droppingASoundPlacesAClip()
     QCOMPARE(editor.SelectedFrames("Sound"), (Frames{25}));
     QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Sound"));
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 25);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Drop Sound"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Drop hello.wav: the end of greeting is covered"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 

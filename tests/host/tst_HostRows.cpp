@@ -10,6 +10,7 @@ using host::RowState;
 namespace {
 
 // Pixels from the left edge of a caption to the middle of its buttons.
+constexpr int kNoButton = 20;
 constexpr int kMenuOfKeys = 104;
 constexpr int kAdd = 122;
 constexpr int kMenu = 122;
@@ -43,7 +44,8 @@ struct RowEditor : HandledEditor
         QStringList texts;
         WithMenu(name, At(name, frame), [&texts](QMenu& menu) {
             for (const QAction* const action : menu.actions())
-                texts.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+                texts.append(action->isSeparator() ? QStringLiteral("-")
+                                                   : host::PlainText(*action));
         });
         return texts;
     }
@@ -77,6 +79,8 @@ private slots:
     void aRowStaysHiddenWhileOneOfItsButtonsIsOff();
     void buttonsThatDoNotFitGetArrows();
     void contactsAreSeenBesideTheKeysOfTheFoot();
+    void aRowThatIsLeftShowsNoTimeRange();
+    void aRowOfButtonsIsLeftForARowUnderAnotherRoot();
     void aFileIsHeldByKindOfRow_data();
     void aFileIsHeldByKindOfRow();
     void aLockedClipIsNotCoveredByAFile();
@@ -87,13 +91,13 @@ void tst_HostRows::theEyeMutesItsRow()
     RowEditor editor;
     editor.ClickCaption("LeftArm", kMute);
     QVERIFY(editor.Is("LeftArm", RowState::Muted));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Mute Row"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Mute Left Arm"));
     QVERIFY(editor.ButtonState("LeftArm", kMuteId) >= 2);
     QCOMPARE(editor.ButtonState("Spine", kMuteId), 0);
     editor.ClickCaption("LeftArm", kMute);
     QVERIFY(!editor.Is("LeftArm", RowState::Muted));
     QVERIFY(editor.ButtonState("LeftArm", kMuteId) < 2);
-    QCOMPARE(editor.StatusText(), QStringLiteral("Unmute Row"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Unmute Left Arm"));
 }
 
 void tst_HostRows::thePadlockLocksItsRow()
@@ -101,7 +105,7 @@ void tst_HostRows::thePadlockLocksItsRow()
     RowEditor editor;
     editor.ClickCaption("Lips", kLock);
     QVERIFY(editor.Is("Lips", RowState::Locked));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Lock Row"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Lock Lips"));
     editor.ClickCaption("Lips", kLock);
     QVERIFY(!editor.Is("Lips", RowState::Locked));
 }
@@ -130,8 +134,8 @@ void tst_HostRows::theMenuOfARowSolosIt()
     bool isChecked = false;
     editor.WithMenu("LeftArm", editor.At("LeftArm", 20), [&isChecked](QMenu& menu) {
         for (const QAction* const action : menu.actions())
-            isChecked =
-                isChecked || (action->text() == QLatin1String("Solo") && action->isChecked());
+            isChecked = isChecked ||
+                        (host::PlainText(*action) == QLatin1String("Solo") && action->isChecked());
     });
     QVERIFY(isChecked);
     // A mark stands before its name.
@@ -151,7 +155,7 @@ void tst_HostRows::theMenuButtonOfACaptionOpensTheMenu()
         QMenu* const menu = editor.OpenMenu();
         QVERIFY(menu);
         for (QAction* const action : menu->actions()) {
-            if (action->text() == QLatin1String("Mute"))
+            if (host::PlainText(*action) == QLatin1String("Mute"))
                 QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
                                   menu->actionGeometry(action).center());
         }
@@ -338,6 +342,31 @@ void tst_HostRows::contactsAreSeenBesideTheKeysOfTheFoot()
     editor.ClickCaption("LeftArm", kAdd); // its own keys changed
     QCOMPARE(frames(), (Frames{4, 90}));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_HostRows::aRowThatIsLeftShowsNoTimeRange()
+{
+    RowEditor editor;
+    editor.pointer.Click(editor.WidgetOf("Spine"), editor.At("Spine", 37));
+    int first = -1;
+    int last = -1;
+    editor.Timeline().GetTrackSelFrame(editor.Row("Spine"), first, last);
+    QCOMPARE(last, 37);
+    editor.ClickCaption("Lips", kNoButton);
+    editor.Timeline().GetTrackSelFrame(editor.Row("Spine"), first, last);
+    QCOMPARE(first, -1);
+    QCOMPARE(last, -1); // else it would be drawn from the first frame on
+}
+
+void tst_HostRows::aRowOfButtonsIsLeftForARowUnderAnotherRoot()
+{
+    RowEditor editor;
+    editor.ClickCaption("Layers", kNoButton);
+    QVERIFY(editor.Timeline().GetActiveRootTrack() == editor.Row("Layers"));
+    QVERIFY(!editor.Timeline().GetActiveChildTrack());
+    editor.ClickCaption("Lips", kNoButton);
+    QVERIFY(editor.Timeline().GetActiveRootTrack() == editor.Row("Face"));
+    QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("Lips"));
 }
 
 void tst_HostRows::aFileIsHeldByKindOfRow_data()

@@ -42,7 +42,7 @@ struct ViewEditor : HandledEditor
     QAction* Tool(const char* text)
     {
         for (QAction* const action : Pane().findChild<QToolBar*>()->actions()) {
-            if (action->text() == QLatin1String(text))
+            if (host::PlainText(*action) == QLatin1String(text))
                 return action;
         }
         qFatal("no tool %s", text);
@@ -57,7 +57,7 @@ struct ViewEditor : HandledEditor
     {
         for (QMenu* const menu : window.menuBar()->findChildren<QMenu*>()) {
             for (QAction* const action : menu->actions()) {
-                if (action->text().section(u'\t', 0, 0) == QLatin1String(text))
+                if (host::PlainText(*action) == QLatin1String(text))
                     return action;
             }
         }
@@ -121,6 +121,7 @@ class tst_HostView : public QObject
 
 private slots:
     void theStatusLineTellsWhatThePointerIsOver();
+    void theStatusLineFollowsADragToItsEnd();
     void theStatusLineFollowsTheZoom();
     void theStatusLineIsEmptyOutsideTheTimeline();
     void lookingChangesNothing();
@@ -150,6 +151,7 @@ private slots:
     void aGivenSizeIsKept();
     void theAboutBoxTellsTheVersions();
     void aPressInTheTimelineTakesTheFocus();
+    void keysStayWithTheTimelineAfterScrubbing();
     void shortcutsDoNotFight();
 };
 
@@ -171,6 +173,14 @@ void tst_HostView::theStatusLineTellsWhatThePointerIsOver()
     QCOMPARE(editor.PlaceText(), QStringLiteral("Motion"));
     editor.pointer.MoveTo(timeline, QPoint(editor.WidgetOf("Lips")->x() + 205, 10));
     QCOMPARE(editor.PlaceText(), QStringLiteral("Ruler   frame 20   00:00:20"));
+}
+
+void tst_HostView::theStatusLineFollowsADragToItsEnd()
+{
+    ViewEditor editor;
+    editor.Drag("LeftArm", editor.At("LeftArm", 15), {editor.At("LeftArm", 20)});
+    QCoreApplication::processEvents();
+    QCOMPARE(editor.PlaceText(), QStringLiteral("Left Arm   frame 20   00:00:20   key"));
 }
 
 void tst_HostView::theStatusLineFollowsTheZoom()
@@ -351,7 +361,7 @@ void tst_HostView::rangesAreDeletedOnAllRowsThatShowThem()
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 45, 60, 75, 90}));
     QCOMPARE(editor.FramesOf("Spine"), (Frames{0, 15, 45, 53, 60, 68, 75, 90}));
     QCOMPARE(editor.FramesOf("Motion"), Frames{0});
-    QCOMPARE(editor.StatusText(), QStringLiteral("Delete Range"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Delete 4 keys"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -359,14 +369,14 @@ void tst_HostView::rangesAreShiftedWithTheirKeys()
 {
     ViewEditor editor;
     editor.Drag("LeftArm", editor.At("LeftArm", 20), {editor.At("LeftArm", 50)});
-    QTest::keyClick(&editor.window, Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
-    QTest::keyClick(&editor.window, Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
+    QTest::keyClick(&editor.window, Qt::Key_Right, Qt::ShiftModifier | Qt::AltModifier);
+    QTest::keyClick(&editor.window, Qt::Key_Right, Qt::ShiftModifier | Qt::AltModifier);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 32, 47, 60, 75, 90}));
     QCOMPARE(editor.RangeOf("LeftArm"), qMakePair(22, 52));
-    QTest::keyClick(&editor.window, Qt::Key_Left, Qt::ControlModifier | Qt::AltModifier);
+    QTest::keyClick(&editor.window, Qt::Key_Left, Qt::ShiftModifier | Qt::AltModifier);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 31, 46, 60, 75, 90}));
     QCOMPARE(editor.RangeOf("LeftArm"), qMakePair(21, 51));
-    QCOMPARE(editor.StatusText(), QStringLiteral("Shift Range"));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Move 2 keys back by 1 frame"));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
@@ -375,7 +385,7 @@ void tst_HostView::rangesStopAtTheEndsOfTheScene()
     ViewEditor editor;
     editor.Drag("LeftArm", editor.At("LeftArm", 70), {editor.At("LeftArm", 89)});
     editor.Timeline().SetTrackSelFrame(editor.Row("LeftArm"), 70, 90);
-    QTest::keyClick(&editor.window, Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
+    QTest::keyClick(&editor.window, Qt::Key_Right, Qt::ShiftModifier | Qt::AltModifier);
     QCOMPARE(editor.FramesOf("LeftArm"), (Frames{0, 15, 30, 45, 60, 75, 90}));
     QCOMPARE(editor.RangeOf("LeftArm"), qMakePair(70, 90));
 }
@@ -437,14 +447,14 @@ void tst_HostView::theTimeMarkIsSetAtTheCurrentFrame()
 {
     ViewEditor editor;
     editor.Timeline().SetCurrentFrame(25);
-    QTest::keyClick(&editor.window, Qt::Key_BracketLeft, Qt::ControlModifier);
+    QTest::keyClick(&editor.window, Qt::Key_Home, Qt::ShiftModifier);
     QCOMPARE(editor.TimeMark(), qMakePair(25, 90));
     editor.Timeline().SetCurrentFrame(60);
-    QTest::keyClick(&editor.window, Qt::Key_BracketRight, Qt::ControlModifier);
+    QTest::keyClick(&editor.window, Qt::Key_End, Qt::ShiftModifier);
     QCOMPARE(editor.TimeMark(), qMakePair(25, 60));
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
     editor.Timeline().SetCurrentFrame(70); // a start behind the end takes it along
-    QTest::keyClick(&editor.window, Qt::Key_BracketLeft, Qt::ControlModifier);
+    QTest::keyClick(&editor.window, Qt::Key_Home, Qt::ShiftModifier);
     QCOMPARE(editor.TimeMark(), qMakePair(70, 70));
     editor.Entry("Mark Whole Scene")->trigger();
     QCOMPARE(editor.TimeMark(), qMakePair(0, 90));
@@ -464,12 +474,21 @@ void tst_HostView::theChoiceForClipEndsStandsInBothPlaces()
 {
     ViewEditor editor;
     QVERIFY(!editor.window.IsClipSpeed());
-    editor.ClickTool("Clip Speed");
+    editor.ClickTool("Speed");
     QVERIFY(editor.window.IsClipSpeed());
     QVERIFY(editor.Entry("Clip Ends Change Speed")->isChecked());
     QTest::keyClick(&editor.window, Qt::Key_E, Qt::ControlModifier);
     QVERIFY(!editor.window.IsClipSpeed());
-    QVERIFY(!editor.Tool("Clip Speed")->isChecked());
+    QVERIFY(!editor.Tool("Speed")->isChecked());
+    QVERIFY(editor.Tool("Loop")->isChecked());
+    editor.ClickTool("Loop"); // as it is
+    QVERIFY(!editor.window.IsClipSpeed());
+    editor.ClickTool("Speed");
+    editor.ClickTool("Speed");
+    QVERIFY(editor.window.IsClipSpeed());
+    editor.ClickTool("Loop");
+    QVERIFY(!editor.window.IsClipSpeed());
+    QVERIFY(!editor.Entry("Clip Ends Change Speed")->isChecked());
 }
 
 void tst_HostView::theSkinIsSwitchedAtRunTime()
@@ -485,7 +504,7 @@ void tst_HostView::theSkinIsSwitchedAtRunTime()
     editor.SelectToo("Lips", {0});
     editor.Shown("Lips").GetAt(0)->subKeys->SetSelectionByIndex(2, 2, true, TL_KEY_ANY_KIND);
     editor.Timeline().SetTrackSelFrame(editor.Row("LeftArm"), 20, 50);
-    editor.ClickTool("Clip Speed");
+    editor.ClickTool("Speed");
     host::Scene scene = editor.Scene();
     scene.FindTrack(editor.Id("Spine"))->locked = true;
     editor.window.Session().Apply(QStringLiteral("Lock"), scene);
@@ -573,7 +592,8 @@ void tst_HostView::aSkinOfTheUsersOwnJoinsTheMenu()
     bool isThere = false;
     for (QMenu* const menu : window.menuBar()->findChildren<QMenu*>()) {
         for (const QAction* const action : menu->actions())
-            isThere = isThere || (action->text() == QLatin1String("mine") && action->isChecked());
+            isThere = isThere ||
+                      (host::PlainText(*action) == QLatin1String("mine") && action->isChecked());
     }
     QVERIFY(isThere);
 }
@@ -631,7 +651,7 @@ void tst_HostView::aPressInTheTimelineTakesTheFocus()
 {
     ViewEditor editor;
     auto* const bar = editor.Pane().findChild<QToolBar*>();
-    QWidget* const button = bar->widgetForAction(editor.Tool("Clip Speed"));
+    QWidget* const button = bar->widgetForAction(editor.Tool("Speed"));
     button->setFocus();
     QVERIFY(QApplication::focusWidget() == button);
     QWidget* const timeline = editor.Pane().Timeline();
@@ -641,9 +661,22 @@ void tst_HostView::aPressInTheTimelineTakesTheFocus()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 90);
     // A tool that is clicked leaves it there.
-    editor.ClickTool("Clip Speed");
+    editor.ClickTool("Speed");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
     QCOMPARE(editor.Timeline().GetCurrentFrame(), 0);
+}
+
+void tst_HostView::keysStayWithTheTimelineAfterScrubbing()
+{
+    ViewEditor editor;
+    QWidget* const ruler = editor.Ruler();
+    editor.pointer.Press(ruler, QPoint(205, ruler->height() / 2));
+    editor.pointer.MoveTo(ruler, QPoint(305, ruler->height() / 2));
+    editor.pointer.Release();
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 30);
+    QVERIFY(QApplication::focusWidget());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 90);
 }
 
 void tst_HostView::shortcutsDoNotFight()

@@ -1,3 +1,4 @@
+#include "DropFiles.h"
 #include "EditorFixture.h"
 
 #include "view/ImportCommand.h"
@@ -71,21 +72,7 @@ struct ImportingEditor : EditorFixture
     /// Drags files over the widget and lets go there. Whether they were taken.
     static bool DropOn(QWidget* widget, const QStringList& files)
     {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString& file : files)
-            urls.append(QUrl::fromLocalFile(file));
-        data.setUrls(urls);
-        const QPoint point(20, 5);
-        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &enter);
-        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &drop);
-        return drop.isAccepted();
+        return DropFiles(widget, {20, 5}, files);
     }
     /// A row of the timeline, which knows only the files of its own list.
     QWidget* WidgetOf(const char* name)
@@ -108,9 +95,11 @@ class tst_ImportCommand : public QObject
 private slots:
     void isOneEditThatTheTimelineShows();
     void aMotionWithOtherJointsIsShown();
+    void newRowsLeaveTheSelectionAndTheCopiesOfOthers();
     void hiddenRowsStayHidden();
     void aLongerSceneCanBeScrubbedToItsEnd();
     void aSoundStartsAtTheCurrentFrame();
+    void aSoundThatIsThereAlreadyIsNoEdit();
     void aSoundStartsWithTheCuesItCameWith();
     void severalFilesAreOneEdit();
     void saysWhatIsWrongAndChangesNothing_data();
@@ -123,8 +112,12 @@ private slots:
     void theMenuAsksForFiles();
     void filesAreDroppedOnRows();
     void soundsAreDroppedBesideTheRows();
+    void severalSoundsOnARowAreAllTaken();
+    void saysWhichSoundsAreSilent();
     void otherFilesAreNotTaken();
     void aDroppedSoundMakesTheSceneLonger();
+    void saysWhatADroppedSoundCovers_data();
+    void saysWhatADroppedSoundCovers();
 };
 
 void tst_ImportCommand::isOneEditThatTheTimelineShows()
@@ -148,6 +141,22 @@ void tst_ImportCommand::aMotionWithOtherJointsIsShown()
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
+void tst_ImportCommand::newRowsLeaveTheSelectionAndTheCopiesOfOthers()
+{
+    ImportingEditor editor;
+    editor.Select("MouthRest", {1});
+    editor.Timeline().CopySelectionToClipboard(editor.Row("MouthRest"));
+    editor.Timeline().SetCurrentFrame(12);
+    const QVector<int> selected = editor.SelectedFrames("MouthRest");
+    QCOMPARE(selected.size(), 1);
+    QVERIFY(editor.Import({editor.File("arm.bvh", LongCapture(60))}));
+    QCOMPARE(editor.SelectedFrames("MouthRest"), selected);
+    QVERIFY(editor.Timeline().GetActiveChildTrack() == editor.Row("MouthRest"));
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 12);
+    QVERIFY(editor.Timeline().CanDoTrackEdit(editor.Row("MouthRest"), TL_EDIT_PASTE));
+    VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
 void tst_ImportCommand::hiddenRowsStayHidden()
 {
     ImportingEditor editor;
@@ -164,9 +173,9 @@ void tst_ImportCommand::aLongerSceneCanBeScrubbedToItsEnd()
 {
     ImportingEditor editor;
     QVERIFY(editor.Import({editor.File("hello.tsv", kCues)}));
-    QCOMPARE(editor.Scene().frameCount, 121 - 1);
+    QCOMPARE(editor.Scene().frameCount, 121); // the last mouth shape has its frame
     editor.window.GotoFrame(1000);
-    QCOMPARE(editor.Timeline().GetCurrentFrame(), 119);
+    QCOMPARE(editor.Timeline().GetCurrentFrame(), 120);
 }
 
 void tst_ImportCommand::aSoundStartsAtTheCurrentFrame()
@@ -175,9 +184,24 @@ void tst_ImportCommand::aSoundStartsAtTheCurrentFrame()
     editor.Timeline().SetCurrentFrame(12);
     const QString path = editor.File("hello.wav", WavBytes(4000, 4000));
     QVERIFY(editor.Import({path}));
-    QCOMPARE(editor.FramesOf("Sound"), (QVector<int>{0, 12})); // the sample's own, and this one
-    QCOMPARE(editor.KeysOf("Sound")[1].sound, path);
+    QCOMPARE(editor.FramesOf("Sound"), QVector<int>{0}); // the sample's own, and this one beside
+    const auto added =
+        std::find_if(editor.Scene().tracks.cbegin(), editor.Scene().tracks.cend(),
+                     [](const SceneTrack& row) { return row.caption == QLatin1String("Sound 2"); });
+    QVERIFY(added != editor.Scene().tracks.cend());
+    QCOMPARE(added->keys[0].frame, 12);
+    QCOMPARE(added->keys[0].sound, path);
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::aSoundThatIsThereAlreadyIsNoEdit()
+{
+    ImportingEditor editor;
+    const QString path = editor.File("hello.wav", WavBytes(4000, 4000));
+    QVERIFY(editor.Import({path}));
+    QVERIFY(editor.Import({path}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import hello.wav")});
+    QCOMPARE(editor.StatusText(), QStringLiteral("hello.wav is in the scene already"));
 }
 
 void tst_ImportCommand::aSoundStartsWithTheCuesItCameWith()
@@ -331,6 +355,44 @@ void tst_ImportCommand::soundsAreDroppedBesideTheRows()
     QCOMPARE(editor.FramesOf("Sound"), QVector<int>{0});
 }
 
+void tst_ImportCommand::severalSoundsOnARowAreAllTaken()
+{
+    ImportingEditor editor;
+    editor.Timeline().SetCurrentFrame(95); // behind the sample's own
+    host::Scene scene = editor.Scene();
+    scene.frameCount = 200;
+    QVERIFY(editor.window.SetScene(scene));
+    editor.Timeline().SetCurrentFrame(95);
+    QVERIFY(ImportingEditor::DropOn(
+        editor.WidgetOf("Sound"),
+        {editor.File("a.wav", WavBytes(4000, 4000)), editor.File("b.wav", WavBytes(4000, 4000))}));
+    QVERIFY(editor.Finishes());
+    QCOMPARE(editor.FramesOf("Sound"), (QVector<int>{0, 95, 125}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import 2 Files")});
+}
+
+void tst_ImportCommand::saysWhichSoundsAreSilent()
+{
+    ImportingEditor editor;
+    QByteArray compressed = WavBytes(4000, 4000);
+    compressed[20] = 0x55; // the kind of samples
+    const QString a = editor.File("a.wav", compressed);
+    const QString b = editor.File("b.wav", compressed);
+    QVERIFY(editor.Import({a, b}));
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Import 2 Files")});
+    const QString reason =
+        QStringLiteral(": expected samples that are not compressed, to be heard");
+    QCOMPARE(editor.StatusText(), QStringLiteral("Import 2 Files, silent: ") + a + reason +
+                                      QStringLiteral("; ") + b + reason);
+    const QString cues =
+        editor.File("line.json", "{\"metadata\":{\"duration\":1,\"soundFile\":\"none.wav\"},"
+                                 "\"mouthCues\":[{\"start\":0,\"end\":1,\"value\":\"A\"}]}");
+    QVERIFY(editor.Import({cues}));
+    QCOMPARE(editor.StatusText(), QStringLiteral("Import line.json, silent: ") +
+                                      editor.directory.filePath(QStringLiteral("none.wav")) +
+                                      QStringLiteral(": expected a readable file"));
+}
+
 void tst_ImportCommand::otherFilesAreNotTaken()
 {
     ImportingEditor editor;
@@ -350,8 +412,38 @@ void tst_ImportCommand::aDroppedSoundMakesTheSceneLonger()
     QCOMPARE(editor.Scene().frameCount, 150);
     QCOMPARE(editor.Timeline().GetFrameCount(), 150);
     QCOMPARE(editor.KeysOf("Sound")[1].sound, path);
-    QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop Sound")});
+    QCOMPARE(editor.edits, QStringList{QStringLiteral("Drop long.wav")});
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
+}
+
+void tst_ImportCommand::saysWhatADroppedSoundCovers_data()
+{
+    QTest::addColumn<int>("frame");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a clip") << 20 << QStringLiteral("Drop hello.wav: one was replaced");
+    QTest::newRow("its end") << 25 << QStringLiteral("Drop hello.wav: the end of one is covered");
+    QTest::newRow("itself") << 10 << QStringLiteral("Drop hello.wav: heard until one begins");
+    QTest::newRow("nothing") << 40 << QStringLiteral("Drop hello.wav");
+}
+
+void tst_ImportCommand::saysWhatADroppedSoundCovers()
+{
+    QFETCH(int, frame);
+    QFETCH(QString, text);
+    ImportingEditor editor;
+    host::Scene scene = editor.Scene();
+    SceneKey clip;
+    clip.name = QStringLiteral("one");
+    clip.frame = 20;
+    clip.clip = ClipSpan{10, 1, 0, 10, 10};
+    scene.FindTrack(editor.Id("Sound"))->keys = {clip};
+    scene.NumberKeys(scene.FindTrack(editor.Id("Sound"))->keys);
+    QVERIFY(editor.window.SetScene(scene));
+    editor.Timeline().SetActiveChildTrack(editor.Row("Sound"));
+    editor.Timeline().SetCurrentFrame(frame);
+    const QString path = editor.File("hello.wav", WavBytes(4000, 4000));
+    QVERIFY(editor.Timeline().ReceiveTrackDrop(TL_DROP_SOUND_FIRST, path));
+    QCOMPARE(editor.StatusText(), text);
 }
 
 QTEST_MAIN(tst_ImportCommand)

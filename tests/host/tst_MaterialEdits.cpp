@@ -5,6 +5,7 @@
 #include "import/MaterialEdits.h"
 #include "import/SceneBuilder.h"
 #include "import/SceneFiles.h"
+#include "import/SoundClips.h"
 
 #include <QTemporaryDir>
 
@@ -41,7 +42,7 @@ SpokenLine Line(double seconds, const QString& name = QStringLiteral("hello"))
 
 Material Made(const Motion& motion, const SpokenLine& line, const QVector<Sound>& sounds = {})
 {
-    return {*BuildScene(motion, line, {kSceneFrameRate, !sounds.isEmpty(), {}}), sounds};
+    return {*BuildScene(motion, line, {kSceneFrameRate, !sounds.isEmpty(), {}}), sounds, {}};
 }
 
 TrackId Id(const Scene& scene, const char* name)
@@ -135,6 +136,11 @@ private slots:
     void soundsAreAddedOneBehindTheOther();
     void aSoundBringsItsRowToASceneWithoutAFace();
     void aSoundThatIsThereStays();
+    void aSoundThatIsInTheWayStays_data();
+    void aSoundThatIsInTheWayStays();
+    void theSameSoundIsNotAddedTwice();
+    void aSoundThatIsThereAlreadyChangesNothing();
+    void aLockedRowOfSoundsStaysAsItIs();
     void theSceneGrowsAndTheMarkerGoesAlong();
     void aMarkerInsideTheSceneStays();
     void theSceneNeverShrinks();
@@ -289,6 +295,76 @@ void tst_MaterialEdits::aSoundThatIsThereStays()
     QCOMPARE(Row(scene, "Sound").keys.size(), 2);
 }
 
+void tst_MaterialEdits::aSoundThatIsInTheWayStays_data()
+{
+    QTest::addColumn<int>("frame");
+    QTest::addColumn<bool>("isFree");
+    QTest::newRow("at its first frame") << 30 << false;
+    QTest::newRow("inside it") << 45 << false;
+    QTest::newRow("at its last frame") << 59 << false;
+    QTest::newRow("into it") << 1 << false;
+    QTest::newRow("up to it") << 0 << true;
+    QTest::newRow("behind it") << 60 << true;
+}
+
+void tst_MaterialEdits::aSoundThatIsInTheWayStays()
+{
+    QFETCH(int, frame);
+    QFETCH(bool, isFree);
+    Scene scene = Made({}, Line(4)).rows;
+    QVERIFY(Import(scene, Made({}, {}, {{QStringLiteral("/a/one.wav"), 1}}), 30));
+    const SceneKey before = Row(scene, "Sound").keys[0];
+    QCOMPARE(LastFrameOf({{}, 1}, 30, 30), 59);
+    QVERIFY(Import(scene, Made({}, {}, {{QStringLiteral("/a/two.wav"), 1}}), frame));
+    QCOMPARE(Row(scene, "Sound").keys.size(), isFree ? 2 : 1);
+    QVERIFY(Row(scene, "Sound").keys.contains(before));
+    QCOMPARE(Names(scene).count(QStringLiteral("Sound")), isFree ? 1 : 2);
+    QCOMPARE(Broken(scene), QString());
+    if (isFree)
+        return;
+    const int index = Names(scene).indexOf(QStringLiteral("Sound")) + 1;
+    const SceneTrack& added = scene.tracks[index];
+    QCOMPARE(added.caption, QStringLiteral("Sound 2"));
+    QCOMPARE(added.parent, Id(scene, "Face"));
+    QCOMPARE(added.keys.size(), 1);
+    QCOMPARE(added.keys[0].frame, frame);
+    // The rows stay apart when more is brought, and are filled before a third one is made.
+    QVERIFY(Import(scene, Made({}, Line(2))));
+    QVERIFY(Import(scene, Made({}, {}, {{QStringLiteral("/a/three.wav"), 1}}), frame + 35));
+    QCOMPARE(Names(scene).count(QStringLiteral("Sound")), 2);
+}
+
+void tst_MaterialEdits::theSameSoundIsNotAddedTwice()
+{
+    Scene scene = Made({}, Line(4)).rows;
+    const Material material = Made({}, Line(2), {{QStringLiteral("/a/one.wav"), 1}});
+    QVERIFY(Import(scene, material));
+    QVERIFY(Import(scene, material));
+    QCOMPARE(Names(scene).count(QStringLiteral("Sound")), 1);
+    QCOMPARE(Row(scene, "Sound").keys.size(), 1);
+}
+
+void tst_MaterialEdits::aSoundThatIsThereAlreadyChangesNothing()
+{
+    Scene scene = Made({}, Line(4)).rows;
+    const QStringList order = Names(scene);
+    const Material sound = Made({}, {}, {{QStringLiteral("/a/one.wav"), 1}});
+    QVERIFY(Import(scene, sound, 10));
+    QCOMPARE(Names(scene), order);
+    const Scene before = scene;
+    QVERIFY(Import(scene, sound, 10));
+    QVERIFY(scene == before);
+}
+
+void tst_MaterialEdits::aLockedRowOfSoundsStaysAsItIs()
+{
+    Scene scene = Made({}, Line(2)).rows;
+    scene.FindTrack(Id(scene, "Sound"))->locked = true;
+    QVERIFY(Import(scene, Made({}, {}, {{QStringLiteral("/a/one.wav"), 1}})));
+    QVERIFY(Row(scene, "Sound").keys.isEmpty());
+    QCOMPARE(Names(scene).count(QStringLiteral("Sound")), 2);
+}
+
 void tst_MaterialEdits::theSceneGrowsAndTheMarkerGoesAlong()
 {
     Scene scene = Made({}, Line(2)).rows;
@@ -323,7 +399,6 @@ void tst_MaterialEdits::lockedRowsAreRefused_data()
     QTest::newRow("the clip on the lips") << QStringLiteral("Lips") << true;
     QTest::newRow("a joint") << QStringLiteral("Arm") << false;
     QTest::newRow("a key of a joint") << QStringLiteral("Arm") << true;
-    QTest::newRow("the row of sounds") << QStringLiteral("Sound") << false;
 }
 
 void tst_MaterialEdits::lockedRowsAreRefused()

@@ -61,6 +61,7 @@ private slots:
     void survivesEveryByteReplaced();
     void readsTheSampleLine();
     void readsTheRealLine();
+    void stopsWhenItIsCancelled();
 };
 
 void tst_MouthCueReader::readsTheDurationAndTheCues()
@@ -261,6 +262,23 @@ void tst_MouthCueReader::readsTheRealLine()
     QVERIFY2(line, qPrintable(error.Message()));
     QCOMPARE(line->duration, 2.69);
     QCOMPARE(line->cues.size(), 19);
+}
+
+void tst_MouthCueReader::stopsWhenItIsCancelled()
+{
+    const QByteArray text = "{\"metadata\":{\"duration\":1},\"mouthCues\":[" +
+                            QByteArray("{\"start\":0,\"end\":1,\"value\":\"A\"},").repeated(5000) +
+                            "{\"start\":0,\"end\":1,\"value\":\"A\"}]}";
+    ImportError error;
+    double reached = 0;
+    const ImportProgress progress([&reached](double share) {
+        reached = share;
+        return share < 0.7;
+    });
+    QVERIFY(!ReadMouthCues(text, QStringLiteral("a"), error, progress));
+    QVERIFY(error.isCancelled);
+    QVERIFY(reached >= 0.7 && reached < 0.9);
+    QVERIFY(ReadMouthCues(text, QStringLiteral("a"), error));
 }
 
 QTEST_MAIN(tst_MouthCueReader)

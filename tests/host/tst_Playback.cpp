@@ -23,6 +23,8 @@ public:
     {
         notes.append(QStringLiteral("%1 from %2").arg(plan.size()).arg(seconds, 0, 'f', 3));
         isOn = true;
+        startPlace = seconds;
+        startTime = clock ? clock->now : 0;
         return problem;
     }
     void Stop() override
@@ -31,7 +33,19 @@ public:
             notes.append(QStringLiteral("stop"));
         isOn = false;
     }
+    std::optional<double> Place() const override
+    {
+        if (!clock || !isOn)
+            return std::nullopt;
+        return startPlace + static_cast<double>(clock->now - startTime) / 1e9 - delay;
+    }
+    /// It ran dry for that long, and goes on where it was.
+    void Stall(double seconds) { startPlace -= seconds; }
 
+    const HandClock* clock = nullptr; ///< by which it tells its place, if it does
+    double delay = 0;                 ///< by which it is always late
+    double startPlace = 0;
+    qint64 startTime = 0;
     QStringList notes;
     QString problem;
     bool isOn = false;
@@ -126,12 +140,18 @@ private slots:
     void theSameFrameToldAgainLosesNoTime();
     void anotherFrameRateGoesOnFromTheSamePlace();
     void aShorterSceneEndsThePlaying();
+    void aShorterSceneLeavesWhereStopGoes();
     void anotherSceneEndsThePlaying();
     void aSceneWithoutFramesCannotBePlayed();
     void soundStartsWithTheFrameAndStopsWithIt();
     void soundStartsAgainWithEachLoop();
+    void soundLosesNothingOfItsBeginning();
+    void aMarkOfOneFrameIsSilent();
     void soundFollowsScrubbingOnceAFrame();
     void soundFollowsEdits();
+    void soundThatFellBehindIsSetAnew();
+    void soundOfASlowDeviceIsSetAnewOnce();
+    void aDeviceThatStandsStillIsTriedEverMoreSeldom();
     void mutedRowsAreNotHeard();
     void saysOnceWhyNothingIsHeard();
     void noTimerRunsAtRest();
@@ -477,6 +497,19 @@ void tst_Playback::aShorterSceneEndsThePlaying()
     QCOMPARE(player.playback.Frame(), 19);
 }
 
+void tst_Playback::aShorterSceneLeavesWhereStopGoes()
+{
+    Player player(SceneOf(100));
+    player.playback.FollowFrame(20);
+    player.playback.Play();
+    player.Pass(5);
+    player.playback.Pause();
+    player.session.Apply(QStringLiteral("Cut"), SceneOf(50));
+    player.playback.FollowFrame(49); // as the timeline holds it inside the scene
+    player.playback.Stop();
+    QCOMPARE(player.playback.Frame(), 20);
+}
+
 void tst_Playback::anotherSceneEndsThePlaying()
 {
     Player player(WithSound(SceneOf(100)));
@@ -511,7 +544,7 @@ void tst_Playback::soundStartsWithTheFrameAndStopsWithIt()
     QCOMPARE(player.TakeNotes(), QStringList{QStringLiteral("stop")});
     player.playback.Play();
     player.Pass(0.05); // when it starts late it starts where the frames are by then
-    QCOMPARE(player.TakeNotes(), QStringList{QStringLiteral("1 from 2.350")});
+    QCOMPARE(player.TakeNotes(), QStringList{QStringLiteral("1 from 2.300")});
 }
 
 void tst_Playback::soundStartsAgainWithEachLoop()
@@ -529,6 +562,45 @@ void tst_Playback::soundStartsAgainWithEachLoop()
     QCOMPARE(player.TakeNotes(),
              (QStringList{QStringLiteral("1 from 1.000"), QStringLiteral("stop"),
                           QStringLiteral("1 from 1.050")}));
+}
+
+void tst_Playback::soundLosesNothingOfItsBeginning()
+{
+    Scene scene = WithSound(SceneOf(100), 10);
+    scene.timeMark = {10, 19};
+    Player player(scene);
+    player.playback.FollowFrame(10);
+    player.playback.SetLooping(true);
+    player.playback.Play();
+    player.Pass(0.004); // when the timer comes round
+    QCOMPARE(player.TakeNotes(), QStringList{QStringLiteral("1 from 1.000")});
+    player.Pass(1.004); // in the next round by 8 milliseconds
+    QCOMPARE(player.TakeNotes(),
+             (QStringList{QStringLiteral("stop"), QStringLiteral("1 from 1.000")}));
+    player.Pass(0.99);
+    QCOMPARE(player.playback.Frame(), 19);
+    player.Pass(0.003); // no time was lost
+    QCOMPARE(player.playback.Frame(), 10);
+}
+
+void tst_Playback::aMarkOfOneFrameIsSilent()
+{
+    Scene scene = WithSound(SceneOf(100, 30));
+    scene.timeMark = {7, 7};
+    Player player(scene);
+    player.playback.FollowFrame(5);
+    player.playback.SetLooping(true);
+    player.playback.Play();
+    player.Pass(0.07);
+    QCOMPARE(player.playback.Frame(), 7);
+    QVERIFY(!player.sound.isOn);
+    player.TakeNotes();
+    for (int i = 0; i < 10; ++i)
+        player.Pass(0.034);
+    QCOMPARE(player.TakeNotes(), QStringList{});
+    player.playback.SetLooping(false);
+    player.Pass(0.034);
+    QVERIFY(player.sound.isOn);
 }
 
 void tst_Playback::soundFollowsScrubbingOnceAFrame()
@@ -561,6 +633,59 @@ void tst_Playback::soundFollowsEdits()
     player.Pass(0.1);
     QCOMPARE(player.TakeNotes(),
              (QStringList{QStringLiteral("stop"), QStringLiteral("1 from 0.150")}));
+}
+
+void tst_Playback::soundThatFellBehindIsSetAnew()
+{
+    Player player(WithSound(SceneOf(300, 30), 0, 250));
+    player.sound.clock = &player.clock;
+    player.playback.Play();
+    player.playback.Advance();
+    player.Pass(0.1);
+    player.TakeNotes();
+    player.Pass(0.4); // the program was busy, but the device had enough
+    QCOMPARE(player.TakeNotes(), QStringList{});
+    player.sound.Stall(0.32);
+    player.Pass(0.4);
+    QCOMPARE(player.TakeNotes(), QStringList{QStringLiteral("1 from 0.900")});
+    player.Pass(0.05);
+    player.sound.Stall(-0.05); // it went ahead
+    player.Pass(0.05);
+    QCOMPARE(player.TakeNotes(), QStringList{QStringLiteral("1 from 1.000")});
+    for (int i = 0; i < 20; ++i)
+        player.Pass(0.03);
+    QCOMPARE(player.TakeNotes(), QStringList{});
+}
+
+void tst_Playback::soundOfASlowDeviceIsSetAnewOnce()
+{
+    Player player(WithSound(SceneOf(300, 30), 0, 250));
+    player.sound.clock = &player.clock;
+    player.sound.delay = 0.1;
+    player.playback.Play();
+    player.playback.Advance();
+    player.TakeNotes();
+    for (int i = 0; i < 20; ++i)
+        player.Pass(0.03);
+    QVERIFY(player.TakeNotes().size() <= 1);
+    player.sound.Stall(0.3);
+    player.Pass(0.03);
+    QCOMPARE(player.TakeNotes(), QStringList{QStringLiteral("1 from 0.630")});
+}
+
+void tst_Playback::aDeviceThatStandsStillIsTriedEverMoreSeldom()
+{
+    Player player(WithSound(SceneOf(3000, 30), 0, 2500));
+    player.sound.clock = &player.clock;
+    player.playback.Play();
+    player.playback.Advance();
+    player.TakeNotes();
+    for (int i = 0; i < 300; ++i) {
+        player.sound.delay = 10 + i; // wherever it is started
+        player.Pass(0.03);
+    }
+    const int tries = player.TakeNotes().size();
+    QVERIFY2(tries > 1 && tries < 15, qPrintable(QString::number(tries)));
 }
 
 void tst_Playback::mutedRowsAreNotHeard()

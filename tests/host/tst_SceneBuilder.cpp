@@ -95,6 +95,7 @@ private slots:
     void putsTheLipsIntoOneClipOfSubKeys();
     void letsTheLipsClipCoverTheLine_data();
     void letsTheLipsClipCoverTheLine();
+    void keepsTheKeyOfALateCueInsideTheScene();
     void showsTheLongestOfTheCuesOnOneFrame();
     void blendsWhereTheMouthComesToRest();
     void blendsAtBothEndsOfTheMotion();
@@ -215,6 +216,16 @@ void tst_SceneBuilder::letsTheLipsClipCoverTheLine()
     QCOMPARE(LipsOf(scene).clip->length, frameCount - 1);
 }
 
+void tst_SceneBuilder::keepsTheKeyOfALateCueInsideTheScene()
+{
+    const Scene scene = SceneOfCues(1, {{0, 0.985, 1}, {0.985, 1, kClosedMouth}});
+    const SceneKey& lips = LipsOf(scene);
+    QCOMPARE(lips.subKeys.last().frame, 30); // the nearest to 0.985 seconds
+    QCOMPARE(scene.frameCount, 31);
+    QCOMPARE(lips.clip->length, 30);
+    VerifyIsSound(scene);
+}
+
 void tst_SceneBuilder::showsTheLongestOfTheCuesOnOneFrame()
 {
     const Scene scene =
@@ -279,6 +290,8 @@ void tst_SceneBuilder::leavesFeetThatNeverLiftWithoutContacts()
         std::copy_n(still.samples.begin(), still.channelCount,
                     still.samples.begin() + sample * still.channelCount);
     QVERIFY(FindFootContacts(still, 30).isEmpty());
+    const ImportProgress cancelled([](double share) { return share < 0.5; });
+    QVERIFY(!FindFootContacts(still, 30, cancelled));
     VerifyIsSound(BuildScene(still, SpokenLine()));
 }
 
@@ -453,10 +466,12 @@ void tst_SceneBuilder::growsForALongerSound()
 {
     Scene scene = SceneOfCues(1, {{0, 1, 2}});
     QCOMPARE(scene.frameCount, 30);
+    QString problem;
     const auto sound = SoundOfLine("{\"metadata\":{\"soundFile\":\"greeting.wav\"}}",
-                                   SamplePath(QStringLiteral("line.json")));
+                                   SamplePath(QStringLiteral("line.json")), problem);
     QVERIFY(sound);
-    AddSoundClips(scene, SoundRowOf(scene), {*sound}, 0);
+    QCOMPARE(problem, QString());
+    AddSounds(scene, {*sound}, 0);
     QCOMPARE(scene.frameCount, 90);
     QCOMPARE(scene.timeMark.end, 89);
     QCOMPARE(RowNamed(scene, QStringLiteral("Sound"))->keys[0].clip->length, 89);
@@ -466,17 +481,27 @@ void tst_SceneBuilder::growsForALongerSound()
 void tst_SceneBuilder::leavesOutASoundItCannotRead_data()
 {
     QTest::addColumn<QByteArray>("metadata");
-    QTest::newRow("none named") << QByteArray("{}");
-    QTest::newRow("not there") << QByteArray("{\"soundFile\":\"none.wav\"}");
-    QTest::newRow("no sound") << QByteArray("{\"soundFile\":\"stroll.bvh\"}");
-    QTest::newRow("a folder") << QByteArray("{\"soundFile\":\".\"}");
-    QTest::newRow("a number") << QByteArray("{\"soundFile\":5}");
+    QTest::addColumn<QString>("problem"); // behind the path of the samples
+    const QString unreadable = QStringLiteral(": expected a readable file");
+    QTest::newRow("none named") << QByteArray("{}") << QString();
+    QTest::newRow("not there") << QByteArray("{\"soundFile\":\"none.wav\"}")
+                               << QStringLiteral("/none.wav") + unreadable;
+    QTest::newRow("no sound")
+        << QByteArray("{\"soundFile\":\"stroll.bvh\"}")
+        << QStringLiteral("/stroll.bvh: expected a sound file that starts with RIFF and WAVE");
+    QTest::newRow("a folder") << QByteArray("{\"soundFile\":\".\"}") << unreadable;
+    QTest::newRow("a number") << QByteArray("{\"soundFile\":5}") << QString();
 }
 
 void tst_SceneBuilder::leavesOutASoundItCannotRead()
 {
     QFETCH(QByteArray, metadata);
-    QVERIFY(!SoundOfLine("{\"metadata\":" + metadata + "}", SamplePath(QStringLiteral("l.json"))));
+    QFETCH(QString, problem);
+    QString told;
+    const QString path = SamplePath(QStringLiteral("l.json"));
+    QVERIFY(!SoundOfLine("{\"metadata\":" + metadata + "}", path, told));
+    const QString folder = problem.isEmpty() ? QString() : QStringLiteral(KESTOVA_SAMPLES_DIR);
+    QCOMPARE(told, folder + problem);
 }
 
 void tst_SceneBuilder::keepsTheSampleWalkAsItsGeneratorWritesIt()

@@ -90,6 +90,7 @@ private slots:
     void movedKeysKeepTheirNumbersAndStandInFrameOrder();
     void aMovedKeyReplacesTheOneItLandsOn();
     void movedKeysDoNotReplaceEachOther();
+    void keysArePlacedInOrderWhateverOrderTheyCameIn();
     void aMoveStopsWhereTheFirstKeyWouldLeaveTheScene_data();
     void aMoveStopsWhereTheFirstKeyWouldLeaveTheScene();
     void lockedKeysNeitherMoveNorGiveWay();
@@ -101,6 +102,7 @@ private slots:
     void pastedKeysKeepTheirDistances();
     void aPastedKeyReplacesTheOneOnItsFrame();
     void pastedKeysGetNewNumbersAndNoGroup();
+    void keysThatStandThereAlreadyAreKnown();
     void keysPastedBeyondTheEndAreLeftOut();
     void insertsAKeyInFrameOrder();
     void insertsNothingOnAnOccupiedFrame();
@@ -189,6 +191,22 @@ void tst_SceneEdits::movedKeysDoNotReplaceEachOther()
     same.Key(same.keys, 1).frame = 10; // two keys on one frame
     MoveKeys(same.scene, {same.Select(same.keys, {0, 1})}, 5);
     QCOMPARE(FramesOf(same.scene, same.keys), (Frames{15, 15, 30}));
+}
+
+void tst_SceneEdits::keysArePlacedInOrderWhateverOrderTheyCameIn()
+{
+    QVector<SceneKey> keys = Rows::KeysAt({10, 20, 30});
+    keys[1].locked = true;
+    QVector<SceneKey> placed = Rows::KeysAt({40, 20, 5, 20, 30});
+    for (int i = 0; i < placed.size(); ++i)
+        placed[i].id = i + 1;
+    PlaceKeys(keys, placed);
+    QCOMPARE(FramesOf(keys), (Frames{5, 10, 20, 20, 20, 30, 40}));
+    QVERIFY(keys[2].locked); // what stays comes before what was placed
+    QVector<KeyId> ids;
+    for (const SceneKey& key : qAsConst(keys))
+        ids.append(key.id);
+    QCOMPARE(ids, (QVector<KeyId>{3, kNoKey, kNoKey, 2, 4, 5, 1}));
 }
 
 void tst_SceneEdits::aMoveStopsWhereTheFirstKeyWouldLeaveTheScene_data()
@@ -305,6 +323,26 @@ void tst_SceneEdits::pastedKeysGetNewNumbersAndNoGroup()
     QCOMPARE(FramesOf(pasted.subKeys), FramesOf(line.subKeys));
     QVERIFY(pasted.subKeys[0].id != line.subKeys[0].id);
     QCOMPARE(rows.Key(rows.lips, 0).group, 7);
+}
+
+void tst_SceneEdits::keysThatStandThereAlreadyAreKnown()
+{
+    Rows rows;
+    const QVector<SceneKey> keys = rows.scene.FindTrack(rows.keys)->keys; // at 10, 20 and 30
+    const QVector<KeyId> ids{keys[0].id, keys[1].id, keys[2].id};
+    QCOMPARE(KeysAlreadyPasted(rows.scene, rows.keys, keys, 0), ids);
+    QVERIFY(KeysAlreadyPasted(rows.scene, rows.keys, keys, 1).isEmpty());
+    QVERIFY(KeysAlreadyPasted(rows.scene, rows.keys, keys, 10).isEmpty()); // two of three
+    QVERIFY(KeysAlreadyPasted(rows.scene, 999, keys, 0).isEmpty());
+    QVector<SceneKey> other = keys;
+    other[1].alternate = !other[1].alternate;
+    QVERIFY(KeysAlreadyPasted(rows.scene, rows.keys, other, 0).isEmpty());
+    rows.scene.FindTrack(rows.keys)->keys[0].group = 7; // would be lost
+    QCOMPARE(KeysAlreadyPasted(rows.scene, rows.keys, keys, 0), ids);
+    SceneKey line = rows.Key(rows.lips, 0);
+    QCOMPARE(KeysAlreadyPasted(rows.scene, rows.lips, {line}, 0), QVector<KeyId>{line.id});
+    line.subKeys[1].mouthShape += 1;
+    QVERIFY(KeysAlreadyPasted(rows.scene, rows.lips, {line}, 0).isEmpty());
 }
 
 void tst_SceneEdits::keysPastedBeyondTheEndAreLeftOut()

@@ -41,7 +41,7 @@ SceneDocument Small()
     scene.motion.channelCount = 2;
     scene.motion.sampleCount = 1;
     scene.motion.joints = {
-        {QStringLiteral("Hips"), -1, {}, {Channel::XPosition, Channel::YRotation}, 0}};
+        {QStringLiteral("Hips"), -1, {}, {Channel::XPosition, Channel::YRotation}, 0, {{0, 1, 2}}}};
     scene.motion.samples = {1, 2};
     scene.line.cues = {{0, 1, 2}};
     return document;
@@ -80,6 +80,12 @@ private slots:
     void damageIsNamedByItsPlace_data();
     void damageIsNamedByItsPlace();
     void aBrokenTextIsNamedByItsLine();
+    void aMemberThatIsThereTwiceIsNamedByItsLine_data();
+    void aMemberThatIsThereTwiceIsNamedByItsLine();
+    void theSameNameInAnotherObjectIsNoDouble();
+    void longTextsAreCut();
+    void theLargestValuesAreReadAsTheyWereWritten();
+    void atTheEndOfNumbersAllIsNumberedAnew();
     void anHourLongSceneIsReadQuickly();
 };
 
@@ -238,6 +244,104 @@ void tst_SceneJson::aBrokenTextIsNamedByItsLine()
     broken.replace(place, 4, "\"id ");
     const QString error = ErrorOf(broken);
     QVERIFY2(error.startsWith(QStringLiteral("line %1: ").arg(line)), qPrintable(error));
+}
+
+void tst_SceneJson::aMemberThatIsThereTwiceIsNamedByItsLine_data()
+{
+    QTest::addColumn<QByteArray>("again");
+    QTest::newRow("as it is") << QByteArray("\"frame\": 6, ");
+    QTest::newRow("with an escape") << QByteArray("\"fr\\u0061me\": 6, ");
+}
+
+void tst_SceneJson::aMemberThatIsThereTwiceIsNamedByItsLine()
+{
+    QFETCH(QByteArray, again);
+    QByteArray text = WriteSceneJson(Small());
+    const int place = text.indexOf("\"frame\": 5");
+    text.insert(place, again);
+    const auto line = text.left(place).count('\n') + 1;
+    QCOMPARE(
+        ErrorOf(text),
+        QStringLiteral("line %1: expected every member once, found \"frame\" again").arg(line));
+}
+
+void tst_SceneJson::theSameNameInAnotherObjectIsNoDouble()
+{
+    // Names look like texts, and texts hold what looks like names.
+    SceneDocument document = Small();
+    document.scene.tracks[1].name = QStringLiteral("\"id\": 5, \\\"id\": {\"id\": 5");
+    document.scene.tracks[1].caption = QStringLiteral("name");
+    QString error;
+    const auto read = ReadSceneJson(WriteSceneJson(document), error);
+    QVERIFY2(read, qPrintable(error));
+    QVERIFY(*read == document);
+}
+
+void tst_SceneJson::longTextsAreCut()
+{
+    SceneDocument document = Small();
+    const QString caption(20000, QLatin1Char('w'));
+    document.scene.tracks[1].caption = caption;
+    document.scene.tracks[1].keys[1].sound = caption; // a path would be another one
+    QString error;
+    const auto read = ReadSceneJson(WriteSceneJson(document), error);
+    QVERIFY2(read, qPrintable(error));
+    QCOMPARE(read->scene.tracks[1].caption, caption.left(1000));
+    QCOMPARE(read->scene.tracks[1].keys[1].sound, caption);
+}
+
+void tst_SceneJson::theLargestValuesAreReadAsTheyWereWritten()
+{
+    constexpr int kMost = std::numeric_limits<int>::max();
+    constexpr int kFrames = 100'000'000;
+    SceneDocument document = Small();
+    Scene& scene = document.scene;
+    scene.frameRate = 1000;
+    scene.frameCount = kFrames;
+    scene.timeMark = {kFrames - 1, kFrames - 1};
+    scene.lastId = 1'000'000'000;
+    SceneTrack& row = scene.tracks[1];
+    row.styleNumber = kMost;
+    row.name = QString(1000, QLatin1Char('w'));
+    row.keys[0].frame = -kFrames;
+    row.keys[0].id = scene.lastId;
+    row.keys[0].priority = std::numeric_limits<int>::min();
+    row.keys[0].transition->frames = kFrames;
+    row.keys[1].frame = kFrames;
+    row.keys[1].priority = kMost;
+    row.keys[1].mouthShape = 16;
+    row.keys[1].clip = ClipSpan{kFrames, kFrames, kFrames, kFrames, kMost, kFrames};
+    document.view = {1, 1, kFrames - 1};
+    scene.motion.sampleTime = std::numeric_limits<double>::denorm_min();
+    scene.motion.samples = {std::numeric_limits<float>::max(), -std::numeric_limits<float>::min()};
+    scene.line.duration = std::numeric_limits<double>::max();
+    QString error;
+    const auto read = ReadSceneJson(WriteSceneJson(document), error);
+    QVERIFY2(read, qPrintable(error));
+    QVERIFY2(*read == document, qPrintable(DifferenceOf(*read, document)));
+}
+
+void tst_SceneJson::atTheEndOfNumbersAllIsNumberedAnew()
+{
+    constexpr int kShift = std::numeric_limits<int>::max() - 6; // Small() has six
+    const SceneDocument document = Small();
+    SceneDocument last = document;
+    const auto shift = [](int& number) { number += number == 0 ? 0 : kShift; };
+    shift(last.scene.lastId);
+    shift(last.scene.groups[0].id);
+    shift(last.scene.tracks[0].id);
+    shift(last.scene.tracks[0].buttons[0].tracks[0]);
+    SceneTrack& row = last.scene.tracks[1];
+    for (int* const number : {&row.id, &row.parent, &row.keys[0].id, &row.keys[0].group,
+                              &row.keys[1].id, &row.keys[1].subKeys[0].id})
+        shift(*number);
+    for (int& number : last.scene.relations[0].tracks)
+        shift(number);
+    QCOMPARE(last.scene.lastId, std::numeric_limits<int>::max());
+    QString error;
+    const auto read = ReadSceneJson(WriteSceneJson(last), error);
+    QVERIFY2(read, qPrintable(error));
+    QVERIFY2(*read == document, qPrintable(DifferenceOf(*read, document)));
 }
 
 void tst_SceneJson::anHourLongSceneIsReadQuickly()

@@ -75,6 +75,7 @@ private slots:
     void takesCopiesOfItsKeysAway();
     void readsWhatItHasWritten();
     void takesThePreviousSceneAway();
+    void knowsWhichTrackStandsForWhichInBothDirections();
     void refusesAStyleThatTheSkinLacks();
 
 private:
@@ -380,6 +381,23 @@ void tst_SceneTracks::takesThePreviousSceneAway()
     std::vector<_tmpTLRelatedMap> table;
     QVERIFY(host.manager.GetTrackRelMapTable(table));
     QVERIFY(table.empty());
+}
+
+void tst_SceneTracks::knowsWhichTrackStandsForWhichInBothDirections()
+{
+    SmallHost host;
+    const Scene scene = SampleScene();
+    QVERIFY(host.tracks.Show(scene));
+    for (const SceneTrack& track : scene.tracks)
+        QCOMPARE(host.tracks.IdOf(host.tracks.TrackOf(track.id)), track.id);
+    QCOMPARE(host.tracks.IdOf(nullptr), kNoTrack);
+
+    QVector<CTimelineTrackBase*> gone;
+    for (const SceneTrack& track : scene.tracks)
+        gone.append(host.tracks.TrackOf(track.id));
+    QVERIFY(host.tracks.Show(Scene()));
+    for (CTimelineTrackBase* const track : qAsConst(gone))
+        QCOMPARE(host.tracks.IdOf(track), kNoTrack);
 }
 
 void tst_SceneTracks::refusesAStyleThatTheSkinLacks()

@@ -80,6 +80,7 @@ private slots:
     void nothingIsSilence();
     void unreadableFilesAreSilentAndNamed_data();
     void unreadableFilesAreSilentAndNamed();
+    void allUnreadableFilesAreNamed();
     void aFileThatIsCutMeanwhileIsSilentFromThere();
 
 private:
@@ -224,13 +225,20 @@ void tst_SoundMixer::unreadableFilesAreSilentAndNamed_data()
     const QByteArray samples(100, '\1');
     const QString compressed = QStringLiteral("samples that are not compressed, to be heard");
     QTest::newRow("compressed") << Wav(0x55, 1, 10, 16, samples) << compressed;
-    QTest::newRow("odd bits") << Wav(1, 1, 10, 12, samples) << compressed;
+    QTest::newRow("odd bits")
+        << Wav(1, 1, 10, 12, samples)
+        << QStringLiteral("whole samples of 8, 16, 24 or 32 bits or floating-point ones of 32, to "
+                          "be heard, found whole ones of 12 bits");
+    QTest::newRow("long floats")
+        << Wav(3, 1, 10, 64, samples)
+        << QStringLiteral("whole samples of 8, 16, 24 or 32 bits or floating-point ones of 32, to "
+                          "be heard, found floating-point ones of 64 bits");
     QTest::newRow("no channels") << Wav(1, 1, 10, 16, samples).replace(22, 2, Number(0, 2))
-                                 << compressed;
+                                 << QStringLiteral("1 to 64 channels, to be heard, found 0");
+    const QString rate = QStringLiteral("1 to 1000000 samples a second, to be heard, found %1");
     QTest::newRow("no rate") << Wav(1, 1, 10, 16, samples).replace(24, 4, Number(0, 4))
-                             << compressed;
-    QTest::newRow("an absurd rate")
-        << Wav(1, 1, 10, 16, samples).replace(24, 4, Number(0xFFFFFFFF, 4)) << compressed;
+                             << rate.arg(0);
+    QTest::newRow("an absurd rate") << Wav(1, 1, 2000000, 16, samples) << rate.arg(2000000);
     QTest::newRow("no sound") << QByteArray("hello")
                               << QStringLiteral("a sound file that starts with RIFF and WAVE");
 }
@@ -245,6 +253,15 @@ void tst_SoundMixer::unreadableFilesAreSilentAndNamed()
     QVector<qint16> samples(6, 1);
     mixer.Mix(samples.data(), 3);
     QCOMPARE(samples, QVector<qint16>(6, 0));
+}
+
+void tst_SoundMixer::allUnreadableFilesAreNamed()
+{
+    const QString a = File(Wav(0x55, 1, 10, 16, QByteArray(100, '\1')));
+    const QString b = File("hello");
+    const SoundMixer mixer({{a, 0, 1, 0}, {b, 0, 1, 0}, {a, 2, 3, 0}}, 10, 0);
+    QCOMPARE(mixer.Problem(), SilenceOf(a) + QStringLiteral("; ") + SilenceOf(b));
+    QCOMPARE(mixer.Problem().count(a), 1);
 }
 
 void tst_SoundMixer::aFileThatIsCutMeanwhileIsSilentFromThere()

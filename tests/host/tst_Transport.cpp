@@ -1,4 +1,5 @@
 #include "EditorFixture.h"
+#include "script/MenuPath.h"
 
 #include "playback/Transport.h"
 #include "playback/TransportBar.h"
@@ -27,7 +28,7 @@ struct PlayingEditor : EditorFixture
     QAction* Command(const QString& text)
     {
         for (QAction* const action : window.Player().Bar()->actions()) {
-            if (action->text() == text)
+            if (host::PlainText(*action) == text)
                 return action;
         }
         qFatal("no button %s", qPrintable(text));
@@ -94,6 +95,8 @@ private slots:
     void loopingRepeatsTheTimeMark();
     void scrubbingWhilePlayingMovesThePlayhead();
     void editingWhilePlayingIsAllowed();
+    void undoLeavesThePlayheadAlone_data();
+    void undoLeavesThePlayheadAlone();
     void commandsKnowTheFrameWherePlayingEnded();
     void noShortcutIsGivenTwice();
     void keysWorkWhereverTheFocusIs_data();
@@ -103,6 +106,7 @@ private slots:
     void theTimelineKeepsItsKeys();
     void aMissingDeviceIsToldOnce();
     void anotherSceneEndsThePlaying();
+    void aShorterSceneHoldsTheFrameInside();
     void theWindowMayCloseWhilePlaying();
     void noTimerRunsAtRest();
 };
@@ -118,12 +122,12 @@ void tst_Transport::everyButtonHasAnIconAndATooltip()
         seen.append(icon);
         const QString keys = action->shortcut().toString(QKeySequence::NativeText);
         QVERIFY(!keys.isEmpty());
-        QCOMPARE(action->toolTip(), QStringLiteral("%1 (%2)").arg(action->text(), keys));
+        QCOMPARE(action->toolTip(), QStringLiteral("%1 (%2)").arg(host::PlainText(*action), keys));
     }
     QCOMPARE(seen.size(), 7);
     QAction* const play = editor.Command(QStringLiteral("Play"));
     play->trigger();
-    QCOMPARE(play->text(), QStringLiteral("Pause"));
+    QCOMPARE(host::PlainText(*play), QStringLiteral("Pause"));
     QVERIFY(!seen.contains(play->icon().pixmap(32, 32).toImage()));
 }
 
@@ -162,7 +166,7 @@ void tst_Transport::theMenuHasTheSameCommands()
     PlayingEditor editor;
     QList<QAction*> commands;
     for (QAction* const entry : editor.window.menuBar()->actions()) {
-        if (entry->text() == QLatin1String("Playback"))
+        if (host::PlainText(*entry) == QLatin1String("Playback"))
             commands = entry->menu()->actions();
     }
     QVERIFY(!commands.isEmpty());
@@ -274,13 +278,48 @@ void tst_Transport::editingWhilePlayingIsAllowed()
     VERIFY_TIMELINE_EQUALS_SCENE(editor);
 }
 
+void tst_Transport::undoLeavesThePlayheadAlone_data()
+{
+    QTest::addColumn<bool>("isPaused");
+    QTest::newRow("while playing") << false;
+    QTest::newRow("while paused") << true;
+}
+
+void tst_Transport::undoLeavesThePlayheadAlone()
+{
+    QFETCH(bool, isPaused);
+    PlayingEditor editor;
+    editor.ShowLongScene();
+    editor.Timeline().SetCurrentFrame(200);
+    host::Scene scene = editor.Scene();
+    scene.FindTrack(editor.Id("Lips"))->muted = true;
+    editor.window.Session().Apply(QStringLiteral("Mute"), scene);
+    QCoreApplication::processEvents(); // the edit is through
+    editor.Timeline().SetCurrentFrame(1000);
+    editor.Player().Play();
+    QVERIFY(editor.Reaches(1002));
+    if (isPaused)
+        editor.Player().Pause();
+    editor.window.History().Undo();
+    QCOMPARE(editor.window.History().Stack().index(), 0);
+    QVERIFY(!editor.Scene().FindTrack(editor.Id("Lips"))->muted);
+    QVERIFY(editor.Frame() >= 1002);
+    QCOMPARE(editor.Player().IsPlaying(), !isPaused);
+    editor.window.History().Redo();
+    QVERIFY(editor.Frame() >= 1002);
+    editor.Player().Stop();
+    QCOMPARE(editor.Frame(), 1000);
+    editor.window.History().Undo(); // at rest it goes where the edit was made
+    QCOMPARE(editor.Frame(), 200);
+}
+
 void tst_Transport::commandsKnowTheFrameWherePlayingEnded()
 {
     PlayingEditor editor;
     editor.Timeline().SetActiveChildTrack(editor.Row("LeftArm"));
     QAction* insert = nullptr;
     for (QAction* const action : editor.window.findChildren<QAction*>()) {
-        if (action->text() == QLatin1String("Insert Key"))
+        if (host::PlainText(*action) == QLatin1String("Insert Key"))
             insert = action;
     }
     QVERIFY(insert);
@@ -438,6 +477,21 @@ void tst_Transport::anotherSceneEndsThePlaying()
     QVERIFY(editor.window.SetScene(editor.Sample()));
     QVERIFY(!editor.Player().IsPlaying());
     QVERIFY(editor.Command(QStringLiteral("Play")));
+}
+
+void tst_Transport::aShorterSceneHoldsTheFrameInside()
+{
+    PlayingEditor editor;
+    editor.ShowLongScene();
+    editor.Timeline().SetCurrentFrame(5000);
+    int told = -1;
+    QObject::connect(&editor.window, &MainWindow::CurrentFrameChanged, &editor.window,
+                     [&told](int frame) { told = frame; });
+    const host::Scene shorter = editor.Sample();
+    QVERIFY(editor.window.SetScene(shorter));
+    QCOMPARE(editor.Frame(), shorter.frameCount - 1);
+    QCOMPARE(told, shorter.frameCount - 1);
+    QCOMPARE(editor.Player().Frame(), shorter.frameCount - 1);
 }
 
 void tst_Transport::theWindowMayCloseWhilePlaying()

@@ -63,6 +63,23 @@ void tst_WavReader::readsTheLengthFromTheHeader_data()
     QTest::newRow("more after the samples")
         << Riff(Format(1000) + Samples(4000) + Chunk("LIST", "name")) << 1.0;
     const QByteArray promised = "data" + Number(0xFFFFFFFF, 4) + QByteArray(2000, '\0');
+    const auto format = [](quint32 kind, quint32 bits, quint32 bytesPerSecond) {
+        return Chunk("fmt ", Number(kind, 2) + Number(2, 2) + Number(1000, 4) +
+                                 Number(bytesPerSecond, 4) + Number(4, 2) + Number(bits, 2));
+    };
+    QTest::newRow("a wrong number of bytes a second")
+        << Riff(format(1, 16, 12345) + Samples(6000)) << 1.5;
+    QTest::newRow("no number of bytes a second") << Riff(format(3, 32, 0) + Samples(8000)) << 1.0;
+    QTest::newRow("compressed, as the header says")
+        << Riff(format(17, 4, 500) + Samples(1000)) << 2.0;
+    QTest::newRow("compressed, with whole bytes")
+        << Riff(format(85, 16, 500) + Samples(1000)) << 2.0;
+    QTest::newRow("a length that was never written")
+        << Riff(Format(1000) + "data" + Number(0, 4) + QByteArray(4000, '\0')) << 1.0;
+    QTest::newRow("an odd chunk without its filling byte")
+        << Riff("LIST" + Number(3, 4) + "odd" + Format(1000) + Samples(2000)) << 0.5;
+    QTest::newRow("an odd chunk of text with its filling byte")
+        << Riff("LIST" + Number(3, 4) + "odd " + Format(1000) + Samples(2000)) << 0.5;
     QTest::newRow("fewer samples than promised") << Riff(Format(1000) + promised) << 0.5;
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -243,13 +244,32 @@ void WriteJoint(std::FILE* file, const Joint& joint)
                file);
 }
 
-void WriteEndSite(std::FILE* file, int level)
+/// Where the bone that begins at the last joint of a limb ends.
+struct LimbEnd
+{
+    const char* joint; ///< the end of its name
+    std::array<double, 3> offset;
+};
+
+const std::array<LimbEnd, 3> kLimbEnds{
+    {{"Head", {0, 2, 0}}, {"Hand", {0, -1.1, 0.05}}, {"Foot", {0, -0.55, 2.1}}}};
+
+std::array<double, 3> EndOf(const Joint& joint)
+{
+    for (const LimbEnd& end : kLimbEnds) {
+        if (std::strstr(joint.name, end.joint))
+            return end.offset;
+    }
+    return {0, 0, 0};
+}
+
+void WriteEndSite(std::FILE* file, const Joint& joint, int level)
 {
     Indent(file, level);
     std::fputs("End Site\n", file);
     Indent(file, level);
     std::fputs("{\n", file);
-    WriteOffset(file, level + 1, {0, -0.5, 1});
+    WriteOffset(file, level + 1, EndOf(joint));
     Indent(file, level);
     std::fputs("}\n", file);
 }
@@ -262,7 +282,7 @@ void WriteHierarchy(std::FILE* file)
         const int nextLevel = i + 1 < kJoints.size() ? kJoints[i + 1].level : 0;
         WriteJoint(file, kJoints[i]);
         if (nextLevel <= level)
-            WriteEndSite(file, level + 1);
+            WriteEndSite(file, kJoints[i], level + 1);
         for (int open = level; open >= nextLevel; --open) {
             Indent(file, open);
             std::fputs("}\n", file);
