@@ -2,6 +2,9 @@
 # library go there, and Qt with its platform plugins and the compiler's run time are put beside them.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
+# What is compiled into the tests as the place of a file: Wine shows this machine's files as drive Z.
+set(KESTOVA_DRIVE Z:)
+
 set(KESTOVA_WINDOWS_RUNTIME)
 foreach(library IN ITEMS Qt5Core Qt5Gui Qt5Widgets Qt5Test)
   list(APPEND KESTOVA_WINDOWS_RUNTIME ${KESTOVA_QT_WINDOWS}/bin/${library}.dll)

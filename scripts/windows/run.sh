@@ -12,9 +12,13 @@ name=$(basename "$program" .exe)
 if [[ $name != tst_* ]]; then
     exec wine "$program" "$@"
 fi
+arguments=(-platform "${KESTOVA_WINDOWS_PLATFORM:-offscreen}")
+if [[ $name == *WithoutApplication ]]; then
+    arguments=() # which would have taken them
+fi
 report=$(mktemp "$build/$name.XXXXXX")
 trap 'rm -f "$report"' EXIT
 code=0
-wine "$program" -platform "${KESTOVA_WINDOWS_PLATFORM:-offscreen}" -o "$report,txt" "$@" || code=$?
+wine "$program" "${arguments[@]}" -o "$report,txt" "$@" || code=$?
 cat "$report"
 exit "$code"

@@ -186,11 +186,19 @@ Q_COREAPP_STARTUP_FUNCTION(TestOnceItRuns)
 
 int main(int argc, char** argv)
 {
-    for (int i = 0; i < argc; ++i)
-        testArguments << QString::fromLocal8Bit(argv[i]);
     std::string skin = KESTOVA_SKINS_DIR "/default.ini";
-    char* arguments[] = {argv[0], &skin[0], nullptr};
-    return RunHostGuide(2, arguments);
+    std::vector<char*> arguments = {argv[0], &skin[0]};
+    for (int i = 0; i < argc; ++i) {
+        if (argv[i] == QLatin1String("-platform") && i + 1 < argc) {
+            arguments.push_back(argv[i]); // for the application, which the guide's program makes
+            arguments.push_back(argv[++i]);
+        } else {
+            testArguments << QString::fromLocal8Bit(argv[i]);
+        }
+    }
+    const int count = static_cast<int>(arguments.size());
+    arguments.push_back(nullptr);
+    return RunHostGuide(count, arguments.data());
 }
 
 #include "tst_HostGuide.moc"

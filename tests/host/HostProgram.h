@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/ProgramText.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
@@ -21,6 +23,13 @@ inline QProcessEnvironment OffscreenEnvironment()
     return environment;
 }
 
+#ifdef Q_OS_WIN
+/// Wine does not hand on variables that begin with QT_.
+const QStringList kWithoutScreen = {QStringLiteral("-platform"), QStringLiteral("offscreen")};
+#else
+const QStringList kWithoutScreen;
+#endif
+
 /// Starts the program with these arguments and waits until it has ended.
 inline HostRun RunHost(const QStringList& arguments,
                        const QProcessEnvironment& environment = OffscreenEnvironment())
@@ -32,11 +41,11 @@ inline HostRun RunHost(const QStringList& arguments,
     // Qt remarks on its absence.
     complete.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
     program.setProcessEnvironment(complete);
-    program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), arguments);
+    program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), arguments + kWithoutScreen);
     HostRun run;
     if (program.waitForFinished(kPatience) && program.exitStatus() == QProcess::NormalExit)
         run.exitCode = program.exitCode();
-    run.output = QString::fromUtf8(program.readAllStandardOutput());
-    run.errors = QString::fromUtf8(program.readAllStandardError());
+    run.output = ReadText(program.readAllStandardOutput());
+    run.errors = ReadText(program.readAllStandardError());
     return run;
 }

@@ -544,10 +544,12 @@ void tst_RecoveryFile::aLinkedDocumentIsTheSameAsItsFile()
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("KestovaTest"));
-    if (application.arguments().value(1) == QLatin1String(kCrash))
-        return Crash(application.arguments());
+    if (argc > 1 && argv[1] == QLatin1String(kCrash)) {
+        const QCoreApplication application(argc, argv);
+        return Crash(QCoreApplication::arguments());
+    }
+    const QGuiApplication application(argc, argv);
     tst_RecoveryFile test;
     return QTest::qExec(&test, argc, argv);
 }

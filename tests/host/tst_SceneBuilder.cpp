@@ -418,9 +418,12 @@ void tst_SceneBuilder::refusesFilesItCannotTakeIn_data()
     QTest::addColumn<QStringList>("files");
     QTest::addColumn<QString>("message");
     const QString walk = SamplePath(QStringLiteral("stroll.bvh"));
+    const QString missing = QStringLiteral("/none/walk.bvh");
+    QFile file(missing);
+    QVERIFY(!file.open(QIODevice::ReadOnly)); // tells it in the system's words
     QTest::newRow("not there")
-        << QStringList{QStringLiteral("/none/walk.bvh")}
-        << QStringLiteral("/none/walk.bvh: expected a readable file (No such file or directory)");
+        << QStringList{missing}
+        << missing + QStringLiteral(": expected a readable file (%1)").arg(file.errorString());
     QTest::newRow("another kind") << QStringList{QStringLiteral("walk.fbx")}
                                   << QStringLiteral("walk.fbx: expected a motion capture (.bvh), "
                                                     "mouth cues (.json, .tsv) or a sound (.wav)");

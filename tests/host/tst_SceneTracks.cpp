@@ -366,14 +366,14 @@ void tst_SceneTracks::takesThePreviousSceneAway()
     SmallHost host;
     const Scene scene = SampleScene();
     QVERIFY(host.tracks.Show(scene));
-    CTimelineTrackBase* const before = host.tracks.TrackOf(scene.tracks.first().id);
     Scene small;
     small.frameCount = 2;
     SceneTrack row;
     row.caption = QStringLiteral("Alone");
     const TrackId alone = small.AddTrack(row);
     QVERIFY(host.tracks.Show(small));
-    QVERIFY(!host.manager.IsTrackExist(before));
+    for (const SceneTrack& track : scene.tracks)
+        QVERIFY(!host.tracks.TrackOf(track.id) || track.id == alone);
     std::vector<CTimelineTrackBase*> roots;
     host.manager.GetVisibleRootTrackList(roots);
     QCOMPARE(roots.size(), std::size_t(1));

@@ -216,7 +216,8 @@ void tst_ScriptProgram::staysOpenWithoutQuit()
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_directory->path());
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(KESTOVA_HOST_PROGRAM),
-                  {"--script", Write("demo.txt", "screenshot a.png\n")});
+                  QStringList{"--script", Write("demo.txt", "screenshot a.png\n")} +
+                      kWithoutScreen);
     QVERIFY(QTest::qWaitFor([this] { return QFile::exists(Path("a.png")); }, 60000));
     QVERIFY(!program.waitForFinished(500));
     program.kill();

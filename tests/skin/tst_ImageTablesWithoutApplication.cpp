@@ -42,5 +42,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_ImageTablesWithoutApplication)
+QTEST_APPLESS_MAIN(tst_ImageTablesWithoutApplication)
 #include "tst_ImageTablesWithoutApplication.moc"

@@ -5,7 +5,8 @@
 
 namespace KestovaTest {
 
-/// Compares @p got with tests/pictures/<name>.png, pixel for pixel. On a difference writes
+/// Compares @p got with tests/pictures/<name>.png, pixel for pixel, on Windows with
+/// tests/pictures/windows/<name>.png where that exists. On a difference writes
 /// <build>/pictures/<name>.got.png and <name>.diff.png (differing pixels in red over a dimmed copy)
 /// and returns a sentence that says what differs and where the files lie; returns an empty string
 /// when they are the same. With KESTOVA_RENEW_PICTURES=1 in the environment the reference is

@@ -1,4 +1,5 @@
 #include "DefaultSkin.h"
+#include "support/ProgramText.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -20,8 +21,8 @@ Run Check(const QStringList& arguments)
     Run run;
     if (program.waitForFinished() && program.exitStatus() == QProcess::NormalExit)
         run.exitCode = program.exitCode();
-    run.output = QString::fromUtf8(program.readAllStandardOutput());
-    run.errors = QString::fromUtf8(program.readAllStandardError());
+    run.output = ReadText(program.readAllStandardOutput());
+    run.errors = ReadText(program.readAllStandardError());
     return run;
 }
 

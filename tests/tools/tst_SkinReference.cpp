@@ -66,6 +66,9 @@ void tst_SkinReference::thePageIsUpToDate()
 
 void tst_SkinReference::thePicturesAreUpToDate()
 {
+#ifdef Q_OS_WIN
+    QSKIP("the pictures are made on Linux, where another font engine draws their texts");
+#endif
     const QStringList pictures = PicturesOf(TextOf(kDocs + kPage));
     QCOMPARE(pictures.size(), 6); // of every kind that a host can make
     for (const QString& picture : pictures) {

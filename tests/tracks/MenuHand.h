@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QEvent>
 #include <QMenu>
@@ -40,6 +41,9 @@ private:
             deed(*menu);
         if (menu && menu->isVisible())
             menu->close();
+        // The deed may have closed the menu inside an event loop of its own, which took the notice
+        // that wakes the menu's: without this it sleeps on Windows until some other event comes.
+        QAbstractEventDispatcher::instance()->interrupt();
     }
 
     Deed m_deed;
