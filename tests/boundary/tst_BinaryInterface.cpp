@@ -23,6 +23,26 @@ ProgramResult Describe(const QString& path)
          QStringLiteral("--out-file"), path, QStringLiteral(KESTOVA_BOUNDARY_LIBRARY)});
 }
 
+ProgramResult CompareDescriptions(const QStringList& how, const QString& before, const QString& now)
+{
+    const QStringList everything{QStringLiteral("--harmless"), QStringLiteral("--no-show-locs")};
+    return RunProgram(QStringLiteral("abidiff"), how + everything + QStringList{before, now});
+}
+
+/// What changed between two descriptions, each type by itself where that says enough: otherwise
+/// (pure virtual operations in another order) with all operations that come in touch with it.
+QString Changes(const QString& before, const QString& now)
+{
+    const ProgramResult all = CompareDescriptions({}, before, now);
+    if (all.code == 0 && all.output.isEmpty())
+        return {};
+    const ProgramResult each =
+        CompareDescriptions({QStringLiteral("--leaf-changes-only")}, before, now);
+    const bool saysEnough =
+        each.code > 0 && !each.output.contains(QLatin1String("summary: 0 artifact changed"));
+    return saysEnough ? each.output : all.output;
+}
+
 QStringList Sorted(QStringList lines)
 {
     lines.sort();
@@ -66,12 +86,10 @@ void tst_BinaryInterface::theInterfaceIsTheRecordedOne()
         QVERIFY(BoundaryRecord::Write(kRecord, file.readAll()));
         QFAIL(qPrintable(BoundaryRecord::Renewed(kRecord)));
     }
-    const ProgramResult difference = RunProgram(
-        QStringLiteral("abidiff"), {QStringLiteral("--harmless"), QStringLiteral("--no-show-locs"),
-                                    BoundaryRecord::PathOf(kRecord), now});
-    const QString changes = QStringLiteral("abidiff answers %1, where 0 is expected:\n%2")
-                                .arg(QString::number(difference.code), difference.output);
-    QVERIFY2(difference.code == 0 && difference.output.isEmpty(), qPrintable(changes));
+    const QString changes = Changes(BoundaryRecord::PathOf(kRecord), now);
+    if (!changes.isEmpty())
+        QFAIL(qPrintable(QStringLiteral("differences from %1:\n%2")
+                             .arg(BoundaryRecord::PathOf(kRecord), changes)));
 }
 
 QTEST_MAIN(tst_BinaryInterface)
