@@ -2,6 +2,8 @@
 #include "ExportedNames.h"
 #include "RunProgram.h"
 
+#include <QDir>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -43,6 +45,29 @@ QString Changes(const QString& before, const QString& now)
     return saysEnough ? each.output : all.output;
 }
 
+QString TextOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(file.readAll())
+                                                            : QString();
+}
+
+/// The types that the exported headers define.
+QStringList DefinedTypes()
+{
+    static const QRegularExpression definition(QStringLiteral(
+        R"(\b(?:class|struct|enum|union)\s+(?:class\s+|KESTOVA_EXPORT\s+)?(\w+)\s*(?::[^;{}]*)?\{)"));
+    QStringList types;
+    const QDir folder(QStringLiteral(KESTOVA_HEADERS_DIR));
+    for (const QString& header : folder.entryList({QStringLiteral("*.h")})) {
+        QRegularExpressionMatchIterator found =
+            definition.globalMatch(TextOf(folder.filePath(header)));
+        while (found.hasNext())
+            types << found.next().captured(1);
+    }
+    return types;
+}
+
 QStringList Sorted(QStringList lines)
 {
     lines.sort();
@@ -60,6 +85,7 @@ class tst_BinaryInterface : public QObject
 private slots:
     void whatIsDescribedIsWhatTheLibraryExports();
     void theInterfaceIsTheRecordedOne();
+    void everyTypeOfTheHeadersIsRecorded();
 };
 
 /// What is described is compiled for that purpose alone; here it is held to what hosts get.
@@ -90,6 +116,27 @@ void tst_BinaryInterface::theInterfaceIsTheRecordedOne()
     if (!changes.isEmpty())
         QFAIL(qPrintable(QStringLiteral("differences from %1:\n%2")
                              .arg(BoundaryRecord::PathOf(kRecord), changes)));
+}
+
+/// So that a new record or enumeration cannot be left out of the description.
+void tst_BinaryInterface::everyTypeOfTheHeadersIsRecorded()
+{
+    const QString record = TextOf(BoundaryRecord::PathOf(kRecord));
+    const QStringList types = DefinedTypes();
+    QVERIFY(types.contains(QStringLiteral("CTimelineManager")));
+    QVERIFY(types.contains(QStringLiteral("TLKeyMask")));
+    QStringList missing;
+    for (const QString& type : types) {
+        const QRegularExpression whole(
+            QStringLiteral("<(class-decl name='%1('|&lt;)[^>]* size-in-bits=|enum-decl name='%1')")
+                .arg(type));
+        if (!record.contains(whole))
+            missing << type;
+    }
+    QVERIFY2(missing.isEmpty(),
+             qPrintable(QStringLiteral("not described; tests/boundary/KestovaBoundary.cpp.in names "
+                                       "what no operation does: ") +
+                        missing.join(u' ')));
 }
 
 QTEST_MAIN(tst_BinaryInterface)
