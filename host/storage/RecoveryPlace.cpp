@@ -1,12 +1,12 @@
 #include "RecoveryPlace.h"
 
+#include "DataFolder.h"
 #include "PathList.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QStandardPaths>
 #include <QSysInfo>
 
 #include <utility>
@@ -40,6 +40,16 @@ qint64 AgeOf(const QString& path)
                          : std::numeric_limits<qint64>::max();
 }
 
+/// Whether a lock that holds this name is of this computer. Windows writes it in capitals, and
+/// nothing of it after the 15th letter.
+bool IsThisComputer(const QString& name)
+{
+    constexpr int kLongestInLock = 15;
+    const QString own = QSysInfo::machineHostName();
+    return own.compare(name, Qt::CaseInsensitive) == 0 ||
+           (name.size() == kLongestInLock && own.startsWith(name, Qt::CaseInsensitive));
+}
+
 /// Whether nobody can be alive who has written the lock, which the system cannot tell.
 bool IsForgotten(const QLockFile& lock, const QString& recoveryPath)
 {
@@ -49,8 +59,7 @@ bool IsForgotten(const QLockFile& lock, const QString& recoveryPath)
     const qint64 age = std::min(AgeOf(recoveryPath), AgeOf(LockPath(recoveryPath)));
     if (!lock.getLockInfo(&process, &computer, &program))
         return AgeOf(LockPath(recoveryPath)) > kSecondsWithoutOwner;
-    return !computer.isEmpty() && computer != QSysInfo::machineHostName() &&
-           age > kSecondsOfAnotherComputer;
+    return !computer.isEmpty() && !IsThisComputer(computer) && age > kSecondsOfAnotherComputer;
 }
 
 /// Locks it. What kept it from that is in the lock's error.
@@ -83,8 +92,7 @@ QString RecoveryBeside(const QString& documentPath)
 
 QDir RecoveryFolder()
 {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                QStringLiteral("/recovery"));
+    return QDir(DataFolder() + QStringLiteral("/recovery"));
 }
 
 bool IsTaken(const QString& recoveryPath)
@@ -102,8 +110,7 @@ bool IsTakenElsewhere(const QString& recoveryPath)
     if (!QFileInfo::exists(LockPath(recoveryPath)) || !IsTaken(recoveryPath))
         return false;
     const bool isNamed = LockOf(recoveryPath)->getLockInfo(&process, &computer, &program);
-    return !isNamed || process != QCoreApplication::applicationPid() ||
-           computer != QSysInfo::machineHostName();
+    return !isNamed || process != QCoreApplication::applicationPid() || !IsThisComputer(computer);
 }
 
 RecoveryPlace::RecoveryPlace(const QString& path, std::unique_ptr<QLockFile> lock)

@@ -11,11 +11,11 @@
 #include "import/SceneFiles.h"
 #include "script/ScriptReader.h"
 #include "script/ScriptedRun.h"
+#include "storage/DataFolder.h"
 #include "storage/DocumentFile.h"
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QSettings>
 
 #include <algorithm>
 #include <cstdio>
@@ -198,7 +198,7 @@ int main(int argc, char** argv)
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QSettings::setDefaultFormat(QSettings::IniFormat);
+    host::UseSettingsFile();
     QCoreApplication::setOrganizationName(QStringLiteral("Kestova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestova-host"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTOVA_HOST_VERSION));

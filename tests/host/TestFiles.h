@@ -11,6 +11,13 @@ inline QByteArray BytesOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// Why a file cannot be read, in the system's words.
+inline QString ReasonAgainst(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
+}
+
 inline QString SamplePath(const QString& name)
 {
     return QStringLiteral(KESTOVA_SAMPLES_DIR "/") + name;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "storage/DataFolder.h"
+
 #include <QCoreApplication>
-#include <QSettings>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 /// Keeps what the test's program stores (settings, recovery files) out of the user's folders: in a
@@ -13,9 +13,8 @@ public:
     TestSettings()
     {
         QCoreApplication::setOrganizationName(QStringLiteral("KestovaTest"));
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-        qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
+        qputenv("KESTOVA_HOST_DATA", m_folder.path().toUtf8());
+        host::UseSettingsFile();
     }
 
     QString Path(const QString& name) const { return m_folder.filePath(name); }

@@ -813,14 +813,21 @@ void tst_Documents::filesOfOneNameTellTheirFolder()
     editor.SaveIn("walk.ktl");
     QMenu* const recent = editor.Command(QStringLiteral("Open Recent"))->menu();
     emit recent->aboutToShow();
-    const QString folder = QFileInfo(editor.Path("walk.ktl")).absolutePath();
-    QCOMPARE(recent->actions()[0]->text(), QStringLiteral("walk.ktl in ") + folder);
+    const QDir folder(QFileInfo(editor.Path("walk.ktl")).absolutePath());
+    const auto inFolder = [&folder](const char* name) {
+        return QStringLiteral("walk.ktl in ") +
+               QDir::toNativeSeparators(QDir::cleanPath(folder.filePath(QLatin1String(name))));
+    };
+    QCOMPARE(recent->actions()[0]->text(), inFolder("."));
     QCOMPARE(recent->actions()[1]->text(), QStringLiteral("run.ktl"));
-    QCOMPARE(recent->actions()[2]->text(), QStringLiteral("walk.ktl in %1/a").arg(folder));
+    QCOMPARE(recent->actions()[2]->text(), inFolder("a"));
 }
 
 void tst_Documents::aNameLikeTheMarkForChangesStandsInTheTitle()
 {
+#ifdef Q_OS_WIN
+    QSKIP("no file has a star in its name there");
+#endif
     DocumentEditor editor;
     editor.SaveIn("walk[*].ktl");
     QCOMPARE(editor.Title(), QStringLiteral("walk[*][*].ktl[*] - Kestova Host"));

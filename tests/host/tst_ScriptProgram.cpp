@@ -89,8 +89,7 @@ void tst_ScriptProgram::init()
     m_directory = std::make_unique<QTemporaryDir>();
     QVERIFY(m_directory->isValid());
     QVERIFY(QDir::setCurrent(m_directory->path()));
-    qputenv("XDG_DATA_HOME", Path("data").toUtf8());
-    qputenv("XDG_CONFIG_HOME", Path("config").toUtf8());
+    qputenv("KESTOVA_HOST_DATA", Path("data").toUtf8());
 }
 
 QString tst_ScriptProgram::Write(const QString& name, const QByteArray& text) const

@@ -1,0 +1,28 @@
+#include "DataFolder.h"
+
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace host {
+
+QString ChosenDataFolder()
+{
+    return qEnvironmentVariable("KESTOVA_HOST_DATA");
+}
+
+QString DataFolder()
+{
+    const QString chosen = ChosenDataFolder();
+    return chosen.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                            : chosen;
+}
+
+void UseSettingsFile()
+{
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    const QString chosen = ChosenDataFolder();
+    if (!chosen.isEmpty())
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, chosen);
+}
+
+} // namespace host
