@@ -9,5 +9,6 @@ set(KESTOVA_INSTALL_PKGCONFIG ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 # Gives RESULT the way from one installed folder to another, both below the prefix.
 function(kestova_way result from to)
   file(RELATIVE_PATH way /prefix/${from} /prefix/${to})
+  string(REGEX REPLACE "/$" "" way "${way}")
   set(${result} ${way} PARENT_SCOPE)
 endfunction()

@@ -38,8 +38,8 @@ function(kestova_install_windows_runtime)
           DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime FILES_MATCHING PATTERN *.dll)
   foreach(library IN LISTS libraries)
     get_filename_component(name ${library} NAME)
-    list(APPEND installed "\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/${name}")
+    set(installed "\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/${name}")
+    install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\" \"${installed}\" COMMAND_ERROR_IS_FATAL ANY)"
+            COMPONENT Runtime)
   endforeach()
-  install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\" ${installed} COMMAND_ERROR_IS_FATAL ANY)"
-          COMPONENT Runtime)
 endfunction()
