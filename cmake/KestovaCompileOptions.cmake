@@ -26,8 +26,8 @@ endfunction()
 
 # Has a target's sources find Qt's headers read already, which takes half of the time that they take to
 # compile. Only where the time counts: sources are held to naming what they use by the other builds.
-function(kestova_precompile target)
-  if(KESTOVA_PRECOMPILE)
+function(kestova_precompile_for_sanitizers target)
+  if(KESTOVA_SANITIZE)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()

@@ -103,8 +103,8 @@ void tst_Packages::tellTheLinkerOfTheLibrary()
     QCOMPARE(QString(TextOf(control + "/shlibs")).trimmed(),
              QString("libKestovaTimelineQU " KESTOVA_PROJECT_MAJOR " ") + kRuntime +
                  " (>= " KESTOVA_PROJECT_VERSION ")");
-    QVERIFY(TextOf(control + "/postinst").contains(" ldconfig\n"));
-    QVERIFY(TextOf(control + "/postrm").contains(" ldconfig\n"));
+    QVERIFY(TextOf(control + "/postinst").contains("ldconfig\n"));
+    QVERIFY(TextOf(control + "/postrm").contains("ldconfig\n"));
 }
 
 void tst_Packages::areStripped()
