@@ -20,7 +20,7 @@ install_missing() {
 
 build_packages=(g++ cmake ninja-build qtbase5-dev qtmultimedia5-dev libqt5multimedia5-plugins libsimpleini-dev
                 fonts-dejavu-core)
-test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth xdotool)
+test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth xdotool make pkg-config dpkg-dev file binutils)
 
 # build PRESET [CMAKE OPTION ...]
 build() {

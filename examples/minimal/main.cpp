@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 // Where the skins lie was found out when this was built. A program that is given to others brings a
@@ -17,9 +18,10 @@ constexpr const char* kSkin = SKINS_DIR "/default.ini";
 class TimelineWindow : public CTimelineWndBase
 {
 public:
-    explicit TimelineWindow(QDockWidget* dock) : m_dock(dock), m_pane(new QWidget(dock))
+    explicit TimelineWindow(QDockWidget* dock) : m_dock(dock), m_pane(new QWidget)
     {
-        new QVBoxLayout(m_pane);
+        auto* const layout = new QVBoxLayout(m_pane);
+        layout->setContentsMargins(0, 0, 0, 0);
     }
 
     QWidget* GetWidget() override { return m_pane; }
@@ -29,6 +31,7 @@ public:
         for (QWidget* const child : children)
             m_pane->layout()->addWidget(child); // the timeline
     }
+    void OnTrackListChanged() override { m_pane->setMinimumHeight(GetWndNeedHeight()); }
     void GetInitialGeometry(QRect& rect) override { rect = m_pane->rect(); }
 
     bool EnableWnd(bool enable) override { return m_dock->setEnabled(enable), true; }
@@ -39,7 +42,6 @@ public:
     void UpdateWnd() override {}
     void OnCurrentFrameChanged(int) override {}
     void RepaintWnd() override {}
-    void OnTrackListChanged() override {}
     void OnTimelineRefreshed() override {}
     void OnHostCommand13() override {}
     void OnHostCommand14() override {}
@@ -48,7 +50,7 @@ public:
 
 private:
     QDockWidget* m_dock;
-    QWidget* m_pane;
+    QWidget* m_pane; // the dock owns it once the manager has put it there
 };
 
 class TimelineWindowFactory : public CTimelineWndFactoryBase
@@ -85,7 +87,9 @@ class Window : public QMainWindow
 public:
     bool Open()
     {
-        setCentralWidget(new QLabel("Your scene", this));
+        auto* const scene = new QLabel("Your scene", this);
+        scene->setAlignment(Qt::AlignCenter);
+        setCentralWidget(scene);
         addDockWidget(Qt::BottomDockWidgetArea, m_dock);
         m_timeline.SetTimelineWndFactoryBase(&m_factory);
         if (!m_timeline.CreateTimelineManager(&m_callbacks, QString(kSkin).toStdWString()) ||
@@ -130,7 +134,9 @@ int main(int argc, char** argv)
     window.show();
 
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == "--picture") // to look at it without a screen
-        return window.grab().save(arguments[2]) ? 0 : 1;
+    if (arguments.size() == 3 && arguments[1] == "--picture") { // to look at it without a screen
+        QTimer::singleShot(0, &window,
+                           [&] { QApplication::exit(window.grab().save(arguments[2]) ? 0 : 1); });
+    }
     return QApplication::exec();
 }

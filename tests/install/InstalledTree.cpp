@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSet>
 
 namespace KestovaTest {
 
@@ -61,21 +60,14 @@ QImage InstalledTree::PictureOf(const QString& program) const
 {
     const QString file = In("picture.png");
     QFile::remove(file);
-    if (!Succeeds(Run(program, {"--picture", file})))
-        return {};
-    return QImage(file);
+    return Succeeds(Run(program, {"--picture", file})) ? QImage(file) : QImage();
 }
 
-bool ShowsATimeline(const QImage& picture)
+QImage PictureOfTheHost(const QString& program)
 {
-    // Of a window without a timeline there are fewer: its background, and letters with soft edges.
-    constexpr int kColoursOfATimeline = 100;
-    QSet<QRgb> colours;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
-            colours.insert(picture.pixel(x, y));
-    }
-    return colours.size() >= kColoursOfATimeline;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("host.png");
+    return Succeeds(Run(program, {"--screenshot", file})) ? QImage(file) : QImage();
 }
 
 } // namespace KestovaTest

@@ -34,8 +34,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// Whether something is seen in a picture of the smallest host: its rows, their keys and their
-/// captions.
-bool ShowsATimeline(const QImage& picture);
+/// The picture that a reference host writes of its sample scene; a null one when it fails.
+QImage PictureOfTheHost(const QString& program);
 
 } // namespace KestovaTest
