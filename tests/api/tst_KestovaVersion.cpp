@@ -32,5 +32,5 @@ void tst_KestovaVersion::isWrittenIntoTheHistory()
     QVERIFY(history.readAll().contains("\n## " KESTOVA_VERSION "\n"));
 }
 
-QTEST_APPLESS_MAIN(tst_KestovaVersion)
+QTEST_MAIN(tst_KestovaVersion)
 #include "tst_KestovaVersion.moc"
