@@ -27,6 +27,17 @@ QStringList FilesOfPart(const QString& part)
     return files;
 }
 
+QString DifferenceFromPart(const QStringList& files, const QString& part)
+{
+    const QStringList expected = FilesOfPart(part);
+    QString difference;
+    for (const QString& file : expected)
+        difference += files.contains(file) ? QString() : "missing: " + file + '\n';
+    for (const QString& file : files)
+        difference += expected.contains(file) ? QString() : "not expected: " + file + '\n';
+    return difference;
+}
+
 bool InstalledTree::Install(const QString& part, const QString& prefix) const
 {
     return Succeeds(Run(KESTOVA_CMAKE, {"--install", KESTOVA_BINARY_DIR, "--component", part,

@@ -11,6 +11,10 @@ inline const QStringList kParts{"Runtime", "Development", "Host"};
 /// The files that a part consists of, as paths below the prefix, in order.
 QStringList FilesOfPart(const QString& part);
 
+/// What @p files lack and have too many against those of a part, a line each; empty when they are
+/// the same.
+QString DifferenceFromPart(const QStringList& files, const QString& part);
+
 /// A folder of its own for a test, and in it what is installed.
 class InstalledTree
 {
