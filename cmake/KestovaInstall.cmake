@@ -34,7 +34,8 @@ install(FILES CHANGELOG.md docs/embedding.md docs/host-guide.md docs/skin-refere
 install(DIRECTORY docs/images DESTINATION ${KESTOVA_INSTALL_DOCS} COMPONENT Development
         FILES_MATCHING PATTERN skin-*.png)
 install(DIRECTORY examples DESTINATION ${KESTOVA_INSTALL_DOCS} COMPONENT Development
-        FILES_MATCHING PATTERN *.cpp PATTERN CMakeLists.txt PATTERN Makefile PATTERN README.md)
+        FILES_MATCHING PATTERN *.cpp PATTERN CMakeLists.txt PATTERN Makefile PATTERN README.md
+        PATTERN build EXCLUDE)
 
 if(KESTOVA_BUILD_HOST)
   install(TARGETS kestova-host RUNTIME COMPONENT Host)
