@@ -26,3 +26,23 @@ file(COPY ${KESTOVA_QT_WINDOWS}/plugins/platforms ${KESTOVA_QT_WINDOWS}/plugins/
 file(WRITE ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/qt.conf "[Paths]\nPrefix = .\nPlugins = .\n")
 file(GLOB fonts /usr/share/fonts/truetype/dejavu/DejaVuSans*.ttf)
 file(COPY ${fonts} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/lib/fonts)
+
+# The same for what is installed, less what only tests need: with it the programs run on a computer that has
+# never seen Qt. The compiler's C++ library comes with ten times its size of debugging information.
+function(kestova_install_windows_runtime)
+  set(libraries ${KESTOVA_WINDOWS_RUNTIME})
+  list(FILTER libraries EXCLUDE REGEX "/Qt5Test\\.dll$")
+  install(FILES ${libraries} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/qt.conf
+          DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
+  install(FILES ${KESTOVA_QT_WINDOWS}/plugins/platforms/qwindows.dll
+                ${KESTOVA_QT_WINDOWS}/plugins/platforms/qoffscreen.dll
+          DESTINATION ${CMAKE_INSTALL_BINDIR}/platforms COMPONENT Runtime)
+  install(DIRECTORY ${KESTOVA_QT_WINDOWS}/plugins/styles
+          DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime FILES_MATCHING PATTERN *.dll)
+  foreach(library IN LISTS libraries)
+    get_filename_component(name ${library} NAME)
+    set(installed "\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/${name}")
+    install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\" \"${installed}\" COMMAND_ERROR_IS_FATAL ANY)"
+            COMPONENT Runtime)
+  endforeach()
+endfunction()

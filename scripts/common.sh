@@ -20,7 +20,8 @@ install_missing() {
 
 build_packages=(g++ cmake ninja-build qtbase5-dev qtmultimedia5-dev libqt5multimedia5-plugins libsimpleini-dev
                 fonts-dejavu-core)
-test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth xdotool abigail-tools clang)
+test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth xdotool abigail-tools clang make
+               pkg-config dpkg-dev file binutils)
 
 # build PRESET [CMAKE OPTION ...]
 build() {

@@ -11,7 +11,13 @@ if [ "$exported" != "$explained" ]; then
     diff <(echo "$exported") <(echo "$explained")
     exit 1
 fi
-mkdir -p build
 rm -rf build/docs
+mkdir -p build/docs/timeline/api
+# The one that the build writes.
+version=$(sed -n 's/^project(KestovaTimelineQU VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
+IFS=. read -r major minor patch <<<"$version"
+sed -e "s/@PROJECT_VERSION@/$version/; s/@PROJECT_VERSION_MAJOR@/$major/" \
+    -e "s/@PROJECT_VERSION_MINOR@/$minor/; s/@PROJECT_VERSION_PATCH@/$patch/" \
+    timeline/api/KestovaVersion.h.in >build/docs/timeline/api/KestovaVersion.h
 doxygen docs/Doxyfile
 echo "The reference of the exported headers is in $PWD/build/docs/html/index.html"

@@ -3,16 +3,17 @@
 #include <QCoreApplication>
 #include <QMessageBox>
 
+#include <KestovaTimelineQU/KestovaTimelineQU.h>
+
 namespace host {
 
 QString AboutText()
 {
-    // The library exports no question for its version: told is that of the headers built with.
     return QCoreApplication::translate(
                "AboutBox", "<h3>Kestova Host</h3>"
                            "<p>A small lip-sync editor around the timeline component.</p>"
                            "<p>Host %1<br>KestovaTimelineQU %2<br>Qt %3</p>")
-        .arg(QStringLiteral(KESTOVA_HOST_VERSION), QStringLiteral(KESTOVA_LIBRARY_VERSION),
+        .arg(QStringLiteral(KESTOVA_HOST_VERSION), QString::fromLatin1(KestovaTimelineVersion()),
              QString::fromLatin1(qVersion()));
 }
 

@@ -10,7 +10,8 @@ QString FindDataFile(const QString& name)
 {
     const QDir program(QCoreApplication::applicationDirPath());
     const QStringList places{program.absolutePath(),
-                             program.absoluteFilePath(QStringLiteral(KESTOVA_HOST_DATA_FROM_BIN)),
+                             program.absoluteFilePath(QStringLiteral(KESTOVA_SAMPLES_FROM_BIN)),
+                             program.absoluteFilePath(QStringLiteral(KESTOVA_SKINS_FROM_BIN)),
                              QStringLiteral(KESTOVA_HOST_SOURCE_DIR)};
     for (const QString& place : places) {
         const QString path = QDir::cleanPath(place + u'/' + name);

@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// Everything a host needs: the manager, the host's callbacks, the window bases, and the key
-/// classes.
+/// Everything a host needs: the manager, the host's callbacks, the window bases, the key
+/// classes, and the version.
 
 #include "CArrayList.h"
 #include "CPointer.h"
@@ -14,6 +14,7 @@
 #include "CTimelineWndBase.h"
 #include "CTimelineWndFactoryBase.h"
 #include "KestovaExport.h"
+#include "KestovaVersion.h"
 #include "TimelineBoundaryRecords.h"
 #include "TimelineEnums.h"
 #include "TimelineKeyValues.h"

@@ -15,7 +15,7 @@
 
 namespace {
 
-FrameAxis& Axis()
+FrameAxis& FramesAxis()
 {
     return TimelineLibrary::Instance().axis;
 }
@@ -27,7 +27,7 @@ constexpr int kCentred = 0;
 void CTimelineContainer::SetFrameCount(int count)
 {
     if (m_scrollTrack) {
-        Axis().frameCount = count;
+        FramesAxis().frameCount = count;
         m_scrollTrack->SyncThumb(false);
         m_scrollTrack->PublishFrameInfo();
     }
@@ -39,7 +39,7 @@ void CTimelineContainer::SetCurrentFrame(int frame)
     if (!m_tickTrack)
         return;
     // The upper bound first: without any frame the current one is 0.
-    FrameAxis& axis = Axis();
+    FrameAxis& axis = FramesAxis();
     const int lastFrame = std::max(0, axis.frameCount) - 1;
     axis.currentFrame = std::max(0, std::min(frame, lastFrame));
     const QPointer<CTimelineContainer> self(this);
@@ -50,7 +50,7 @@ void CTimelineContainer::SetCurrentFrame(int frame)
 
 int CTimelineContainer::GetCurrentFrame() const
 {
-    return m_tickTrack ? Axis().currentFrame : 0;
+    return m_tickTrack ? FramesAxis().currentFrame : 0;
 }
 
 void CTimelineContainer::GotoFrame(int frame)

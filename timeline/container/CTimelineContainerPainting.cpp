@@ -20,7 +20,7 @@
 
 namespace {
 
-FrameAxis& Axis()
+FrameAxis& PaintedAxis()
 {
     return TimelineLibrary::Instance().axis;
 }
@@ -29,8 +29,8 @@ FrameAxis& Axis()
 class HiddenFrame
 {
 public:
-    HiddenFrame() : m_frame(std::exchange(Axis().currentFrame, -1)) {}
-    ~HiddenFrame() { Axis().currentFrame = m_frame; }
+    HiddenFrame() : m_frame(std::exchange(PaintedAxis().currentFrame, -1)) {}
+    ~HiddenFrame() { PaintedAxis().currentFrame = m_frame; }
     HiddenFrame(const HiddenFrame&) = delete;
     HiddenFrame& operator=(const HiddenFrame&) = delete;
 
@@ -54,7 +54,7 @@ void CTimelineContainer::ShowCurrentFrame()
     if (!self)
         return;
     const bool isKnown = m_inHostsHands == 0 && m_onScreen.state == PaintedState(*this);
-    if (isKnown && m_onScreen.frame == Axis().currentFrame)
+    if (isKnown && m_onScreen.frame == PaintedAxis().currentFrame)
         return;
     // The pictures take longer than a repaint: they are worth while when one step follows another,
     // and not for a host that has everything painted in between.
@@ -69,11 +69,11 @@ void CTimelineContainer::ShowCurrentFrame()
         return;
     }
     m_steps = steps;
-    FrameAxis before = Axis();
+    FrameAxis before = PaintedAxis();
     before.currentFrame = m_onScreen.frame;
-    m_step = m_strips.Region(before) + m_strips.Region(Axis());
+    m_step = m_strips.Region(before) + m_strips.Region(PaintedAxis());
     if (m_step.isEmpty())
-        m_onScreen.frame = Axis().currentFrame;
+        m_onScreen.frame = PaintedAxis().currentFrame;
     else
         RepaintStep();
 }
@@ -171,17 +171,17 @@ void CTimelineContainer::paintEvent(QPaintEvent* event)
 /// Only the strips of a step: nothing else has changed since the pictures were made.
 void CTimelineContainer::PaintStep(QPainter& painter)
 {
-    FrameAxis before = Axis();
+    FrameAxis before = PaintedAxis();
     before.currentFrame = m_onScreen.frame;
     for (const QRect& line : m_strips.Lines(before))
         m_scrubPictures.CopyWithout(painter, line);
-    for (const QRect& line : m_strips.Lines(Axis()))
+    for (const QRect& line : m_strips.Lines(PaintedAxis()))
         m_scrubPictures.CopyLine(painter, line);
     m_scrubPictures.CopyWithout(painter, m_strips.Cell(before));
-    m_scrubPictures.CopyWithout(painter, m_strips.Cell(Axis()));
-    painter.setClipRect(m_strips.Cell(Axis()));
+    m_scrubPictures.CopyWithout(painter, m_strips.Cell(PaintedAxis()));
+    painter.setClipRect(m_strips.Cell(PaintedAxis()));
     m_tickTrack->DrawCurrentFrame(painter, m_strips.ruler);
-    m_onScreen.frame = Axis().currentFrame;
+    m_onScreen.frame = PaintedAxis().currentFrame;
 }
 
 /// A paint in part shows the timeline as it is now; the rest of the picture stays as it was, so
@@ -189,7 +189,7 @@ void CTimelineContainer::PaintStep(QPainter& painter)
 void CTimelineContainer::RememberPainted(const QRegion& region)
 {
     DropScrubPictures();
-    const OnScreen now{PaintedState(*this), Axis().currentFrame};
+    const OnScreen now{PaintedState(*this), PaintedAxis().currentFrame};
     const bool isWhole = (visibleRegion() - region).isEmpty();
     const bool isConsistent = m_onScreen.state == now.state && m_onScreen.frame == now.frame;
     if (!(m_onScreen.state == now.state))

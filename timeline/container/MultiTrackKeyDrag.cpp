@@ -48,7 +48,7 @@ int ToInt(std::int64_t value)
                                                      std::numeric_limits<int>::max()));
 }
 
-std::int64_t FrameCount()
+std::int64_t FramesOfAxis()
 {
     return TimelineLibrary::Instance().axis.frameCount;
 }
@@ -235,7 +235,7 @@ void MultiTrackKeyDrag::SetOut()
     for (DraggedTrack& track : m_tracks) {
         if (const auto frames = track.SelectedFrames()) {
             const CTimelineKey* const clip = track.Clip();
-            const std::int64_t end = clip ? clip->clipLength : FrameCount() - 1;
+            const std::int64_t end = clip ? clip->clipLength : FramesOfAxis() - 1;
             const std::int64_t lowest = -std::int64_t{frames->first};
             const std::int64_t highest = end - frames->last;
             m_lowest = isFirst ? lowest : std::max(m_lowest, lowest);
@@ -269,7 +269,7 @@ bool MultiTrackKeyDrag::Move(int& delta)
 /// counts as standing behind the last frame.
 int MultiTrackKeyDrag::PasteFrame() const
 {
-    std::int64_t first = FrameCount();
+    std::int64_t first = FramesOfAxis();
     for (const DraggedTrack& track : m_tracks) {
         const CTimelineKey* const clip = track.Clip();
         const std::int64_t start = clip ? clip->frame : 0;

@@ -9,7 +9,7 @@
 namespace {
 
 /// Higher than any row; keeps a skin's wildest height within arithmetic.
-constexpr int kHighest = 1 << 20;
+constexpr int kHighestBar = 1 << 20;
 
 /// A bar as columns of its row, from left up to and without right, and as rows of pixels.
 struct Bar
@@ -141,7 +141,7 @@ void DrawKeyBars(QPainter& painter, const RowView& view, const BarStyle& style,
 {
     if (!style.border || style.height < 1 || view.IsEmpty())
         return;
-    const int height = std::min(style.height, kHighest);
+    const int height = std::min(style.height, kHighestBar);
     const QColor colours[] = {(*style.border)[false].color(), (*style.border)[true].color()};
     const KeyRange range = KeysReaching(keys.Keys(), facts, view.Frames(1, 1));
     for (std::size_t i = range.begin; i < range.end; ++i) {
@@ -163,7 +163,7 @@ void DrawRelatedBars(QPainter& painter, const RowView& view, int height,
 {
     if (height < 1 || view.IsEmpty())
         return;
-    height = std::min(height, kHighest);
+    height = std::min(height, kHighestBar);
     const KeyRange range = KeysReaching(sourceKeys.Keys(), sourceFacts, view.Frames(1, 1));
     for (std::size_t i = range.begin; i < range.end; ++i) {
         const CTimelineKey& key = *sourceKeys.Keys()[i];

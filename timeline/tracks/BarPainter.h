@@ -9,6 +9,9 @@
 
 class QPainter;
 
+/// Pixels of a wave row that its bars leave free.
+constexpr int kWaveBarMargin = 2;
+
 /// How a row draws the bars of keys that have a length.
 struct BarStyle
 {

@@ -2,6 +2,7 @@
 
 #include "axis/FrameAxis.h"
 #include "model/MessageCodes.h"
+#include "tracks/BarPainter.h"
 #include "tracks/ClipPainter.h"
 #include "tracks/TrackReport.h"
 
@@ -14,8 +15,7 @@
 
 namespace {
 
-constexpr int kInitialWidth = 20;
-constexpr int kWaveBarMargin = 2; ///< pixels of a wave row that its bars leave free
+constexpr int kInitialClipWidth = 20;
 
 QCursor CentredCursor(const QString& path)
 {
@@ -34,7 +34,7 @@ CTimelineTrackClip::CTimelineTrackClip()
 
 bool CTimelineTrackClip::Init(QWidget* parent)
 {
-    return InitAs(parent, TL_TRACK_CLIP, kInitialWidth);
+    return InitAs(parent, TL_TRACK_CLIP, kInitialClipWidth);
 }
 
 void CTimelineTrackClip::MakeWave()

@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr int kInitialWidth = 10;
-constexpr int kGroundBrush = 1;
+constexpr int kInitialBarWidth = 10;
+constexpr int kTroughBrush = 1;
 constexpr int kThumbBrush = 9;
 
 QRect RectOf(const ScrollThumb::Thumb& thumb)
@@ -36,15 +36,15 @@ CTimelineTrackHScroll::CTimelineTrackHScroll() : m_thumb(Axis())
 
 bool CTimelineTrackHScroll::Init(QWidget* parent)
 {
-    m_thumb.SetSynchronisedWidth(kInitialWidth);
-    return InitAs(parent, TL_TRACK_HSCROLL, kInitialWidth);
+    m_thumb.SetSynchronisedWidth(kInitialBarWidth);
+    return InitAs(parent, TL_TRACK_HSCROLL, kInitialBarWidth);
 }
 
 void CTimelineTrackHScroll::DrawTrack(QPainter* painter, QRect rect)
 {
     ResizeTo(rect.size());
     const QRect thumb = RectOf(m_thumb.GetThumb()).translated(rect.topLeft());
-    FillStrip(*painter, rect, kRulerBrushes, kGroundBrush, rect.topLeft());
+    FillStrip(*painter, rect, kRulerBrushes, kTroughBrush, rect.topLeft());
     FillStrip(*painter, thumb, kRulerBrushes, kThumbBrush, rect.topLeft());
 }
 

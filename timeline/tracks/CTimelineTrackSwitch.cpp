@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int kInitialWidth = 10; ///< pixels, until the first paint or layout
+constexpr int kInitialSwitchWidth = 10; ///< pixels, until the first paint or layout
 
 } // namespace
 
@@ -24,7 +24,7 @@ CTimelineTrackSwitch::CTimelineTrackSwitch()
 
 bool CTimelineTrackSwitch::Init(QWidget* parent)
 {
-    return InitAs(parent, TL_TRACK_SWITCH, kInitialWidth);
+    return InitAs(parent, TL_TRACK_SWITCH, kInitialSwitchWidth);
 }
 
 int CTimelineTrackSwitch::HitTestKey(QPoint point)

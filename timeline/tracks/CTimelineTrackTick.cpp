@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kInitialWidth = 10;
+constexpr int kInitialRulerWidth = 10;
 
 } // namespace
 
@@ -23,7 +23,7 @@ CTimelineTrackTick::CTimelineTrackTick()
 
 bool CTimelineTrackTick::Init(QWidget* parent)
 {
-    return InitAs(parent, TL_TRACK_TICK, kInitialWidth);
+    return InitAs(parent, TL_TRACK_TICK, kInitialRulerWidth);
 }
 
 void CTimelineTrackTick::SetTimeMark(int start, int end)

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int kHighest = 1 << 20; ///< pixels; keeps a skin's wildest height within arithmetic
-constexpr int kNameIndent = 5;    ///< pixels from the bar's left edge to its name
+constexpr int kHighestClip = 1 << 20; ///< pixels; keeps a skin's wildest height within arithmetic
+constexpr int kNameIndent = 5;        ///< pixels from the bar's left edge to its name
 constexpr int kOutlineReach =
     2; ///< pixels beyond the painted columns where an edge is out of sight
 
@@ -49,7 +49,8 @@ long long FirstPassFrom(const FrameAxis& axis, const CTimelineKey& clip, int x)
 
 ClipPainter::ClipPainter(QPainter& painter, const RowView& view, const ClipTrackStyle& style)
     : m_painter(painter), m_view(view), m_style(style),
-      m_height(std::clamp(style.height, -kHighest, kHighest)), m_texts(ShapedTexts::For(painter)),
+      m_height(std::clamp(style.height, -kHighestClip, kHighestClip)),
+      m_texts(ShapedTexts::For(painter)),
       m_names([this](const QString& text) { return m_texts.Width(text); }),
       m_fontHeight(m_texts.Metrics().height()), m_firstVisibleFrame(view.axis.PixelToFrame(0)),
       m_lastVisibleFrame(view.axis.PixelToFrame(view.row.width()))

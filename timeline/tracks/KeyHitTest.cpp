@@ -6,13 +6,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/// Pixels that the bars of a wave row leave free.
-constexpr int kWaveBarMargin = 2;
-
-} // namespace
-
 KeyHitTest::KeyHitTest(const FrameAxis& axis, int trackType, const StyleRecord* style,
                        int rowHeight)
     : m_axis(axis), m_rowHeight(rowHeight)

@@ -2,7 +2,6 @@
 
 #include "TimelineEnums.h"
 #include "library/TimelineLibrary.h"
-#include "model/TimelineKeyValues.h"
 #include "tracks/CellGeometry.h"
 #include "tracks/SpanPainter.h"
 
@@ -12,8 +11,6 @@
 #include <array>
 
 namespace {
-
-constexpr int kTransitionBits = TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT;
 
 /// The top of a span of @p height in a row: spans stand one pixel lower than glyphs.
 int SpanTop(int align, int rowHeight, int height)

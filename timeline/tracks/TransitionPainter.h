@@ -1,9 +1,13 @@
 #pragma once
 
+#include "model/TimelineKeyValues.h"
 #include "skin/TrackStyles.h"
 #include "tracks/DisplayKeys.h"
 #include "tracks/GlyphPainter.h"
 #include "tracks/TransitionHandles.h"
+
+/// Keys with one of these have a transition.
+constexpr int kTransitionBits = TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT;
 
 /// The glyphs of a transition row.
 GlyphStyle TransitionGlyphStyle(const LineKeyTrackStyle& style);

@@ -1,6 +1,5 @@
 #include "tracks/TransitionWindow.h"
 
-#include "model/TimelineKeyValues.h"
 #include "tracks/GlyphPainter.h"
 #include "tracks/TransitionPainter.h"
 
@@ -9,8 +8,6 @@
 #include <set>
 
 namespace {
-
-constexpr int kTransitionBits = TL_KEY_TRANSITION_IN | TL_KEY_TRANSITION_OUT;
 
 /// Finds the keys whose handles stand at the row's left edge, wherever the keys are: those without
 /// a transition, of which the last drawn one of each look covers the others.

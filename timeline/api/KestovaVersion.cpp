@@ -1,0 +1,6 @@
+#include "KestovaVersion.h"
+
+const char* KestovaTimelineVersion()
+{
+    return KESTOVA_VERSION;
+}
