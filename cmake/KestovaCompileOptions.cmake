@@ -25,9 +25,9 @@ function(kestova_warnings target)
 endfunction()
 
 # Has a target's sources find Qt's headers read already, which takes half of the time that they take to
-# compile. Only where the time counts: sources are held to naming what they use by the other builds.
-function(kestova_precompile_for_sanitizers target)
-  if(KESTOVA_SANITIZE)
+# compile. Only in the builds beside the usual ones: in those, sources are held to naming what they use.
+function(kestova_precompile target)
+  if(KESTOVA_SANITIZE OR CMAKE_CROSSCOMPILING)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()
