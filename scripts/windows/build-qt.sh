@@ -46,19 +46,25 @@ cd "$work/build"
     -no-feature-printer -no-feature-sql -no-feature-bearermanagement >configure.log 2>&1 ||
     { tail -40 configure.log; exit 1; }
 
+# Runs make; what it says is shown only when it fails.
+make_quietly() {
+    make -s "$@" >>"$work/build/make.log" 2>&1 || { tail -40 "$work/build/make.log"; return 1; }
+}
+
 # make_parts FOLDER PROJECT PART ...: builds and installs parts of the tree.
 make_parts() {
     local folder=$1 project=$2
     shift 2
+    local install=("${@/%/-install_subtargets}")
     mkdir -p "$folder"
-    (
-        cd "$folder"
-        "$work/build/bin/qmake" "$source_folder/$folder/$project"
-        make -s -j "$(nproc)" "${@/#/sub-}"
-        parts=("${@/%/-install_subtargets}")
-        make -s "${parts[@]/#/sub-}" INSTALL_ROOT=
-    )
+    cd "$work/build/$folder"
+    "$work/build/bin/qmake" "$source_folder/$folder/$project"
+    make_quietly -j "$(nproc)" "${@/#/sub-}"
+    make_quietly "${install[@]/#/sub-}"
+    cd "$work/build"
 }
 echo "Building Qt for Windows in $work/build"
 make_parts src src.pro widgets testlib platformsupport
 make_parts src/plugins plugins.pro platforms styles
+make_quietly install_mkspecs sub-qmake-qmake-aux-pro-install_subtargets
+echo "Qt for Windows is in $prefix"
