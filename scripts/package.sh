@@ -22,4 +22,5 @@ rm -rf "build/$preset/packages"
 (cd "build/$preset" && cpack >packages.log 2>&1) || { cat "build/$preset/packages.log"; exit 1; }
 cd "build/$preset/packages"
 echo "The packages are in $PWD:"
-du --apparent-size --block-size=1K -- *.deb *.zip 2>/dev/null | sed 's/\t/ KiB  /'
+shopt -s nullglob
+du --apparent-size --block-size=1K -- *.deb *.zip | sed 's/\t/ KiB  /'
