@@ -18,6 +18,9 @@ endif()
 # a compiler that we have not seen. Generated sources (moc, rcc) come through the same command line and are
 # clean under these flags.
 function(kestova_warnings target)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+    return()
+  endif()
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
   if(KESTOVA_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)

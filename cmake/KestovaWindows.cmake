@@ -25,6 +25,9 @@ file(COPY ${KESTOVA_QT_WINDOWS}/plugins/platforms ${KESTOVA_QT_WINDOWS}/plugins/
 # fonts but those in lib/fonts.
 file(WRITE ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/qt.conf "[Paths]\nPrefix = .\nPlugins = .\n")
 file(GLOB fonts /usr/share/fonts/truetype/dejavu/DejaVuSans*.ttf)
+if(NOT fonts)
+  message(FATAL_ERROR "The fonts DejaVu are not there; scripts/windows/fetch-tools.sh installs them")
+endif()
 file(COPY ${fonts} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/lib/fonts)
 
 # The same for what is installed, less what only tests need: with it the programs run on a computer that has

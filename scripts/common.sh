@@ -23,12 +23,25 @@ build_packages=(g++ cmake ninja-build qtbase5-dev qtmultimedia5-dev libqt5multim
 test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth xdotool abigail-tools clang make
                pkg-config dpkg-dev file binutils)
 
+# run_tests PRESET [CTEST ARGUMENT ...]: runs the tests of a build, says which of them were skipped and why,
+# and ends with the summary.
+run_tests() {
+    local log=build/$1/tests.log status=0
+    ctest --preset "$1" "${@:2}" 2>&1 | tee "$log" || status=$?
+    echo
+    echo "Skipped:"
+    grep -a -A1 "^SKIP " "build/$1/Testing/Temporary/LastTest.log" | grep -a "^SKIP " || echo "nothing"
+    sed -n '/tests passed/,$p' "$log"
+    return "$status"
+}
+
 # build PRESET [CMAKE OPTION ...]
 build() {
     local preset=$1
     shift
     cmake --preset "$preset" "$@" >"/tmp/kestova-configure-$preset.$$" 2>&1 ||
         { cat "/tmp/kestova-configure-$preset.$$"; return 1; }
+    grep "^-- .*[Ll]eft out" "/tmp/kestova-configure-$preset.$$" || true
     rm -f "/tmp/kestova-configure-$preset.$$"
     cmake --build --preset "$preset" -- --quiet
 }

@@ -1,5 +1,6 @@
 #include "DataFolder.h"
 
+#include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -7,7 +8,8 @@ namespace host {
 
 QString ChosenDataFolder()
 {
-    return qEnvironmentVariable("KESTOVA_HOST_DATA");
+    const QString folder = qEnvironmentVariable("KESTOVA_HOST_DATA");
+    return folder.isEmpty() ? folder : QDir(folder).absolutePath();
 }
 
 QString DataFolder()

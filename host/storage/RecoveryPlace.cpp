@@ -40,14 +40,15 @@ qint64 AgeOf(const QString& path)
                          : std::numeric_limits<qint64>::max();
 }
 
-/// Whether a lock that holds this name is of this computer. Windows writes it in capitals, and
-/// nothing of it after the 15th letter.
+/// Whether a lock that holds this name is of this computer. On Windows locks hold the short name,
+/// in capitals.
 bool IsThisComputer(const QString& name)
 {
-    constexpr int kLongestInLock = 15;
-    const QString own = QSysInfo::machineHostName();
-    return own.compare(name, Qt::CaseInsensitive) == 0 ||
-           (name.size() == kLongestInLock && own.startsWith(name, Qt::CaseInsensitive));
+#ifdef Q_OS_WIN
+    if (name.compare(qEnvironmentVariable("COMPUTERNAME"), Qt::CaseInsensitive) == 0)
+        return true;
+#endif
+    return name == QSysInfo::machineHostName();
 }
 
 /// Whether nobody can be alive who has written the lock, which the system cannot tell.

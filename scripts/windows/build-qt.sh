@@ -37,8 +37,9 @@ compgen -G "$work/qtbase-opensource-src-*/configure" >/dev/null || fetch_source
 source_folder=$(dirname "$(compgen -G "$work/qtbase-opensource-src-*/configure")")
 
 # The package leaves out wintab.h and zlib's source, hence no tablets and the zlib of mingw-w64.
-mkdir -p "$work/build"
-cd "$work/build"
+build=$work/build-$(cksum <<<"$prefix" | cut -d' ' -f1) # the folder is compiled in
+mkdir -p "$build"
+cd "$build"
 [ -f config.summary ] || "$source_folder/configure" -opensource -confirm-license -release -shared \
     -xplatform win32-g++ -device-option CROSS_COMPILE=x86_64-w64-mingw32- -prefix "$prefix" \
     -nomake examples -nomake tests -no-opengl -no-openssl -no-dbus -no-icu -system-zlib -qt-libpng -no-libjpeg \
@@ -48,7 +49,7 @@ cd "$work/build"
 
 # Runs make; what it says is shown only when it fails.
 make_quietly() {
-    make -s "$@" >>"$work/build/make.log" 2>&1 || { tail -40 "$work/build/make.log"; return 1; }
+    make -s "$@" >>"$build/make.log" 2>&1 || { tail -40 "$build/make.log"; return 1; }
 }
 
 # make_parts FOLDER PROJECT PART ...: builds and installs parts of the tree.
@@ -57,13 +58,13 @@ make_parts() {
     shift 2
     local install=("${@/%/-install_subtargets}")
     mkdir -p "$folder"
-    cd "$work/build/$folder"
-    "$work/build/bin/qmake" "$source_folder/$folder/$project"
+    cd "$build/$folder"
+    "$build/bin/qmake" "$source_folder/$folder/$project"
     make_quietly -j "$(nproc)" "${@/#/sub-}"
     make_quietly "${install[@]/#/sub-}"
-    cd "$work/build"
+    cd "$build"
 }
-echo "Building Qt for Windows in $work/build"
+echo "Building Qt for Windows in $build"
 make_parts src src.pro widgets testlib platformsupport
 make_parts src/plugins plugins.pro platforms styles
 make_quietly install_mkspecs sub-qmake-qmake-aux-pro-install_subtargets

@@ -16,6 +16,13 @@ unpacked=$(echo "$folder"/*)
 
 ./scripts/windows/picture.sh "$folder/host.png" "$unpacked/bin/kestova-host.exe"
 cmp "$folder/host.png" build/windows/host.png
+# It reads what was unpacked, not what the build has: damage shows.
+echo "[TickTrack]" >"$unpacked/share/KestovaTimelineQU/skins/default.ini"
+if ./scripts/windows/picture.sh "$folder/damaged.png" "$unpacked/bin/kestova-host.exe" >/dev/null 2>&1; then
+    echo "$0: the host of the archive does not read the skin of the archive" >&2
+    exit 1
+fi
+cp skins/default.ini "$unpacked/share/KestovaTimelineQU/skins"
 
 cmake -S "$unpacked/share/doc/KestovaTimelineQU/examples/minimal" -B "$folder/minimal" -G Ninja \
     --toolchain "$root/cmake/toolchain-mingw64.cmake" -DCMAKE_BUILD_TYPE=Release \

@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # ctest for the Windows build, in a Wine of its own. Arguments are for ctest.
-set -euo pipefail
-cd "$(dirname "$0")/../.."
+source "$(dirname "$0")/../common.sh"
 source scripts/windows/wine.sh
 trap stop_wine EXIT
 start_wine
-ctest --preset windows "$@"
+run_tests windows "$@"

@@ -20,4 +20,8 @@ trap 'rm -f "$report"' EXIT
 code=0
 wine "$program" "${arguments[@]}" -o "$report,txt" "$@" || code=$?
 cat "$report"
+if [ "$code" -eq 0 ] && ! grep -q "^Totals: " "$report"; then
+    echo "$name ended without a result" >&2
+    code=1
+fi
 exit "$code"

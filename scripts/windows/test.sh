@@ -1,13 +1,12 @@
 #!/usr/bin/env bash
 # Builds for 64-bit Windows and runs the tests there, under Wine: all of them without a screen; then, on a
 # virtual one, the host with its sample scene, the archive for users, and those tests once more that work in
-# windows. Qt for Windows
-# lies in the folder that KESTOVA_QT_WINDOWS names, build/qt5-mingw otherwise (build-qt.sh makes one).
-# With arguments, which are for ctest, the second part is left out.
+# windows. Qt for Windows lies in the folder that KESTOVA_QT_WINDOWS names, build/qt5-mingw otherwise
+# (build-qt.sh makes one). With arguments, which are for ctest, the second part is left out.
 source "$(dirname "$0")/../common.sh"
 
 ./scripts/windows/fetch-tools.sh
-build windows
+build windows -DKESTOVA_BUILD_TESTS=ON
 unset DISPLAY
 ./scripts/windows/ctest.sh -j "$(nproc)" "$@"
 [ $# -eq 0 ] || exit 0

@@ -10,7 +10,7 @@ start_wine() {
     mkdir -p "$(dirname "$WINEPREFIX")"
     wineserver -k || true
     wineserver -p
-    wine wineboot -u 2>/dev/null
+    wine wineboot -u 2>/dev/null || { echo "Wine does not start in $WINEPREFIX" >&2; return 1; }
     if ! grep -q '^"Desktop"="Kestova"' "$WINEPREFIX/user.reg" 2>/dev/null; then
         wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Kestova /f >/dev/null
         wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Kestova /d 1600x1200 /f >/dev/null

@@ -28,7 +28,7 @@ const IMAGE_EXPORT_DIRECTORY* ExportsOf(const BYTE* module)
 QStringList ExportedNames(const QString& library, QString& error)
 {
     const std::wstring path = QDir::toNativeSeparators(library).toStdWString();
-    const HMODULE handle = LoadLibraryW(path.c_str());
+    const HMODULE handle = LoadLibraryExW(path.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
     if (!handle) {
         error = QStringLiteral("%1: error %2").arg(library).arg(GetLastError());
         return {};

@@ -33,7 +33,7 @@ separate_arguments(given UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
 set(compile ${CMAKE_CXX_COMPILER} ${given} -std=c++17 -fPIC -fvisibility=hidden -fvisibility-inlines-hidden)
 add_custom_command(OUTPUT ${folder}/libKestovaBoundary.so
   COMMAND ${compile} "-D$<JOIN:${definitions},;-D>" "-I$<JOIN:${includes},;-I>"
-    -E -MD -MF headers.d -MT libKestovaBoundary.so KestovaBoundary.cpp -o KestovaBoundary.ii
+    -E -MD -MF headers.d -MT ${folder}/libKestovaBoundary.so ${folder}/KestovaBoundary.cpp -o KestovaBoundary.ii
   COMMAND sed -E -i "s,^(# [0-9]+ )\".*/(${headers})[.]h\",\\1\"KestovaBoundary.h\"," KestovaBoundary.ii
   COMMAND ${compile} -g -O0 -femit-struct-debug-baseonly -shared -Wl,--version-script=KestovaBoundary.map
     KestovaBoundary.ii -o libKestovaBoundary.so

@@ -31,8 +31,7 @@ const QStringList kWithoutScreen;
 #endif
 
 /// Starts the program with these arguments and waits until it has ended.
-inline HostRun RunHost(const QStringList& arguments,
-                       const QProcessEnvironment& environment = OffscreenEnvironment())
+inline HostRun RunHostIn(const QProcessEnvironment& environment, const QStringList& arguments)
 {
     constexpr int kPatience = 60000; // milliseconds; the sanitized program is slow
     QProcess program;
@@ -41,11 +40,24 @@ inline HostRun RunHost(const QStringList& arguments,
     // Qt remarks on its absence.
     complete.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
     program.setProcessEnvironment(complete);
-    program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), arguments + kWithoutScreen);
+    program.start(QStringLiteral(KESTOVA_HOST_PROGRAM), arguments);
     HostRun run;
     if (program.waitForFinished(kPatience) && program.exitStatus() == QProcess::NormalExit)
         run.exitCode = program.exitCode();
     run.output = ReadText(program.readAllStandardOutput());
     run.errors = ReadText(program.readAllStandardError());
     return run;
+}
+
+/// The same without a screen.
+inline HostRun RunHost(const QStringList& arguments)
+{
+    return RunHostIn(OffscreenEnvironment(), arguments + kWithoutScreen);
+}
+
+/// The same where no window can be opened: on a platform that there is not.
+inline HostRun RunHostWithoutPlatform(const QStringList& arguments)
+{
+    return RunHostIn(OffscreenEnvironment(),
+                     arguments + QStringList{QStringLiteral("-platform"), QStringLiteral("none")});
 }

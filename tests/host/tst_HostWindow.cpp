@@ -43,7 +43,7 @@ void tst_HostWindow::looksOnARealScreenAsItDoesOffscreen()
     // Nothing here draws by OpenGL, whose plugin leaks and is gone when leaks are named.
     onScreen.insert(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
     const HostRun screenRun =
-        RunHost(scene + QStringList{QStringLiteral("--grab-screen"), grabbed}, onScreen);
+        RunHostIn(onScreen, scene + QStringList{QStringLiteral("--grab-screen"), grabbed});
     QVERIFY2(screenRun.exitCode == 0, qPrintable(screenRun.errors));
     const HostRun offscreenRun =
         RunHost(scene + QStringList{QStringLiteral("--screenshot"), painted});

@@ -366,6 +366,9 @@ void tst_SceneTracks::takesThePreviousSceneAway()
     SmallHost host;
     const Scene scene = SampleScene();
     QVERIFY(host.tracks.Show(scene));
+    QVector<CTimelineTrackBase*> before;
+    for (const SceneTrack& track : scene.tracks)
+        before += host.tracks.TrackOf(track.id);
     Scene small;
     small.frameCount = 2;
     SceneTrack row;
@@ -374,6 +377,8 @@ void tst_SceneTracks::takesThePreviousSceneAway()
     QVERIFY(host.tracks.Show(small));
     for (const SceneTrack& track : scene.tracks)
         QVERIFY(!host.tracks.TrackOf(track.id) || track.id == alone);
+    for (CTimelineTrackBase* const track : qAsConst(before)) // the new one may lie where one lay
+        QVERIFY(!host.manager.IsTrackExist(track) || track == host.tracks.TrackOf(alone));
     std::vector<CTimelineTrackBase*> roots;
     host.manager.GetVisibleRootTrackList(roots);
     QCOMPARE(roots.size(), std::size_t(1));

@@ -68,6 +68,7 @@ class tst_ProfileFile : public QObject
 private slots:
     void aFileIsFoundAndReadByAnyName_data();
     void aFileIsFoundAndReadByAnyName();
+    void aPathOfMoreThan200LettersIsFoundAndRead_data();
     void aPathOfMoreThan200LettersIsFoundAndRead();
     void whatIsNotThereIsNotFound();
     void aTrailingSeparatorIsNotPartOfAName_data();
@@ -114,14 +115,25 @@ void tst_ProfileFile::aFileIsFoundAndReadByAnyName()
     QCOMPARE(CaptionIn(path), QStringLiteral("Речь 口型"));
 }
 
+void tst_ProfileFile::aPathOfMoreThan200LettersIsFoundAndRead_data()
+{
+    QTest::addColumn<QChar>("letter");
+    QTest::newRow("plain") << QChar('d');
+    QTest::newRow("Cyrillic") << QChar(0x0436);
+    QTest::newRow("Chinese") << QChar(0x76AE);
+}
+
 void tst_ProfileFile::aPathOfMoreThan200LettersIsFoundAndRead()
 {
+    QFETCH(QChar, letter);
     constexpr int kLetters = 240; // what Windows takes without a prefix ends at 259
-    const QString directory(100, QLatin1Char('d'));
+    constexpr int kNameLetters = 70;
+    const QString directory(kNameLetters, letter);
+    const QString below = directory + '/' + directory;
     m_files.MakeDirectory(directory);
-    const auto rest = kLetters - static_cast<int>(m_files.Path(directory).size()) - 5;
-    const std::wstring path =
-        m_files.Write(directory + '/' + QString(rest, QLatin1Char('f')) + ".ini", kProfile);
+    m_files.MakeDirectory(below);
+    const auto rest = kLetters - static_cast<int>(m_files.Path(below).size()) - 5;
+    const std::wstring path = m_files.Write(below + '/' + QString(rest, letter) + ".ini", kProfile);
     QCOMPARE(static_cast<int>(path.size()), kLetters);
     QVERIFY(PathExists(path));
     QVERIFY(OpenRegularFile(path));
@@ -156,15 +168,26 @@ void tst_ProfileFile::aTrailingSeparatorIsNotPartOfAName()
 void tst_ProfileFile::aDirectoryIsFoundButNotOpened_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("plain") << "folder.ini";
-    QTest::newRow("Cyrillic") << "папка.ini";
+    QTest::addColumn<QString>("separator");
+    QTest::newRow("plain") << "folder.ini"
+                           << "";
+    QTest::newRow("Cyrillic") << "папка.ini"
+                              << "";
+    QTest::newRow("with a slash") << "folder-slash.ini"
+                                  << "/";
+#ifdef Q_OS_WIN
+    QTest::newRow("with a backslash") << "folder-backslash.ini"
+                                      << "\\";
+#endif
 }
 
 void tst_ProfileFile::aDirectoryIsFoundButNotOpened()
 {
     QFETCH(QString, name);
-    const std::wstring path = m_files.MakeDirectory(name);
-    QVERIFY(PathExists(path));
+    QFETCH(QString, separator);
+    const std::wstring directory = m_files.MakeDirectory(name);
+    const std::wstring path = directory + separator.toStdWString();
+    QVERIFY(PathExists(directory));
     QVERIFY(!OpenRegularFile(path));
     QCOMPARE(CaptionIn(path), QStringLiteral("(failed)"));
 }

@@ -31,8 +31,8 @@ QImage ReadPicture(const QString& path)
     return QImage(path).convertToFormat(QImage::Format_RGB32);
 }
 
-/// Where the reference of that name lies. Windows has its own of those that look different there,
-/// which are the ones with text: another font engine draws it.
+/// Where the reference of that name lies. Windows has its own of those that look different there:
+/// the ones with text, which another font engine draws, and what it rounds the other way.
 QString ReferencePath(const QString& name)
 {
 #ifdef Q_OS_WIN

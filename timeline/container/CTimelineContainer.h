@@ -206,7 +206,7 @@ public:
     /// @return whether the container outlived the call, as the next two do.
     bool NotifyTimelineRefreshed();
 
-public slots:
+public Q_SLOTS:
     // What the keyboard shortcuts do, see Hotkeys. Left and right have no key of their own: a host
     // may connect them to one. The order is that of the meta object.
     void OnHKShiftTab(); ///< selects the previous key of the active child
