@@ -23,6 +23,8 @@ build_packages=(g++ cmake ninja-build qtbase5-dev qtmultimedia5-dev libqt5multim
 test_packages=("${build_packages[@]}" libbenchmark-dev xvfb xauth xdotool abigail-tools clang make
                pkg-config dpkg-dev file binutils)
 
+test_jobs=$(($(nproc) + 1)) # there is always one that waits: for a window that must stay idle, or for Wine
+
 # run_tests PRESET [CTEST ARGUMENT ...]: runs the tests of a build, says which of them were skipped and why,
 # and ends with the summary.
 run_tests() {

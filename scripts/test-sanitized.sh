@@ -10,4 +10,4 @@ if [ "${1:-}" = library ]; then
 fi
 install_missing "${test_packages[@]}"
 build sanitize -DKESTOVA_BUILD_HOST=$host
-run_tests sanitize -j "$(nproc)" "$@"
+run_tests sanitize -j "$test_jobs" "$@"

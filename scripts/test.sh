@@ -4,4 +4,4 @@ source "$(dirname "$0")/common.sh"
 
 install_missing "${test_packages[@]}"
 build release -DKESTOVA_BUILD_TESTS=ON -DKESTOVA_BUILD_BENCH=ON
-run_tests release -j "$(nproc)" "$@"
+run_tests release -j "$test_jobs" "$@"

@@ -8,7 +8,7 @@ source "$(dirname "$0")/../common.sh"
 ./scripts/windows/fetch-tools.sh
 build windows -DKESTOVA_BUILD_TESTS=ON
 unset DISPLAY
-./scripts/windows/ctest.sh -j "$(nproc)" "$@"
+./scripts/windows/ctest.sh -j "$test_jobs" "$@"
 [ $# -eq 0 ] || exit 0
 
 ./scripts/windows/picture.sh build/windows/host.png
