@@ -7,7 +7,7 @@ export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
 # Its prefix is made before two programs do that at once. Windows on a screen lie in one desktop window: an X
 # server without a window manager gives the focus to nobody.
 start_wine() {
-    mkdir -p "$(dirname "$WINEPREFIX")"
+    mkdir -p "$WINEPREFIX"
     wineserver -k || true
     wineserver -p
     wine wineboot -u 2>/dev/null || { echo "Wine does not start in $WINEPREFIX" >&2; return 1; }
